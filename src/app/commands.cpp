@@ -1,0 +1,182 @@
+#include "app/commands.h"
+
+#include <algorithm>
+#include <array>
+#include <string_view>
+
+#include "app/model.h"
+#include "app/toolbar.h"
+
+namespace trendaro {
+namespace {
+
+constexpr Command separator_in(const char* parent) {
+  return {nullptr, nullptr, parent, nullptr};
+}
+
+constexpr auto kCommands = std::to_array<Command>({
+    {"mnuFile", "&Datei", nullptr, nullptr},
+    {"mnuOpenFile", "Datei zu Kanalliste hinzufügen", "mnuFile", nullptr, false, "Ctrl+O"},
+    {"mnuRemoveFile", "Datei entfernen", "mnuFile", nullptr},
+    separator_in("mnuFile"),
+    {"mnuOpen", "Ausschnittsgraphik öffnen...", "mnuFile", nullptr},
+    {"mnuSaveAs", "Aussichtsgraphik speichern als...", "mnuFile", nullptr, false, "Ctrl+S"},
+    separator_in("mnuFile"),
+    {"mnuReduceBin", "Mervan-Datei komprimieren...", "mnuFile", nullptr},
+    {"mnuCreateMEASection", "Meßwertausschnittsdatei erzeugen...", "mnuFile", nullptr},
+    {"mnuFileExtension", "Dateierweiterung der Originaldateien...", "mnuFile", nullptr},
+    separator_in("mnuFile"),
+    {"mnuExportClip", "Ausschnittsgrafik in Zwischenablage", "mnuFile", nullptr},
+    {"mnuExportClipMeta", "in Metafile Format", "mnuExportClip", nullptr},
+    {"mnuExportClipBitmap", "in Bitmap Format", "mnuExportClip", nullptr},
+    {"mnuExportClipJPEG", "in JPEG Format", "mnuExportClip", nullptr},
+    {"mnuExportFile", "Ausschnittsgrafik in Datei", "mnuFile", nullptr},
+    {"mnuExportFileMeta", "in Metafile Format", "mnuExportFile", nullptr},
+    {"mnuExportFileBitmap", "in Bitmap Format", "mnuExportFile", nullptr},
+    {"mnuExportFileJPEG", "in JPEG Format", "mnuExportFile", nullptr},
+    {"mnuPrint", "Drucken", "mnuFile", nullptr, false, "Ctrl+P"},
+    separator_in("mnuFile"),
+    {"mnuExit", "&Beenden", "mnuFile", nullptr, false, "Ctrl+Q"},
+
+    {"mnuView", "&Ansicht", nullptr, nullptr},
+    {"mnuShowDatasourceGrid", "Kanalliste", "mnuView", nullptr, true},
+    {"mnuShowSurvGraph", "Übersichtsgraphik", "mnuView", nullptr, true},
+    separator_in("mnuView"),
+    {"mnuZoomHorz", "Horizontaler Zoom", "mnuView", nullptr},
+    {"mnuZoomVert", "Vertikaler Zoom", "mnuView", nullptr},
+    {"mnuZoomRect", "Rechteckzoom", "mnuView", nullptr},
+    {"mnuZoomToMax", "Zoom in Maximalintervall", "mnuView", nullptr},
+    {"mnuResetZoom", "Zoom zurücksetzen", "mnuView", nullptr},
+    separator_in("mnuView"),
+    {"mnuCursor", "Cursor", "mnuView", nullptr},
+    {"mnuCursorOff", "Cursor ausschalten", "mnuCursor", nullptr, true},
+    {"mnuVertCursor", "Einrasten (vertikale Linie)", "mnuCursor", nullptr, true},
+    {"mnuCrossCursor", "Einrasten (Fadenkreuz)", "mnuCursor", nullptr, true},
+    {"mnuSquareCursor", "Einrasten (Datenpunkt)", "mnuCursor", nullptr, true},
+    {"mnuCursorPos", "Cursordatenanzeige", "mnuView", nullptr},
+    {"mnuCursorPosRight", "Rechts der Ausschnittsgrafik", "mnuCursorPos", nullptr, true},
+    {"mnuCursorPosInAxis", "Innerhalb der Achsenlayer", "mnuCursorPos", nullptr, true},
+
+    {"mnuGraph", "&Graphik", nullptr, nullptr},
+    {"mnuSetTitles", "Titel...", "mnuGraph", nullptr},
+    {"mnuSetMainTitle", "Ausschnitt", "mnuSetTitles", nullptr},
+    {"mnuSetSurvTitle", "Übersicht", "mnuSetTitles", nullptr},
+    {"mnuColor", "Farben", "mnuGraph", nullptr},
+    {"mnuColors(0)", "Hintergrund Skalenbereich...", "mnuColor", nullptr},
+    {"mnuColors(1)", "Vordergrund Skalenbereich...", "mnuColor", nullptr},
+    {"mnuColors(2)", "Hintergrund Zeichenbereich...", "mnuColor", nullptr},
+    {"mnuColors(3)", "Vordergrund Zeichenbereich...", "mnuColor", nullptr},
+    {"mnuColors(4)", "Schatten...", "mnuColor", nullptr},
+    {"mnuColors(5)", "Nebengitter", "mnuColor", nullptr},
+    {"mnuGlobalFontSize", "Schriftgröße", "mnuGraph", nullptr},
+    {"mnuFSize(0)", "Klein", "mnuGlobalFontSize", nullptr, true},
+    {"mnuFSize(1)", "Mittel", "mnuGlobalFontSize", nullptr, true},
+    {"mnuFSize(2)", "Groß", "mnuGlobalFontSize", nullptr, true},
+    {"mnuFont", "Schriftarten", "mnuGraph", nullptr},
+    {"mnuSetFont(0)", "Titel...", "mnuFont", nullptr},
+    {"mnuSetFont(1)", "Untertitel...", "mnuFont", nullptr},
+    {"mnuSetFont(2)", "Achsen...", "mnuFont", nullptr},
+    {"mnuSetFont(3)", "Legende...", "mnuFont", nullptr},
+    {"mnuLegend", "Legende", "mnuGraph", nullptr},
+    {"mnuLegendPos(0)", "Oben", "mnuLegend", nullptr, true},
+    {"mnuLegendPos(1)", "Unten", "mnuLegend", nullptr, true},
+    {"mnuLegendPos(2)", "Links", "mnuLegend", nullptr, true},
+    {"mnuLegendPos(3)", "Rechts", "mnuLegend", nullptr, true},
+    {"mnuLegendPos(4)", "In Achsenlayer", "mnuLegend", nullptr, true},
+    {"mnuLegendPos(5)", "Keine", "mnuLegend", nullptr, true},
+    separator_in("mnuLegend"),
+    {"mnuLegendPos(7)", "Legende einzeilig", "mnuLegend", nullptr, true},
+    {"mnuSymbols", "Symbole", "mnuGraph", nullptr},
+    {"mnuSym(0)", "Klein", "mnuSymbols", nullptr, true},
+    {"mnuSym(1)", "Mittel", "mnuSymbols", nullptr, true},
+    {"mnuSym(2)", "Groß", "mnuSymbols", nullptr, true},
+    {"mnuSym(3)", "Micro", "mnuSymbols", nullptr, true},
+    {"mnuGrid", "Gitter", "mnuGraph", nullptr},
+    {"mnuGridStyle(0)", "Kein", "mnuGrid", nullptr, true},
+    {"mnuGridStyle(1)", "Durchgezogen", "mnuGrid", nullptr, true},
+    {"mnuGridStyle(2)", "Gestrichelt", "mnuGrid", nullptr, true},
+    {"mnuGridStyle(3)", "Gepunktet", "mnuGrid", nullptr, true},
+    {"mnuGridStyle(4)", "Pixel", "mnuGrid", nullptr, true},
+    {"mnuGridStyle(5)", "Durchgezogen fett", "mnuGrid", nullptr, true},
+    {"mnuTick", "Nebengitter", "mnuGraph", nullptr},
+    {"mnuTicks(0)", "Keine", "mnuTick", nullptr, true},
+    {"mnuTicks(1)", "Durchgezogen", "mnuTick", nullptr, true},
+    {"mnuTicks(2)", "Gestrichelt", "mnuTick", nullptr, true},
+    {"mnuTicks(3)", "Gepunktet", "mnuTick", nullptr, true},
+    {"mnuTicks(4)", "Pixel", "mnuTick", nullptr, true},
+    separator_in("mnuGraph"),
+    {"mnuNullValues", "Null-Values...", "mnuGraph", nullptr},
+    {"mnuUseCompression", "Graphikkomprimierung", "mnuGraph", nullptr, true},
+    {"mnuCompressMin", "Min. Punktezahl für Komprimierung", "mnuGraph", nullptr},
+    {"mnuCurveCache", "Kurven-Caching", "mnuGraph", nullptr, true},
+    separator_in("mnuGraph"),
+    {"mnuDelAnnots", "Alle Annotationen löschen", "mnuGraph", nullptr},
+    {"mnuClearGraph", "Graphiken leeren", "mnuGraph", nullptr},
+
+    {"mnuAxes", "A&chsen", nullptr, nullptr},
+    {"mnuXUnit", "Zeiteinheit für x-Achse", "mnuAxes", nullptr},
+    {"mnuTUnit(0)", "Millisekunden", "mnuXUnit", nullptr, true},
+    {"mnuTUnit(1)", "Sekunden", "mnuXUnit", nullptr, true},
+    {"mnuTUnit(2)", "Minuten", "mnuXUnit", nullptr, true},
+    {"mnuTUnit(3)", "Stunden", "mnuXUnit", nullptr, true},
+    {"mnuTUnit(4)", "Datum + Zeit", "mnuXUnit", nullptr, true},
+    {"mnuConfigAxes", "Achse einrichten", "mnuAxes", nullptr},
+    {"mnuConfigAxis(0)", "x-Achse...", "mnuConfigAxes", nullptr},
+    {"mnuConfigAxis(1)", "Linke y-Achse, Ebene 1...", "mnuConfigAxes", nullptr},
+    {"mnuConfigAxis(2)", "Linke y-Achse, Ebene 2...", "mnuConfigAxes", nullptr},
+    {"mnuConfigAxis(3)", "Linke y-Achse, Ebene 3...", "mnuConfigAxes", nullptr},
+    {"mnuConfigAxis(4)", "Rechte y-Achse, Ebene 1...", "mnuConfigAxes", nullptr},
+    {"mnuConfigAxis(5)", "Rechte y-Achse, Ebene 2...", "mnuConfigAxes", nullptr},
+    {"mnuConfigAxis(6)", "Rechte y-Achse, Ebene 3...", "mnuConfigAxes", nullptr},
+    separator_in("mnuAxes"),
+    {"mnuAxAutoTitle", "Automatische Achsentitel", "mnuAxes", nullptr, true},
+    {"mnuNoYTitle", "Keine y-Achsentitel", "mnuAxes", nullptr, true},
+    {"mnuAutoScaleData", "Auto-Datenskalierung (e-5..e+5)", "mnuAxes", nullptr, true},
+
+    {"mnuDB", "Daten&basis", nullptr, nullptr},
+    {"mnuDBOffset", "Datenbasis-Offset", "mnuDB", nullptr},
+    {"mnuClearDB", "Datenbasis löschen", "mnuDB", nullptr},
+    {"mnuDBConfig", "Datenbasis einrichten...", "mnuDB", nullptr},
+    {"mnuDBExport", "Ausschnittsdaten exportieren...", "mnuDB", nullptr},
+
+    {"mnuHelp", "&Hilfe", nullptr, nullptr},
+    {"mnuOnlineHelp", "Einführung", "mnuHelp", nullptr, false, "F1"},
+    {"mnuAbout", "Über Trendaro...", "mnuHelp", nullptr},
+
+    {"mnuPOP1", "Kanalliste", nullptr, nullptr},
+    {"mnuSetX", "Als x-Datensatz verwenden", "mnuPOP1", nullptr},
+    {"mnuCfgPlot", "Kurve einrichten", "mnuPOP1", nullptr},
+    {"mnuShowChanInfo", "Kanalinformationen darstellen", "mnuPOP1", nullptr},
+    {"mnuPRemoveFile", "Datei entfernen", "mnuPOP1", nullptr},
+
+    {"mnuPOP2", "Beschriftung", nullptr, nullptr},
+    {"mnuEditAnnotation", "Beschriftung bearbeiten", "mnuPOP2", nullptr},
+    {"mnuDelAnnotation", "Beschriftung löschen", "mnuPOP2", nullptr},
+});
+
+bool is_menu(const Command& command) {
+  return command.parent == nullptr || std::ranges::any_of(kCommands, [&](const Command& other) {
+           return other.parent != nullptr && command.name != nullptr &&
+                  std::string_view(other.parent) == command.name;
+         });
+}
+
+}  // namespace
+
+std::span<const Command> commands() {
+  return kCommands;
+}
+
+void run_command(Model& model, const char* name) {
+  for (const Command& command : kCommands)
+    if (command.name != nullptr && command.run != nullptr && std::string_view(command.name) == name)
+      return command.run(model);
+}
+
+void add_controls(Model& model) {
+  for (const Command& command : kCommands)
+    if (command.name != nullptr)
+      model.controls.add(command.name, {.enabled = command.run != nullptr || is_menu(command)});
+}
+
+}  // namespace trendaro

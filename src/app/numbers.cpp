@@ -1,0 +1,78 @@
+#include "app/numbers.h"
+
+#include <array>
+#include <charconv>
+#include <cmath>
+#include <limits>
+
+#include "app/run_time_error.h"
+
+namespace trendaro {
+namespace {
+
+// The nearest value in `Integer`; the default rounding mode is to the nearest, ties to even.
+template <typename Integer>
+Integer rounded(f64 value) {
+  const f64 nearest = std::nearbyint(value);
+  if (!(nearest >= static_cast<f64>(std::numeric_limits<Integer>::min()) &&
+        nearest <= static_cast<f64>(std::numeric_limits<Integer>::max())))
+    throw RunTimeError{kOverflow};
+  return static_cast<Integer>(nearest);
+}
+
+f64 hexadecimal(std::string_view digits) {
+  u64 value = 0;
+  const auto [end, error] = std::from_chars(digits.data(), digits.data() + digits.size(), value, 16);
+  if (error == std::errc::result_out_of_range) return static_cast<f64>(std::numeric_limits<u64>::max());
+  return static_cast<f64>(value);
+}
+
+f64 leading_number(std::string_view text) {
+  const auto start = text.find_first_not_of(" \t");
+  if (start == std::string_view::npos) return 0;
+  text.remove_prefix(start);
+  if (text.front() == '+') text.remove_prefix(1);
+  // from_chars would also read "inf" and "nan", which are no numbers that a user types.
+  const auto first = text.find_first_not_of('-');
+  if (first == std::string_view::npos || (text[first] != '.' && (text[first] < '0' || text[first] > '9')))
+    return 0;
+  f64 value = 0;
+  std::from_chars(text.data(), text.data() + text.size(), value);
+  return value;
+}
+
+}  // namespace
+
+f64 ParseNumber(std::string_view text) {
+  if (const auto x = text.find_first_of("xX"); x != std::string_view::npos)
+    return hexadecimal(text.substr(x + 1));
+  std::string with_point(text);
+  if (const auto comma = with_point.find(','); comma != std::string::npos) with_point[comma] = '.';
+  return leading_number(with_point);
+}
+
+i16 round_to_i16(f64 value) {
+  return rounded<i16>(value);
+}
+i32 round_to_i32(f64 value) {
+  return rounded<i32>(value);
+}
+
+std::string number_text(f64 value) {
+  std::array<char, 32> buffer;
+  const auto result = std::to_chars(buffer.data(), buffer.data() + buffer.size(), value);
+  return {buffer.data(), result.ptr};
+}
+
+std::string number_text(i64 value) {
+  return std::to_string(value);
+}
+
+std::string fixed_text(f64 value, int decimals) {
+  std::array<char, 400> buffer;  // the largest f64 has 309 digits ahead of the point
+  const auto result =
+      std::to_chars(buffer.data(), buffer.data() + buffer.size(), value, std::chars_format::fixed, decimals);
+  return {buffer.data(), result.ptr};
+}
+
+}  // namespace trendaro

@@ -1,0 +1,25 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "app/types.h"
+
+namespace trendaro {
+
+// The number a user typed. The first "," counts as "."; behind an "x" or "X" the text is hexadecimal. The
+// longest number at the start is taken; a text without one gives 0.
+f64 ParseNumber(std::string_view text);
+
+// The nearest integer, ties to even. Throws RunTimeError{kOverflow} when it does not fit, and for a NaN.
+i16 round_to_i16(f64 value);
+i32 round_to_i32(f64 value);
+
+// The shortest text that reads back to the same value, "." as decimal sign; "nan", "inf", "-inf".
+std::string number_text(f64 value);
+std::string number_text(i64 value);
+
+// Fixed notation with `decimals` digits behind the ".".
+std::string fixed_text(f64 value, int decimals);
+
+}  // namespace trendaro

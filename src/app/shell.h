@@ -1,0 +1,66 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "app/types.h"
+
+namespace trendaro {
+
+enum class MessageIcon { None, Information, Question, Stop };
+
+struct FileFilter {
+  std::string caption;
+  std::string pattern;  // "*.REB"
+};
+
+// One row of the program's table of file dialogs.
+struct FileDialog {
+  std::string title;
+  std::vector<FileFilter> filters;
+  std::string default_name;
+};
+
+// What handlers ask of the user and tell the user. The window shows dialogs, the command line writes to
+// standard error, tests record. All texts are UTF-8; modal calls return when the user has answered.
+class Shell {
+ public:
+  virtual ~Shell() = default;
+
+  virtual void show_message(const std::string& text, const std::string& title, MessageIcon icon) = 0;
+  // True for "Ja". Closing the box counts as "Nein".
+  virtual bool ask_yes_no(const std::string& text, const std::string& title) = 0;
+  // The typed text; empty when the user cancelled or typed nothing.
+  virtual std::string ask_text(const std::string& prompt, const std::string& title,
+                               const std::string& preset) = 0;
+  // Absolute path of an existing file; empty when the user cancelled.
+  virtual std::string ask_open_file(const FileDialog& dialog) = 0;
+  // Absolute path to write to; empty when the user cancelled. Overwriting was asked for.
+  virtual std::string ask_save_file(const FileDialog& dialog) = 0;
+  // Writes a panel of the status bar, from 1, at once on screen.
+  virtual void show_status(int panel, const std::string& text) = 0;
+  // Progress of long work, 0 to 1, drawn at once; a negative value takes the display away.
+  virtual void show_progress(f64 fraction) = 0;
+  // The hourglass pointer on or off.
+  virtual void show_wait_pointer(bool on) = 0;
+  // Closes the main window as if the user had; the close question comes with it.
+  virtual void close_window() = 0;
+};
+
+// The title of nearly every message box.
+inline constexpr char kProgramTitle[] = "Trendaro";
+
+// Shows the wait pointer for the lifetime of the object.
+class WaitPointer {
+ public:
+  explicit WaitPointer(Shell& shell) : shell_(shell) { shell_.show_wait_pointer(true); }
+  ~WaitPointer() { shell_.show_wait_pointer(false); }
+  WaitPointer(const WaitPointer&) = delete;
+  WaitPointer& operator=(const WaitPointer&) = delete;
+
+ private:
+  Shell& shell_;
+};
+
+}  // namespace trendaro

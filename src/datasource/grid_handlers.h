@@ -1,0 +1,31 @@
+#pragma once
+
+#include "app/types.h"
+
+namespace trendaro {
+
+struct Model;
+
+// Builds the first rows of the list and reads the limits of the host's database.
+void InitDataSourceGrid(Model& model);
+
+// A click on the cell of column 1 in `row` (from 1) that gave it the value `check`. Ignored while ButtonLock
+// is up.
+void click_check_cell(Model& model, i16 row, i16 check);
+
+// A click that makes `row` active; 0 for none.
+void activate_row(Model& model, i16 row);
+
+// A right click on a cell: activates the row, highlights a signal or file row.
+void right_click_cell(Model& model, i16 row, i16 column);
+
+// The pop-up menu of the list opens: enables its entries for the active row.
+void mnuPOP1(Model& model);
+
+// "Als x-Datensatz verwenden" for the active row.
+void mnuSetX(Model& model);
+
+// The user chose entry `index` (0 or 1) of xSrc.
+void click_xSrc(Model& model, i16 index);
+
+}  // namespace trendaro

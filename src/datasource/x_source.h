@@ -1,0 +1,38 @@
+#pragma once
+
+#include <array>
+#include <string>
+
+#include "app/one_based.h"
+#include "app/types.h"
+
+namespace trendaro {
+
+struct XSourceEntry {
+  std::string text;
+  i16 item_data = 0;  // the chosen x channel; 0 until one was chosen
+};
+
+// The box xSrc above the channel list.
+struct XSourceBox {
+  std::array<XSourceEntry, 2> entries;
+  i16 ListIndex = 0;  // 0 time base, 1 channel
+};
+
+// State of the channel list beside its rows.
+struct GridState {
+  XSourceBox xSrc;
+  i16 XChannel = 0;        // signal chosen with mnuSetX
+  i16 PreviousSource = 0;  // entry of xSrc before its last change
+  i16 LastClickedRow = 0;  // row of the last mark
+  i16 SelectedRow = 0;     // cell highlighted by a right click
+  i16 SelectedCol = 0;
+  i16 IOChannelCount = 0;                 // live channels; nothing fills them, the live layout stays dormant
+  i16 Reduc = 0;                          // channels per group row; 0 becomes 10
+  bool IsRealTime = false;                // selects the live layout; nothing sets it
+  std::string OriginalExtension = "DAT";  // of the originals behind reduced block files
+  OneBased<std::string> FileList;         // paths of the added files, in order of adding
+  i16 NofFiles = 0;
+};
+
+}  // namespace trendaro

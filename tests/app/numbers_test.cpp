@@ -1,0 +1,72 @@
+#include "app/numbers.h"
+
+#include <limits>
+
+#include <gtest/gtest.h>
+
+#include "app/run_time_error.h"
+
+namespace trendaro {
+namespace {
+
+TEST(ParseNumberTest, FirstCommaIsTheDecimalSign) {
+  EXPECT_EQ(ParseNumber("1,5"), 1.5);
+  EXPECT_EQ(ParseNumber("1,5,7"), 1.5);
+  EXPECT_EQ(ParseNumber("1.234,5"), 1.234);
+}
+
+TEST(ParseNumberTest, TextBehindAnXIsHexadecimal) {
+  EXPECT_EQ(ParseNumber("0x1F"), 31);
+  EXPECT_EQ(ParseNumber("0X1f"), 31);
+  EXPECT_EQ(ParseNumber("abcx10"), 16);
+  EXPECT_EQ(ParseNumber("x"), 0);
+  EXPECT_EQ(ParseNumber("0xG"), 0);
+}
+
+TEST(ParseNumberTest, TakesTheLongestNumberAtTheStart) {
+  EXPECT_EQ(ParseNumber("12abc"), 12);
+  EXPECT_EQ(ParseNumber("  -3.5 mm"), -3.5);
+  EXPECT_EQ(ParseNumber("+7"), 7);
+  EXPECT_EQ(ParseNumber("1e3"), 1000);
+  EXPECT_EQ(ParseNumber("1e"), 1);
+  EXPECT_EQ(ParseNumber(",5"), 0.5);
+}
+
+TEST(ParseNumberTest, TextWithoutANumberIsZero) {
+  EXPECT_EQ(ParseNumber(""), 0);
+  EXPECT_EQ(ParseNumber("   "), 0);
+  EXPECT_EQ(ParseNumber("Sekunden"), 0);
+  EXPECT_EQ(ParseNumber("inf"), 0);
+  EXPECT_EQ(ParseNumber("-nan"), 0);
+  EXPECT_EQ(ParseNumber("-"), 0);
+  EXPECT_EQ(ParseNumber("--5"), 0);
+}
+
+TEST(RoundingTest, TiesGoToTheEvenNeighbour) {
+  EXPECT_EQ(round_to_i32(0.5), 0);
+  EXPECT_EQ(round_to_i32(1.5), 2);
+  EXPECT_EQ(round_to_i32(2.5), 2);
+  EXPECT_EQ(round_to_i32(-2.5), -2);
+  EXPECT_EQ(round_to_i16(10.5), 10);
+}
+
+TEST(RoundingTest, ValuesOutOfRangeOverflow) {
+  EXPECT_THROW(round_to_i16(32767.5), RunTimeError);
+  EXPECT_EQ(round_to_i16(32767.4), 32767);
+  EXPECT_EQ(round_to_i16(-32768.5), -32768);
+  EXPECT_THROW(round_to_i32(2147483648.0), RunTimeError);
+  EXPECT_THROW(round_to_i32(std::numeric_limits<f64>::quiet_NaN()), RunTimeError);
+  EXPECT_THROW(round_to_i32(std::numeric_limits<f64>::infinity()), RunTimeError);
+}
+
+TEST(NumberTextTest, ReadsBackToTheSameValue) {
+  EXPECT_EQ(number_text(0.1), "0.1");
+  EXPECT_EQ(number_text(-2.0), "-2");
+  EXPECT_EQ(number_text(45000.5), "45000.5");
+  EXPECT_EQ(number_text(std::numeric_limits<f64>::infinity()), "inf");
+  EXPECT_EQ(fixed_text(2.0 / 3, 3), "0.667");
+  EXPECT_EQ(fixed_text(5, 0), "5");
+}
+
+}  // namespace
+}  // namespace trendaro

@@ -1,0 +1,70 @@
+#pragma once
+
+#include <deque>
+#include <string>
+#include <vector>
+
+#include "app/shell.h"
+
+namespace trendaro {
+
+// A user who answers from lists and remembers what was shown. Unanswered questions are cancelled.
+class RecordingShell : public Shell {
+ public:
+  // What was shown, one line a call: "message: title: text", "status 1: text", "question: title: text", ...
+  std::vector<std::string> calls;
+  std::deque<bool> yes_no;
+  std::deque<std::string> texts;
+  std::deque<std::string> files;
+  // The icons of the messages shown, in order.
+  std::vector<MessageIcon> icons;
+  int window_closings = 0;
+  int wait_pointers = 0;  // switched on less switched off
+
+  void show_message(const std::string& text, const std::string& title, MessageIcon icon) override {
+    calls.push_back("message: " + title + ": " + text);
+    icons.push_back(icon);
+  }
+  bool ask_yes_no(const std::string& text, const std::string& title) override {
+    calls.push_back("question: " + title + ": " + text);
+    return take(yes_no);
+  }
+  std::string ask_text(const std::string& prompt, const std::string& title,
+                       const std::string& preset) override {
+    calls.push_back("text: " + title + ": " + prompt + " [" + preset + "]");
+    return take(texts);
+  }
+  std::string ask_open_file(const FileDialog& dialog) override {
+    calls.push_back("open: " + dialog.title);
+    return take(files);
+  }
+  std::string ask_save_file(const FileDialog& dialog) override {
+    calls.push_back("save: " + dialog.title);
+    return take(files);
+  }
+  void show_status(int panel, const std::string& text) override {
+    calls.push_back("status " + std::to_string(panel) + ": " + text);
+  }
+  void show_progress(f64) override {}
+  void show_wait_pointer(bool on) override { wait_pointers += on ? 1 : -1; }
+  void close_window() override { ++window_closings; }
+
+  // The messages alone.
+  [[nodiscard]] std::vector<std::string> messages() const {
+    std::vector<std::string> found;
+    for (const auto& call : calls)
+      if (call.starts_with("message: ")) found.push_back(call.substr(9));
+    return found;
+  }
+
+ private:
+  template <typename T>
+  static T take(std::deque<T>& answers) {
+    if (answers.empty()) return T();
+    T answer = std::move(answers.front());
+    answers.pop_front();
+    return answer;
+  }
+};
+
+}  // namespace trendaro
