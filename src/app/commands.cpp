@@ -5,6 +5,7 @@
 #include <string_view>
 
 #include "app/model.h"
+#include "app/panes.h"
 #include "app/toolbar.h"
 
 namespace trendaro {
@@ -12,6 +13,10 @@ namespace {
 
 constexpr Command separator_in(const char* parent) {
   return {nullptr, nullptr, parent, nullptr};
+}
+
+void close_window(Model& model) {
+  model.shell.close_window();
 }
 
 constexpr auto kCommands = std::to_array<Command>({
@@ -36,11 +41,11 @@ constexpr auto kCommands = std::to_array<Command>({
     {"mnuExportFileJPEG", "in JPEG Format", "mnuExportFile", nullptr},
     {"mnuPrint", "Drucken", "mnuFile", nullptr, false, "Ctrl+P"},
     separator_in("mnuFile"),
-    {"mnuExit", "&Beenden", "mnuFile", nullptr, false, "Ctrl+Q"},
+    {"mnuExit", "&Beenden", "mnuFile", close_window, false, "Ctrl+Q"},
 
     {"mnuView", "&Ansicht", nullptr, nullptr},
-    {"mnuShowDatasourceGrid", "Kanalliste", "mnuView", nullptr, true},
-    {"mnuShowSurvGraph", "Übersichtsgraphik", "mnuView", nullptr, true},
+    {"mnuShowDatasourceGrid", "Kanalliste", "mnuView", mnuShowDatasourceGrid, true},
+    {"mnuShowSurvGraph", "Übersichtsgraphik", "mnuView", mnuShowSurvGraph, true},
     separator_in("mnuView"),
     {"mnuZoomHorz", "Horizontaler Zoom", "mnuView", nullptr},
     {"mnuZoomVert", "Vertikaler Zoom", "mnuView", nullptr},
@@ -161,6 +166,12 @@ bool is_menu(const Command& command) {
          });
 }
 
+const Command* find_command(std::string_view name) {
+  const auto found = std::ranges::find_if(
+      kCommands, [&](const Command& command) { return command.name != nullptr && name == command.name; });
+  return found == kCommands.end() ? nullptr : &*found;
+}
+
 }  // namespace
 
 std::span<const Command> commands() {
@@ -168,15 +179,23 @@ std::span<const Command> commands() {
 }
 
 void run_command(Model& model, const char* name) {
-  for (const Command& command : kCommands)
-    if (command.name != nullptr && command.run != nullptr && std::string_view(command.name) == name)
-      return command.run(model);
+  const Command* command = find_command(name);
+  if (command != nullptr && command->run != nullptr) command->run(model);
+}
+
+void enable_control(Model& model, std::string_view name, bool enabled) {
+  const Command* command = find_command(name);
+  const bool has_work =
+      command != nullptr ? command->run != nullptr || is_menu(*command) : has_tool_work(name);
+  model.controls[name].enabled = enabled && has_work;
 }
 
 void add_controls(Model& model) {
   for (const Command& command : kCommands)
     if (command.name != nullptr)
       model.controls.add(command.name, {.enabled = command.run != nullptr || is_menu(command)});
+  add_tool_controls(model);
+  add_pane_controls(model);
 }
 
 }  // namespace trendaro

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <span>
+#include <string_view>
 
 namespace trendaro {
 
@@ -24,7 +25,10 @@ std::span<const Command> commands();
 void run_command(Model& model, const char* name);
 void open_menu(Model& model, const char* name);
 
-// Adds a state for every entry, button and box to the model's controls.
+// Enables or disables a menu entry or a toolbar button. One whose work is not built stays disabled.
+void enable_control(Model& model, std::string_view name, bool enabled);
+
+// Adds a state for every entry, button, box and pane to the model's controls.
 void add_controls(Model& model);
 
 }  // namespace trendaro
