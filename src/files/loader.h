@@ -4,6 +4,7 @@
 
 #include "app/types.h"
 #include "files/load_status.h"
+#include "files/sample_array.h"
 
 namespace trendaro {
 
@@ -19,5 +20,13 @@ struct Model;
 // closed on every way out, and nothing is thrown.
 LoadStatus LoadMeasurementFile(Model& model, i16 mode, const std::string& path, i16 channel,
                                i32 databaseChannel);
+
+// The samples `first` (from 0) to `first + count - 1` of one channel, as mode 1 would give them at those
+// indices; fewer where the channel or the file ends earlier. Reads the header and the bytes of those samples
+// alone, so that the cost does not grow with the recording. The result area then describes the file as after
+// mode 0, and FileChannelValues stays. A channel that the file lacks, a text channel and a range outside give
+// an empty `destination` and no error; no message is shown. Nothing is thrown.
+LoadStatus LoadSampleRange(Model& model, const std::string& path, i16 channel, i64 first, i64 count,
+                           SampleArray& destination);
 
 }  // namespace trendaro

@@ -1,0 +1,25 @@
+#pragma once
+
+#include <string>
+
+#include "app/types.h"
+#include "files/load_status.h"
+#include "files/sample_array.h"
+
+namespace trendaro {
+
+struct Model;
+
+// LoadMeasurementFile for recorder files (ids 6001, 6002, 6011, 6012). Opens the file itself; `channel`
+// counts output channels from 1. A failure inside gives its number as status, never 0; nothing is thrown.
+LoadStatus LoadRecorderFile(Model& model, i16 mode, const std::string& path, i16 channel,
+                            i32 databaseChannel);
+
+// The samples `first` (from 0) to `first + count - 1` of one output channel, the same numbers that mode 1
+// gives there, fewer where the channel ends earlier. Touches the header and the bytes of those samples alone;
+// the model's result area then describes the file as after mode 0. A channel that the file lacks gives an
+// empty `destination` and no error. Status as LoadRecorderFile; nothing is thrown.
+LoadStatus LoadRecorderRange(Model& model, const std::string& path, i16 channel, i64 first, i64 count,
+                             SampleArray& destination);
+
+}  // namespace trendaro
