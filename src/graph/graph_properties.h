@@ -11,6 +11,8 @@
 
 namespace trendaro {
 
+struct CurveIndex;
+
 // Layers that a graph has room for; three of them are on show at most.
 inline constexpr std::size_t kGraphLayers = 6;
 
@@ -33,6 +35,19 @@ struct GraphProperties {
   std::shared_ptr<const FlatArray> XData;
   std::shared_ptr<const FlatArray> YData;
   std::shared_ptr<const SampleArray> XDataII;  // in place of XData while UsingXDataII
+
+  // Extremes of these data, made when they are taken over. Null before.
+  std::shared_ptr<const CurveIndex> curve_index;
 };
+
+// A curve whose plotting method carries this summand belongs to the right y axis of its layer.
+inline constexpr i32 kRightAxisMethod = 1000;
+
+// Layer of a curve, both from 0: curves fill the layers in their order by the counts in MultiAxesSubsets;
+// without counts all are in layer 0, and curves beyond the counts are in the last layer that has one.
+std::size_t layer_of_curve(const GraphProperties& properties, std::size_t curve);
+
+// Whether a curve, from 0, belongs to the right y axis.
+bool on_right_axis(const GraphProperties& properties, std::size_t curve);
 
 }  // namespace trendaro

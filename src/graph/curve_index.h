@@ -1,0 +1,69 @@
+#pragma once
+
+#include <cstddef>
+#include <limits>
+#include <memory>
+#include <vector>
+
+#include "app/types.h"
+
+namespace trendaro {
+
+struct GraphProperties;
+
+// Extremes of a run of points. A point counts when neither of its coordinates is the null value, NaN or
+// infinite; the others are gaps. Without a point that counts, low is above high.
+struct PointExtent {
+  f64 x_low = std::numeric_limits<f64>::infinity();
+  f64 x_high = -std::numeric_limits<f64>::infinity();
+  f32 y_low = std::numeric_limits<f32>::infinity();
+  f32 y_high = -std::numeric_limits<f32>::infinity();
+  bool has_gap = false;  // the run holds at least one point that does not count
+
+  [[nodiscard]] bool empty() const { return x_low > x_high; }
+  // Widens this extent to hold `other` as well.
+  void add(const PointExtent& other);
+
+  friend bool operator==(const PointExtent&, const PointExtent&) = default;
+};
+
+// Points behind one entry of the finest level, and entries behind one entry of the next level.
+inline constexpr std::size_t kIndexBlock = 64;
+inline constexpr std::size_t kIndexFan = 16;
+
+struct CurveExtents {
+  // Level k has an entry for each kIndexBlock * kIndexFan^k points of the slot; the last one may cover fewer.
+  // The coarsest level has at most kIndexFan entries.
+  std::vector<std::vector<PointExtent>> levels;
+  PointExtent whole;
+  // Index behind the last point that counts; 0 for an empty curve. The rest of the slot is gap.
+  std::size_t used = 0;
+  // x never falls within the first `used` points, gaps included, so that a place in x can be found by
+  // halving.
+  bool x_rises = true;
+};
+
+// Minima and maxima of the curves that a graph holds, at several levels. Built once for a hand-over; scaling
+// and painting read it instead of the samples.
+struct CurveIndex {
+  std::vector<CurveExtents> curves;  // index from 0
+  std::size_t points = 0;            // slot length of each curve
+};
+
+// Builds the index over the data in `properties`, leaving their null values out. Curves for which x or y is
+// too short are left out at the end.
+std::shared_ptr<const CurveIndex> build_curve_index(const GraphProperties& properties);
+
+// x and y of point `point` of curve `curve`, both from 0; the place must exist in the data.
+f64 point_x(const GraphProperties& properties, std::size_t curve, std::size_t point);
+f32 point_y(const GraphProperties& properties, std::size_t curve, std::size_t point);
+
+// Whether a point is drawn: neither coordinate null, NaN or infinite.
+bool point_counts(const GraphProperties& properties, f64 x, f32 y);
+
+// The extent of the points `first` to `last - 1` of a curve, in time that grows with the logarithm of the
+// length. `properties` are those that `index` was built over.
+PointExtent extent_of_points(const GraphProperties& properties, const CurveIndex& index, std::size_t curve,
+                             std::size_t first, std::size_t last);
+
+}  // namespace trendaro

@@ -1,0 +1,146 @@
+#include "graph/curve_index.h"
+
+#include <cmath>
+#include <limits>
+#include <random>
+
+#include <gtest/gtest.h>
+
+#include "support/graph_data.h"
+
+namespace trendaro {
+namespace {
+
+constexpr f32 kNull = -1000000;
+constexpr f32 kNan = std::numeric_limits<f32>::quiet_NaN();
+constexpr f32 kInfinite = std::numeric_limits<f32>::infinity();
+
+// The extent by its definition, point by point.
+PointExtent plain_extent(const std::vector<f32>& x, const std::vector<f32>& y, std::size_t first,
+                         std::size_t last) {
+  PointExtent extent;
+  for (std::size_t i = first; i < last; ++i) {
+    if (std::isnan(x[i]) || std::isinf(x[i]) || x[i] == kNull || std::isnan(y[i]) || std::isinf(y[i]) ||
+        y[i] == kNull) {
+      extent.has_gap = true;
+      continue;
+    }
+    if (x[i] < extent.x_low) extent.x_low = x[i];
+    if (x[i] > extent.x_high) extent.x_high = x[i];
+    if (y[i] < extent.y_low) extent.y_low = y[i];
+    if (y[i] > extent.y_high) extent.y_high = y[i];
+  }
+  return extent;
+}
+
+TEST(CurveIndexTest, PointsWithANullANanOrAnInfinityDoNotCount) {
+  GraphProperties properties;
+  set_curves(properties, 6, {1, kNull, 3, 4, 5, 6}, {10, 20, kNull, kNan, kInfinite, 60});
+  const auto index = build_curve_index(properties);
+  ASSERT_EQ(index->curves.size(), 1u);
+  const PointExtent expected{.x_low = 1, .x_high = 6, .y_low = 10, .y_high = 60, .has_gap = true};
+  EXPECT_EQ(index->curves[0].whole, expected);
+  EXPECT_EQ(index->curves[0].used, 6u);
+  EXPECT_FALSE(index->curves[0].x_rises);  // the null value in x falls below 1
+}
+
+TEST(CurveIndexTest, NullTailIsNotUsed) {
+  GraphProperties properties;
+  set_curves(properties, 4, {1, 2, 0, 0, 7, 7, 7, 7}, {5, 6, kNull, kNull, kNull, kNull, kNull, kNull});
+  const auto index = build_curve_index(properties);
+  ASSERT_EQ(index->curves.size(), 2u);
+  EXPECT_EQ(index->curves[0].used, 2u);
+  EXPECT_TRUE(index->curves[0].x_rises);
+  EXPECT_EQ(index->curves[0].whole.x_low, 1);
+  EXPECT_EQ(index->curves[1].used, 0u);
+  EXPECT_TRUE(index->curves[1].whole.empty());
+  EXPECT_TRUE(index->curves[1].whole.has_gap);
+}
+
+TEST(CurveIndexTest, DatesInDoublePrecisionAreKept) {
+  GraphProperties properties;
+  set_curves(properties, 2, {}, {1, 2});
+  properties.UsingXDataII = true;
+  properties.XDataII = std::make_shared<const SampleArray>(SampleArray{44000.00000001, 44000.00000002});
+  const auto index = build_curve_index(properties);
+  ASSERT_EQ(index->curves.size(), 1u);
+  EXPECT_EQ(index->curves[0].whole.x_low, 44000.00000001);
+  EXPECT_EQ(index->curves[0].whole.x_high, 44000.00000002);
+}
+
+TEST(CurveIndexTest, CurvesWithoutEnoughDataAreLeftOut) {
+  GraphProperties properties;
+  set_curves(properties, 3, {1, 2, 3, 4}, {1, 2, 3, 4, 5, 6});
+  EXPECT_EQ(build_curve_index(properties)->curves.size(), 1u);
+  properties.XData = nullptr;
+  EXPECT_TRUE(build_curve_index(properties)->curves.empty());
+  properties.PointCount = -1;
+  EXPECT_TRUE(build_curve_index(properties)->curves.empty());
+}
+
+TEST(CurveIndexTest, CoarsestLevelIsSmall) {
+  GraphProperties properties;
+  const std::size_t points = 64 * 16 * 16 + 1;
+  set_curves(properties, static_cast<i32>(points), std::vector<f32>(points, 1), std::vector<f32>(points, 2));
+  const auto index = build_curve_index(properties);
+  const auto& levels = index->curves[0].levels;
+  ASSERT_EQ(levels.size(), 3u);
+  EXPECT_EQ(levels[0].size(), 257u);
+  EXPECT_EQ(levels[1].size(), 17u);
+  EXPECT_EQ(levels[2].size(), 2u);
+}
+
+TEST(CurveIndexTest, AnyRunHasTheExtentOfAPlainScan) {
+  std::mt19937 random(7);
+  for (const std::size_t points : {1, 63, 64, 65, 1000, 1024, 1025, 20000, 64 * 16 * 17 + 5}) {
+    std::vector<f32> x(points), y(points);
+    for (std::size_t i = 0; i < points; ++i) {
+      x[i] = static_cast<f32>(random() % 1000);
+      y[i] = static_cast<f32>(random() % 1000) - 500;
+      if (random() % 50 == 0) y[i] = kNull;
+      if (random() % 70 == 0) x[i] = kNull;
+      if (random() % 90 == 0) y[i] = kNan;
+      if (random() % 90 == 0) x[i] = -kInfinite;
+    }
+    GraphProperties properties;
+    set_curves(properties, static_cast<i32>(points), x, y);
+    const auto index = build_curve_index(properties);
+    EXPECT_EQ(index->curves[0].whole, plain_extent(x, y, 0, points));
+    for (int round = 0; round < 200; ++round) {
+      std::size_t first = random() % (points + 1), last = random() % (points + 1);
+      if (first > last) std::swap(first, last);
+      if (round % 5 == 0) last = points;
+      ASSERT_EQ(extent_of_points(properties, *index, 0, first, last), plain_extent(x, y, first, last))
+          << points << " points, " << first << " to " << last;
+    }
+  }
+}
+
+TEST(CurveIndexTest, FallOfXAnywhereIsNoticed) {
+  const std::size_t points = 10000;
+  std::vector<f32> x(points), y(points, 1);
+  for (std::size_t i = 0; i < points; ++i) x[i] = static_cast<f32>(i / 2);
+  GraphProperties properties;
+  set_curves(properties, static_cast<i32>(points), x, y);
+  EXPECT_TRUE(build_curve_index(properties)->curves[0].x_rises);
+  for (const std::size_t place : {1u, 4096u, 4097u, 9999u}) {
+    auto falling = x;
+    falling[place] = -1;
+    set_curves(properties, static_cast<i32>(points), falling, y);
+    EXPECT_FALSE(build_curve_index(properties)->curves[0].x_rises) << place;
+  }
+}
+
+TEST(CurveIndexTest, PointsAreReadFromTheirCurve) {
+  GraphProperties properties;
+  set_curves(properties, 2, {1, 2, 3, 4}, {5, 6, 7, 8});
+  EXPECT_EQ(point_x(properties, 1, 0), 3);
+  EXPECT_EQ(point_y(properties, 1, 1), 8);
+  EXPECT_TRUE(point_counts(properties, 1, 2));
+  EXPECT_FALSE(point_counts(properties, -1000000, 2));
+  EXPECT_FALSE(point_counts(properties, 1, kNull));
+  EXPECT_FALSE(point_counts(properties, 1, kNan));
+}
+
+}  // namespace
+}  // namespace trendaro

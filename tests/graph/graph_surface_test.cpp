@@ -1,0 +1,169 @@
+#include "graph/graph_surface.h"
+
+#include <gtest/gtest.h>
+
+#include "app/run_time_error.h"
+#include "graph/curve_index.h"
+#include "support/graph_data.h"
+
+namespace trendaro {
+namespace {
+
+TEST(GraphSurfaceTest, NothingShowsBeforeAnAction) {
+  GraphSurface graph(1);
+  graph.pending.MainTitle = "Lauf 7";
+  EXPECT_EQ(graph.shown().MainTitle, "");
+  EXPECT_EQ(graph.revision(), 0u);
+  PEactions(graph, kTakeOverAndRedraw);
+  EXPECT_EQ(graph.shown().MainTitle, "Lauf 7");
+  EXPECT_EQ(graph.revision(), 1u);
+}
+
+TEST(GraphSurfaceTest, UnknownActionDoesNothing) {
+  GraphSurface graph(1);
+  graph.pending.MainTitle = "Lauf 7";
+  PEactions(graph, 5);
+  EXPECT_EQ(graph.shown().MainTitle, "");
+  EXPECT_EQ(graph.revision(), 0u);
+}
+
+TEST(GraphSurfaceTest, TakingOverScalesTheAxesByLayerAndSide) {
+  GraphSurface graph(1);
+  set_curves(graph.pending, 2, {0, 100, 50, 200, 0, 10}, {1, 3, -5, 5, 100, 200});
+  graph.pending.MultiAxesSubsets = {2, 1};
+  graph.pending.SubsetPlotMethods = {0, 1000, 0};
+  graph.pending.AutoPadPercent = 10;
+  PEactions(graph, kTakeOverAndRedraw);
+  const GraphProperties& shown = graph.shown();
+  EXPECT_DOUBLE_EQ(shown.ManualMinX, -20);
+  EXPECT_DOUBLE_EQ(shown.ManualMaxX, 220);
+  EXPECT_DOUBLE_EQ(shown.layers[0].ManualMinY, 0.8);
+  EXPECT_DOUBLE_EQ(shown.layers[0].ManualMaxY, 3.2);
+  EXPECT_DOUBLE_EQ(shown.layers[0].ManualMinRY, -6);
+  EXPECT_DOUBLE_EQ(shown.layers[0].ManualMaxRY, 6);
+  EXPECT_DOUBLE_EQ(shown.layers[1].ManualMinY, 90);
+  EXPECT_DOUBLE_EQ(shown.layers[1].ManualMaxY, 210);
+  EXPECT_EQ(graph.pending.layers[1].ManualMaxY, shown.layers[1].ManualMaxY);
+  EXPECT_EQ(graph.pending.ManualMinX, shown.ManualMinX);
+}
+
+TEST(GraphSurfaceTest, ManualLimitsStay) {
+  GraphSurface graph(1);
+  set_curves(graph.pending, 2, {0, 100}, {1, 3});
+  graph.pending.ManualScaleControlX = 3;
+  graph.pending.ManualMinX = 25;
+  graph.pending.ManualMaxX = 75;
+  graph.pending.layers[0].ManualScaleControlY = 3;
+  PEactions(graph, kTakeOverAndRedraw);
+  EXPECT_EQ(graph.shown().ManualMinX, 25);
+  EXPECT_EQ(graph.shown().ManualMaxX, 75);
+  EXPECT_EQ(graph.shown().layers[0].ManualMaxY, 0);
+}
+
+TEST(GraphSurfaceTest, FlatCurveGetsAWidth) {
+  GraphSurface graph(1);
+  set_curves(graph.pending, 2, {0, 1}, {50, 50});
+  PEactions(graph, kTakeOverAndRedraw);
+  EXPECT_DOUBLE_EQ(graph.shown().layers[0].ManualMinY, 45);
+  EXPECT_DOUBLE_EQ(graph.shown().layers[0].ManualMaxY, 55);
+}
+
+TEST(GraphSurfaceTest, AxisWithoutAPointKeepsItsLimits) {
+  GraphSurface graph(1);
+  graph.pending.ManualMinX = 3;
+  graph.pending.ManualMaxX = 4;
+  set_curves(graph.pending, 2, {0, 1}, {-1000000, -1000000});
+  PEactions(graph, kTakeOverAndRedraw);
+  EXPECT_EQ(graph.shown().ManualMinX, 3);
+  EXPECT_EQ(graph.shown().ManualMaxX, 4);
+}
+
+TEST(GraphSurfaceTest, SettingsAloneLeaveTheDataOnShow) {
+  GraphSurface graph(1);
+  set_curves(graph.pending, 2, {0, 1}, {5, 6});
+  PEactions(graph, kTakeOverAndRedraw);
+  const auto first_data = graph.shown().YData;
+  set_curves(graph.pending, 3, {0, 1, 2}, {5, 6, 7});
+  graph.pending.SubTitle = "neu";
+  PEactions(graph, kRedrawFromSettings);
+  EXPECT_EQ(graph.shown().SubTitle, "neu");
+  EXPECT_EQ(graph.shown().YData, first_data);
+  EXPECT_EQ(graph.shown().PointCount, 2);
+  PEactions(graph, kTakeOverAndRedraw);
+  EXPECT_EQ(graph.shown().YData->size(), 3u);
+  EXPECT_EQ(graph.shown().curve_index->points, 3u);
+}
+
+TEST(GraphSurfaceTest, IndexIsMadeOncePerHandOver) {
+  GraphSurface graph(1);
+  set_curves(graph.pending, 2, {0, 1}, {5, 6});
+  PEactions(graph, kTakeOverAndRedraw);
+  const auto index = graph.shown().curve_index;
+  PEactions(graph, kTakeOverAndRedraw);
+  EXPECT_EQ(graph.shown().curve_index, index);
+  graph.pending.NullDataValue = 6;
+  PEactions(graph, kTakeOverAndRedraw);
+  EXPECT_NE(graph.shown().curve_index, index);
+  EXPECT_EQ(graph.shown().curve_index->curves[0].whole.y_high, 5);
+}
+
+TEST(GraphSurfaceTest, LeavingTheZoomSwitchesItOffAtOnce) {
+  GraphSurface graph(1);
+  graph.pending.ZoomActive = true;
+  PEactions(graph, kTakeOverAndRedraw);
+  graph.pending.MainTitle = "noch nicht";
+  PEactions(graph, kLeaveZoom);
+  EXPECT_FALSE(graph.shown().ZoomActive);
+  EXPECT_FALSE(graph.pending.ZoomActive);
+  EXPECT_EQ(graph.shown().MainTitle, "");
+}
+
+TEST(GraphSurfaceTest, ResetEmptiesAllButTheCountOfPoints) {
+  GraphSurface graph(1);
+  set_curves(graph.pending, 2, {0, 1}, {5, 6});
+  graph.pending.DeskColor = 0x123456;
+  graph.pending.layers[2].YAxisLabel = "bar";
+  PEactions(graph, kTakeOverAndRedraw);
+  PEactions(graph, kResetToEmpty);
+  EXPECT_EQ(graph.shown().SubsetCount, 0);
+  EXPECT_EQ(graph.shown().PointCount, 2);
+  EXPECT_EQ(graph.shown().YData, nullptr);
+  EXPECT_EQ(graph.shown().DeskColor, 0xFFFFFF);
+  EXPECT_EQ(graph.pending.layers[2].YAxisLabel, "");
+}
+
+TEST(GraphSurfaceTest, BulkDataGoByTheirNumbers) {
+  GraphSurface graph(1);
+  EXPECT_EQ(PEvset(graph, kXData, FlatArray{1, 2}), kPropertyDone);
+  EXPECT_EQ(PEvset(graph, kYData, FlatArray{3, 4}), kPropertyDone);
+  EXPECT_EQ(PEvset(graph, kXDataII, SampleArray{5, 6}), kPropertyDone);
+  EXPECT_EQ(PEvset(graph, kXDataII, FlatArray{5, 6}), kPropertyUnknown);
+  EXPECT_EQ(PEvset(graph, kYData, SampleArray{5, 6}), kPropertyUnknown);
+  EXPECT_EQ((*graph.pending.XData)[1], 2);
+  EXPECT_EQ((*graph.pending.YData)[1], 4);
+  EXPECT_EQ((*graph.pending.XDataII)[1], 6);
+}
+
+TEST(GraphSurfaceTest, IntegersAreWrittenByNumber) {
+  GraphSurface graph(1);
+  EXPECT_EQ(PEnset(graph, 0xC20, 3), kPropertyDone);
+  EXPECT_EQ(graph.pending.GraphStyleValue, 3);
+  graph.pending.WorkingAxis = 2;
+  EXPECT_EQ(PEnset(graph, 0x29, 2), kPropertyDone);
+  EXPECT_EQ(graph.pending.layers[2].YAxisScaleControl, 2);
+  EXPECT_EQ(PEnset(graph, 0x53, 70000), kPropertyUnknown);  // beyond an i16
+  EXPECT_EQ(graph.pending.DataPointSize, 0);
+  EXPECT_EQ(PEnset(graph, 0x09, 1), kPropertyUnknown);  // a text
+  EXPECT_EQ(PEnset(graph, 0x7777, 1), kPropertyUnknown);
+}
+
+TEST(GraphSurfaceTest, LayerThatDoesNotExistIsAnError) {
+  GraphSurface graph(1);
+  graph.pending.WorkingAxis = 6;
+  EXPECT_THROW(graph.layer(), RunTimeError);
+  graph.pending.WorkingAxis = -1;
+  EXPECT_THROW(graph.layer(), RunTimeError);
+}
+
+}  // namespace
+}  // namespace trendaro
