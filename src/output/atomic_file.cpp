@@ -1,0 +1,46 @@
+#include "output/atomic_file.h"
+
+#include <cerrno>
+#include <cstdio>
+#include <cstdlib>
+
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace trendaro {
+namespace {
+
+bool write_all(int descriptor, std::string_view contents) {
+  while (!contents.empty()) {
+    const ssize_t written = ::write(descriptor, contents.data(), contents.size());
+    if (written < 0 && errno == EINTR) continue;
+    if (written <= 0) return false;
+    contents.remove_prefix(static_cast<std::size_t>(written));
+  }
+  return true;
+}
+
+// mkstemp makes files for the owner alone; a new file gets the rights that any other new file gets.
+bool give_usual_rights(int descriptor, const std::string& path) {
+  struct stat former {};
+  if (::stat(path.c_str(), &former) == 0) return ::fchmod(descriptor, former.st_mode & 07777) == 0;
+  const mode_t mask = ::umask(0);
+  ::umask(mask);
+  return ::fchmod(descriptor, 0666 & ~mask) == 0;
+}
+
+}  // namespace
+
+bool replace_file(const std::string& path, std::string_view contents) {
+  std::string temporary = path + ".XXXXXX";
+  const int descriptor = ::mkstemp(temporary.data());
+  if (descriptor < 0) return false;
+  bool done =
+      write_all(descriptor, contents) && give_usual_rights(descriptor, path) && ::fsync(descriptor) == 0;
+  done = ::close(descriptor) == 0 && done;
+  if (done && std::rename(temporary.c_str(), path.c_str()) == 0) return true;
+  ::unlink(temporary.c_str());
+  return false;
+}
+
+}  // namespace trendaro

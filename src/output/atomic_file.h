@@ -1,0 +1,13 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace trendaro {
+
+// Gives the file `path` new contents in one step: they are written to a temporary file in the same folder,
+// brought to disk and renamed. False when that failed; the former file is then as it was and no temporary
+// file is left.
+bool replace_file(const std::string& path, std::string_view contents);
+
+}  // namespace trendaro
