@@ -18,12 +18,15 @@ void open_file(Model& model, const std::string& path);
 // file that is refused changes nothing and shows its message.
 void AddFileToGrid(Model& model, const std::string& path, bool noListEntry);
 
-// Removes the file of the active row with its signals, and the plots that hang on them.
+// Removes the file of the active row with its signals, and the plots that hang on them. Nothing when the
+// active row is no file row.
 void RemoveFileFromGrid(Model& model);
 
 void mnuRemoveFile(Model& model);
 void mnuPRemoveFile(Model& model);
 // The menu mnuFile opens: enables mnuRemoveFile where it applies.
 void mnuFile(Model& model);
+// Asks for the extension of the originals behind reduced block files.
+void mnuFileExtension(Model& model);
 
 }  // namespace trendaro

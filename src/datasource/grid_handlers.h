@@ -1,26 +1,32 @@
 #pragma once
 
+#include <string>
+
 #include "app/types.h"
 
 namespace trendaro {
 
 struct Model;
 
-// Builds the first rows of the list and reads the limits of the host's database.
+// Builds the first rows of the list and reads the limits of the host's database; without a host the limits
+// stay. Throws RunTimeError when the host refuses.
 void InitDataSourceGrid(Model& model);
 
 // A click on the cell of column 1 in `row` (from 1) that gave it the value `check`. Ignored while ButtonLock
 // is up.
-void click_check_cell(Model& model, i16 row, i16 check);
+void click_check_cell(Model& model, i32 row, i16 check);
 
 // A click that makes `row` active; 0 for none.
-void activate_row(Model& model, i16 row);
+void activate_row(Model& model, i32 row);
 
-// A right click on a cell: activates the row, highlights a signal or file row.
-void right_click_cell(Model& model, i16 row, i16 column);
+// A right click on a cell: activates the row, highlights a signal or file row (SelectedRow).
+void right_click_cell(Model& model, i32 row, i16 column);
 
 // The pop-up menu of the list opens: enables its entries for the active row.
 void mnuPOP1(Model& model);
+
+// The tip over a cell; empty where there is none. Over a name it reads the header of the file.
+std::string text_tip(Model& model, i32 row, i16 column);
 
 // "Als x-Datensatz verwenden" for the active row.
 void mnuSetX(Model& model);

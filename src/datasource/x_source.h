@@ -13,6 +13,13 @@ struct XSourceEntry {
   i16 item_data = 0;  // the chosen x channel; 0 until one was chosen
 };
 
+// A live channel of the measurement station.
+struct IoChannel {
+  std::string name;
+  i16 source = 0;     // source code: -2 formula, -3 time, -4 file, -5 database
+  i16 data_type = 0;  // 8 for an analogue input
+};
+
 // The box xSrc above the channel list.
 struct XSourceBox {
   std::array<XSourceEntry, 2> entries;
@@ -24,9 +31,10 @@ struct GridState {
   XSourceBox xSrc;
   i16 XChannel = 0;        // signal chosen with mnuSetX
   i16 PreviousSource = 0;  // entry of xSrc before its last change
-  i16 LastClickedRow = 0;  // row of the last mark
-  i16 SelectedRow = 0;     // cell highlighted by a right click
+  i32 LastClickedRow = 0;  // row of the last mark
+  i32 SelectedRow = 0;     // cell highlighted by a right click
   i16 SelectedCol = 0;
+  OneBased<IoChannel> IOChannels;         // live channels, at least IOChannelCount of them
   i16 IOChannelCount = 0;                 // live channels; nothing fills them, the live layout stays dormant
   i16 Reduc = 0;                          // channels per group row; 0 becomes 10
   bool IsRealTime = false;                // selects the live layout; nothing sets it

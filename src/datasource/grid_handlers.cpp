@@ -1,0 +1,87 @@
+#include "datasource/grid_handlers.h"
+
+#include "app/commands.h"
+#include "app/model.h"
+#include "app/raised.h"
+#include "datasource/channel_mark.h"
+#include "files/dataset_header_text.h"
+
+namespace trendaro {
+namespace {
+
+constexpr i16 kCheckColumn = 1;
+constexpr i16 kNameColumn = 3;
+
+// Shows or hides the head of the list, down to its first file. A file in row 1 ends the walk at once, so the
+// first file of a list cannot be closed.
+void open_or_close_head(ChannelRows& list, bool open) {
+  for (ChannelRow& row : list.rows) {
+    if (row.kind == RowKind::File) return;
+    row.hidden = !open;
+    if (open && row.kind == RowKind::Group) row.check = 1;
+  }
+}
+
+void show_plot_status(Model& model) {
+  if (model.HasFullDataPlot) {
+    model.shell.show_status(1,
+                            "Nichtkomprimierter Kanal wird angezeigt. Zoom in Originalwerte nicht möglich!");
+    model.shell.show_status(2, std::to_string(model.MaxViewPoints));
+  } else if (!model.OriginalDataMode) {
+    model.shell.show_status(1, "");
+  }
+}
+
+}  // namespace
+
+void click_check_cell(Model& model, i32 row, i16 check) {
+  if (model.ButtonLock || !model.Grid.rows.has(row)) return;
+  const Raised lock(model.ButtonLock);
+  const PausedList paused(model.Grid);
+  model.Grid.rows[row].check = check;
+  if (row == 1)
+    open_or_close_head(model.Grid, check == 1);
+  else if (has_children(model.Grid.rows[row].kind))
+    show_children(model.Grid, row, check == 1);
+  else if (check == 1)
+    mark_channel(model, row);
+  else
+    unmark_channel(model, row);
+  show_plot_status(model);
+}
+
+void activate_row(Model& model, i32 row) {
+  model.Grid.active_row = model.Grid.rows.has(row) ? row : 0;
+}
+
+void right_click_cell(Model& model, i32 row, i16 column) {
+  if (!model.Grid.rows.has(row)) return;
+  activate_row(model, row);
+  const RowKind kind = model.Grid.rows[row].kind;
+  if (kind != RowKind::Signal && kind != RowKind::File) return;
+  model.SelectedRow = row;
+  model.SelectedCol = column;
+  ++model.Grid.revision;
+}
+
+void mnuPOP1(Model& model) {
+  const ChannelRows& list = model.Grid;
+  const ChannelRow row = list.rows.has(list.active_row) ? list.rows[list.active_row] : ChannelRow();
+  const bool file = row.kind == RowKind::File;
+  const bool channel = list.rows.has(list.active_row) && is_channel(row.kind);
+  enable_control(model, "mnuShowChanInfo", !file);
+  enable_control(model, "mnuPRemoveFile", file && !model.OriginalDataMode);
+  enable_control(model, "mnuSetX", channel);
+  enable_control(model, "mnuCfgPlot", channel && row.check == 1);
+}
+
+std::string text_tip(Model& model, i32 row, i16 column) {
+  if (!model.Grid.rows.has(row)) return "";
+  if (column == kCheckColumn) return "Markieren, um den Datensatz in der Graphik darzustellen";
+  if (column != kNameColumn) return "";
+  const ChannelRow& cells = model.Grid.rows[row];
+  if (is_channel(cells.kind)) return DatasetHeaderText(model, cells.path, mark_index(cells.mark));
+  return cells.kind == RowKind::File ? DatasetHeaderText(model, cells.path, 0) : "";
+}
+
+}  // namespace trendaro
