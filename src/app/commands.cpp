@@ -7,6 +7,7 @@
 #include "app/model.h"
 #include "app/panes.h"
 #include "app/toolbar.h"
+#include "files/reduce_handlers.h"
 
 namespace trendaro {
 namespace {
@@ -27,7 +28,7 @@ constexpr auto kCommands = std::to_array<Command>({
     {"mnuOpen", "Ausschnittsgraphik öffnen...", "mnuFile", nullptr},
     {"mnuSaveAs", "Aussichtsgraphik speichern als...", "mnuFile", nullptr, false, "Ctrl+S"},
     separator_in("mnuFile"),
-    {"mnuReduceBin", "Mervan-Datei komprimieren...", "mnuFile", nullptr},
+    {"mnuReduceBin", "Mervan-Datei komprimieren...", "mnuFile", mnuReduceBin},
     {"mnuCreateMEASection", "Meßwertausschnittsdatei erzeugen...", "mnuFile", nullptr},
     {"mnuFileExtension", "Dateierweiterung der Originaldateien...", "mnuFile", nullptr},
     separator_in("mnuFile"),

@@ -1,0 +1,67 @@
+#include "app/reduce_command.h"
+
+#include <filesystem>
+#include <ostream>
+
+#include <unistd.h>
+
+#include "files/reduce_handlers.h"
+#include "files/reducer.h"
+
+namespace trendaro {
+namespace {
+
+// Why the target may not be written; empty when it may.
+std::string refusal(const ReduceCommand& command, const std::string& target) {
+  std::error_code ignored;
+  if (std::filesystem::equivalent(command.source, target, ignored))
+    return "Quelldatei und Zieldatei sind dieselbe Datei: " + target;
+  if (!command.force && std::filesystem::exists(std::filesystem::symlink_status(target, ignored)))
+    return "Zieldatei existiert bereits: " + target;
+  return {};
+}
+
+// Writes the percentage over itself on one line of a terminal.
+class TerminalProgress {
+ public:
+  explicit TerminalProgress(std::ostream& terminal) : terminal_(terminal) {}
+  ~TerminalProgress() {
+    if (shown_) terminal_ << '\n' << std::flush;
+  }
+  TerminalProgress(const TerminalProgress&) = delete;
+  TerminalProgress& operator=(const TerminalProgress&) = delete;
+
+  void show(f64 fraction) {
+    shown_ = true;
+    terminal_ << "\rBinäre Mervan-Datei wird reduziert! " << static_cast<int>(fraction * 100) << " %"
+              << std::flush;
+  }
+
+ private:
+  std::ostream& terminal_;
+  bool shown_ = false;
+};
+
+ReduceStatus reduce(const ReduceCommand& command, const std::string& target, std::ostream& errors) {
+  if (isatty(STDERR_FILENO) == 0)
+    return ReduceStandardFile(command.source, target, command.factor, [](f64) {});
+  TerminalProgress progress(errors);
+  return ReduceStandardFile(command.source, target, command.factor,
+                            [&](f64 fraction) { progress.show(fraction); });
+}
+
+}  // namespace
+
+int run_reduce(const ReduceCommand& command, std::ostream& errors) {
+  const std::string target = command.target.empty() ? reduced_file_name(command.source) : command.target;
+  if (const std::string reason = refusal(command, target); !reason.empty()) {
+    errors << reason << '\n';
+    return 1;
+  }
+  const ReduceStatus status = reduce(command, target, errors);
+  if (status == ReduceStatus::Done) return 0;
+  errors << reduce_status_text(status) << '\n';
+  return 1;
+}
+
+}  // namespace trendaro
