@@ -1,0 +1,41 @@
+#pragma once
+
+#include <string>
+
+#include "graph/graph_layout.h"
+
+namespace trendaro {
+
+// The settings of one axis, gathered from the graph's properties.
+struct AxisSettings {
+  AxisSide side = AxisSide::Bottom;
+  AxisScale scale;  // limits; pixels come with the place
+  bool inverted = false;
+  bool dates = false;
+  std::string title;
+  NumberFormat format;
+  f64 manual_tick = 0, manual_line = 0;
+  int power = 0;
+  i32 color = 0;
+};
+
+AxisSettings x_axis_settings(const GraphProperties& shown);
+AxisSettings y_axis_settings(const GraphProperties& shown, std::size_t layer, AxisSide side);
+
+// Gives the scale its pixels: an x axis runs from `near` to `far`, a y axis from the bottom up.
+void set_pixels(AxisSettings& axis, f64 start, f64 length);
+
+AxisTicks axis_ticks(const AxisSettings& axis, const TextMeasure& measure);
+
+// Length of a tick mark and the distance from the axis to its labels.
+f64 tick_length(const TextMeasure& measure);
+f64 label_distance(const TextMeasure& measure);
+
+// Room that labels and title take beside the area.
+f64 axis_thickness(const AxisSettings& axis, const AxisTicks& ticks, const TextMeasure& measure);
+
+// Puts an axis at its side of `area`. Labels that would leave `bounds` are dropped.
+AxisLayout place_axis(const AxisSettings& axis, const AxisTicks& ticks, const PixelRectangle& area,
+                      const PixelRectangle& bounds, const TextMeasure& measure);
+
+}  // namespace trendaro

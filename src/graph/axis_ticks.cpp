@@ -1,0 +1,213 @@
+#include "graph/axis_ticks.h"
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <limits>
+
+namespace trendaro {
+namespace {
+
+constexpr f64 kMinorSpacing = 5;  // pixels
+constexpr std::size_t kMostTicks = 2000;
+
+// A distance of m x 10^e, with m from 1, 2, 5.
+struct Step {
+  int mantissa = 1;
+  int exponent = 0;
+
+  [[nodiscard]] f64 size() const { return mantissa * std::pow(10.0, exponent); }
+  // Divides where the power is negative: 3 / 10 is nearer to 0.3 than 3 x 0.1.
+  [[nodiscard]] f64 multiple(f64 count) const {
+    const f64 power = std::pow(10.0, std::abs(exponent));
+    return exponent < 0 ? count * mantissa / power : count * mantissa * power;
+  }
+  [[nodiscard]] Step next() const {
+    if (mantissa == 1) return {2, exponent};
+    if (mantissa == 2) return {5, exponent};
+    return {1, exponent + 1};
+  }
+};
+
+Step smallest_step_from(f64 least) {
+  Step step{1, static_cast<int>(std::floor(std::log10(least)))};
+  while (step.size() < least * (1 - 1e-9)) step = step.next();
+  return step;
+}
+
+f64 length_of(const TickRequest& request) {
+  return std::abs(request.scale.last - request.scale.first);
+}
+
+f64 label_size(const TickRequest& request, const TextMeasure& measure, const std::string& label) {
+  return request.vertical ? measure.height(TextRole::Axis) : measure.width(TextRole::Axis, label);
+}
+
+f64 label_gap(const TickRequest& request, const TextMeasure& measure) {
+  return measure.height(TextRole::Axis) * (request.vertical ? 0.3 : 0.9);
+}
+
+bool labels_fit(const TickRequest& request, const TextMeasure& measure, const std::vector<Tick>& ticks) {
+  const f64 gap = label_gap(request, measure);
+  for (std::size_t i = 1; i < ticks.size(); ++i) {
+    const f64 distance =
+        std::abs(pixel_of(request.scale, ticks[i].value) - pixel_of(request.scale, ticks[i - 1].value));
+    const f64 needed =
+        (label_size(request, measure, ticks[i - 1].label) + label_size(request, measure, ticks[i].label)) /
+            2 +
+        gap;
+    if (distance < needed) return false;
+  }
+  return true;
+}
+
+// Values at whole multiples between the limits; a limit that misses a multiple by rounding alone has it.
+template <typename Multiple>
+std::vector<f64> multiples_between(const AxisScale& scale, f64 step, Multiple multiple) {
+  const f64 slack = 1e-6;
+  const f64 first = std::ceil(scale.minimum / step - slack);
+  const f64 last = std::floor(scale.maximum / step + slack);
+  std::vector<f64> values;
+  if (!(last - first < static_cast<f64>(kMostTicks))) return values;
+  for (f64 count = first; count <= last; ++count) values.push_back(multiple(count) + 0.0);
+  return values;
+}
+
+std::vector<Tick> labelled(const TickRequest& request, const std::vector<f64>& values, f64 step) {
+  const std::vector<std::string> labels = tick_labels(values, step, request.format, request.power);
+  std::vector<Tick> ticks;
+  for (std::size_t i = 0; i < values.size(); ++i) ticks.push_back({values[i], labels[i], {}});
+  return ticks;
+}
+
+std::vector<f64> minor_values(const TickRequest& request, f64 step, f64 major_step) {
+  const f64 pixels = step / (request.scale.maximum - request.scale.minimum) * length_of(request);
+  if (pixels < kMinorSpacing && !request.scale.logarithmic) return {};
+  std::vector<f64> values =
+      multiples_between(request.scale, step, [step](f64 count) { return count * step; });
+  std::erase_if(values, [&](f64 value) {
+    return std::abs(value / major_step - std::round(value / major_step)) < 1e-6;
+  });
+  return values;
+}
+
+// The distance below which ticks would crowd, or neighbouring values could not be told apart.
+f64 least_step(const TickRequest& request, const TextMeasure& measure) {
+  const AxisScale& scale = request.scale;
+  const f64 spacing = measure.height(TextRole::Axis) * (request.vertical ? 2.2 : 4.5);
+  const f64 span = scale.maximum - scale.minimum;
+  const f64 size = std::max(std::abs(scale.minimum), std::abs(scale.maximum));
+  const f64 parts = std::max(1.0, std::floor(length_of(request) / spacing));
+  return std::max(span / parts, size * 16 * std::numeric_limits<f64>::epsilon());
+}
+
+AxisTicks linear_ticks(const TickRequest& request, const TextMeasure& measure) {
+  AxisTicks ticks;
+  Step step = smallest_step_from(least_step(request, measure));
+  // Each try is coarser; no label is left to collide after a few decades.
+  for (int tries = 0; tries < 12; ++tries, step = step.next()) {
+    ticks.major = labelled(
+        request,
+        multiples_between(request.scale, step.size(), [step](f64 count) { return step.multiple(count); }),
+        step.size());
+    if (labels_fit(request, measure, ticks.major)) break;
+  }
+  const f64 parts = step.mantissa == 2 ? 4 : 5;
+  ticks.minor = minor_values(request, step.size() / parts, step.size());
+  return ticks;
+}
+
+AxisTicks manual_ticks(const TickRequest& request, const TextMeasure& measure) {
+  const f64 line = request.manual_line;
+  AxisTicks ticks;
+  ticks.major = labelled(
+      request, multiples_between(request.scale, line, [line](f64 count) { return count * line; }), line);
+  if (ticks.major.empty()) return ticks;
+  // Every line stays, labels are thinned out until they fit.
+  for (std::size_t every = 1; every < ticks.major.size(); ++every) {
+    std::vector<Tick> kept;
+    for (std::size_t i = 0; i < ticks.major.size(); i += every) kept.push_back(ticks.major[i]);
+    if (!labels_fit(request, measure, kept)) continue;
+    for (std::size_t i = 0; i < ticks.major.size(); ++i)
+      if (i % every != 0) ticks.major[i].label.clear();
+    break;
+  }
+  if (request.manual_tick > 0) ticks.minor = minor_values(request, request.manual_tick, line);
+  return ticks;
+}
+
+bool manual_is_usable(const TickRequest& request) {
+  const f64 span = request.scale.maximum - request.scale.minimum;
+  return request.manual_line > 0 && span / request.manual_line <= length_of(request) / 4;
+}
+
+// A value on a logarithmic axis, exact for powers of ten.
+f64 decade_value(int decade, int part) {
+  const f64 power = std::pow(10.0, std::abs(decade));
+  return decade < 0 ? part / power : part * power;
+}
+
+bool inside(const AxisScale& scale, f64 value) {
+  return value >= scale.minimum * (1 - 1e-9) && value <= scale.maximum * (1 + 1e-9);
+}
+
+std::vector<Tick> decade_ticks(const TickRequest& request, int every, const std::vector<int>& parts) {
+  const int first = static_cast<int>(std::floor(std::log10(request.scale.minimum)));
+  const int last = static_cast<int>(std::ceil(std::log10(request.scale.maximum)));
+  std::vector<Tick> ticks;
+  for (int decade = first; decade <= last; ++decade) {
+    if (((decade % every) + every) % every != 0) continue;
+    for (const int part : parts) {
+      const f64 value = decade_value(decade, part);
+      if (inside(request.scale, value))
+        ticks.push_back({value, tick_labels({value}, value, request.format, request.power)[0], {}});
+    }
+  }
+  return ticks;
+}
+
+std::vector<f64> decade_minors(const TickRequest& request, int every, const std::vector<int>& parts) {
+  const int first = static_cast<int>(std::floor(std::log10(request.scale.minimum)));
+  const int last = static_cast<int>(std::ceil(std::log10(request.scale.maximum)));
+  const f64 decade_pixels = length_of(request) / std::log10(request.scale.maximum / request.scale.minimum);
+  std::vector<f64> values;
+  for (int decade = first; decade <= last; ++decade) {
+    if (every > 1 && ((decade % every) + every) % every != 0 && decade_pixels >= kMinorSpacing)
+      values.push_back(decade_value(decade, 1));
+    if (every > 1 || decade_pixels < kMinorSpacing * 8) continue;
+    for (int part = 2; part < 10; ++part)
+      if (std::find(parts.begin(), parts.end(), part) == parts.end())
+        values.push_back(decade_value(decade, part));
+  }
+  std::erase_if(values, [&](f64 value) { return !inside(request.scale, value); });
+  return values;
+}
+
+AxisTicks logarithmic_ticks(const TickRequest& request, const TextMeasure& measure) {
+  const f64 decades = std::log10(request.scale.maximum / request.scale.minimum);
+  if (decades < 1) return linear_ticks(request, measure);
+  const std::array<std::vector<int>, 2> dense = {{{1, 2, 5}, {1}}};
+  AxisTicks ticks;
+  for (const std::vector<int>& parts : dense) {
+    ticks.major = decade_ticks(request, 1, parts);
+    ticks.minor = decade_minors(request, 1, parts);
+    if (labels_fit(request, measure, ticks.major)) return ticks;
+  }
+  for (int every = 2; every <= 600; ++every) {
+    ticks.major = decade_ticks(request, every, {1});
+    ticks.minor = decade_minors(request, every, {1});
+    if (labels_fit(request, measure, ticks.major)) break;
+  }
+  return ticks;
+}
+
+}  // namespace
+
+AxisTicks number_ticks(const TickRequest& request, const TextMeasure& measure) {
+  if (!(length_of(request) >= 1)) return {};
+  if (request.scale.logarithmic) return logarithmic_ticks(request, measure);
+  if (manual_is_usable(request)) return manual_ticks(request, measure);
+  return linear_ticks(request, measure);
+}
+
+}  // namespace trendaro

@@ -1,0 +1,28 @@
+#pragma once
+
+#include <cstddef>
+#include <vector>
+
+#include "app/types.h"
+#include "graph/curve_samples.h"
+#include "graph/graph_layout.h"
+
+namespace trendaro {
+
+// A curve as pieces of line in pixels. A piece ends where samples are missing.
+struct CurveOutline {
+  std::vector<PixelPoint> points;
+  std::vector<std::size_t> starts;  // index of the first point of each piece, rising
+};
+
+// What is drawn of a curve over `area`: of the samples in one pixel column the first, the lowest, the highest
+// and the last, in their order, so that no extreme is lost and the work goes with the pixels; where a column
+// holds few samples, all of them. One sample before and behind the area comes along, so that lines reach its
+// edges. Curves whose x falls somewhere keep each piece of line that touches a pixel nothing touched before.
+CurveOutline curve_outline(const CurveSamples& samples, const AxisScale& x_scale, const AxisScale& y_scale,
+                           const PixelRectangle& area);
+
+// Cuts an outline at the edges of `box`, at true crossings, so that what a painter gets is never far away.
+CurveOutline clipped(const CurveOutline& outline, const PixelRectangle& box);
+
+}  // namespace trendaro

@@ -1,0 +1,30 @@
+#pragma once
+
+#include <vector>
+
+#include "graph/graph_layout.h"
+
+namespace trendaro {
+
+// Places of the legend.
+inline constexpr i16 kLegendTop = 0;
+inline constexpr i16 kLegendBottom = 1;
+inline constexpr i16 kLegendLeft = 2;
+inline constexpr i16 kLegendRight = 3;
+
+// Forms of the legend.
+inline constexpr i16 kLegendList = 0;     // as many lines as it takes
+inline constexpr i16 kLegendOneLine = 1;  // names are elided until one line holds them
+inline constexpr i16 kLegendInLayers = 2;
+
+// The curves that the legend lists, in order, up to the list's end marker -1.
+std::vector<std::size_t> legend_subsets(const GraphProperties& shown);
+
+// Places the legend at its side of `room` and takes that room away. Nothing for a legend inside the layers.
+void place_legend(const GraphProperties& shown, const TextMeasure& measure, PixelRectangle& room,
+                  std::vector<LegendEntry>& legend);
+
+// Lists the curves of each layer in the upper left corner of its area.
+void place_legend_in_layers(const GraphProperties& shown, const TextMeasure& measure, GraphLayout& layout);
+
+}  // namespace trendaro

@@ -1,0 +1,19 @@
+#pragma once
+
+#include <QColor>
+
+#include "app/types.h"
+#include "graph/graph_properties.h"
+
+namespace trendaro {
+
+// A colour 0x00BBGGRR, or 0x80000000 + i: colour i of the desktop's palette.
+QColor graph_color(i32 color);
+
+// `color` laid over `back` with a share of 0 to 1.
+QColor blended(const QColor& color, const QColor& back, f64 share);
+
+// Colour of a curve; one of the palette where none is set.
+QColor curve_color(const GraphProperties& shown, std::size_t subset);
+
+}  // namespace trendaro

@@ -1,0 +1,67 @@
+#include "graph/painters/legend_painter.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include "graph/painters/curve_painter.h"
+#include "graph/painters/graph_colors.h"
+#include "graph/painters/line_style.h"
+#include "graph/painters/sharp_lines.h"
+#include "graph/painters/symbol_painter.h"
+#include "graph/painters/title_painter.h"
+
+namespace trendaro {
+namespace {
+
+constexpr f64 kLeastSampleWidth = 2;  // a hairline carries too little colour to be told from others
+constexpr f64 kBackOpacity = 0.85;
+
+i32 method_of(const GraphLayout& layout, std::size_t subset) {
+  return subset < layout.curves.size() ? layout.curves[subset].method : kMethodLine;
+}
+
+void paint_sample(QPainter& painter, const GraphProperties& shown, const GraphLayout& layout,
+                  const LegendEntry& entry) {
+  const QColor color = curve_color(shown, entry.subset);
+  const i32 method = method_of(layout, entry.subset);
+  const DeviceGrid grid(painter);
+  const PixelRectangle& box = entry.sample;
+  const f64 middle = grid.edge_y(box.y + box.height / 2) + 0.5 / grid.ratio();
+  painter.setRenderHint(QPainter::Antialiasing, true);
+  if (method == kMethodBars || method == kMethodArea) {
+    const f64 height = std::round(box.height * 0.55);
+    painter.fillRect(grid.aligned(QRectF(box.x, box.y + (box.height - height) / 2, box.width, height)),
+                     color);
+    return;
+  }
+  if (method != kMethodPoints) {
+    QPen pen = line_pen(line_type_of(shown, entry.subset), color);
+    // The pattern keeps its length although the line grows.
+    QList<qreal> pattern = pen.dashPattern();
+    const f64 width = std::max(pen.widthF(), kLeastSampleWidth);
+    for (qreal& length : pattern) length *= pen.widthF() / width;
+    if (pen.style() != Qt::SolidLine) pen.setDashPattern(pattern);
+    pen.setWidthF(width);
+    painter.setPen(pen);
+    painter.drawLine(QPointF(box.x, middle), QPointF(box.right(), middle));
+  }
+  if (method == kMethodPoints || method == kMethodLineAndPoints)
+    paint_symbol(painter, make_symbol(point_type_of(shown, entry.subset), symbol_size(shown.DataPointSize)),
+                 QPointF(box.x + box.width / 2, middle), color);
+}
+
+}  // namespace
+
+void paint_legend(QPainter& painter, const GraphProperties& shown, const GraphLayout& layout,
+                  const GraphFonts& fonts) {
+  QColor back = graph_color(shown.GraphBackColor);
+  back.setAlphaF(static_cast<float>(kBackOpacity));
+  for (const PixelRectangle& box : layout.legend_backs)
+    painter.fillRect(QRectF(box.x, box.y, box.width, box.height), back);
+  for (const LegendEntry& entry : layout.legend) {
+    paint_sample(painter, shown, layout, entry);
+    paint_text(painter, entry.name, fonts);
+  }
+}
+
+}  // namespace trendaro

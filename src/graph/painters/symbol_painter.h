@@ -1,0 +1,26 @@
+#pragma once
+
+#include <QPainter>
+#include <QPainterPath>
+
+#include "app/types.h"
+
+namespace trendaro {
+
+// A symbol around the origin.
+struct Symbol {
+  QPainterPath path;
+  bool filled = false;
+};
+
+// The symbol of a stored point type: 0 plus, 1 x, 2 circle, 4 square, 6 diamond, 8 triangle up, 10 triangle
+// down, each but the first two with its filled form at the next number, 72 dash, 73 dot. Unknown numbers give
+// a dot. `size` is the width in logical pixels.
+Symbol make_symbol(i32 point_type, f64 size);
+
+// Width of symbols by the stored setting: 0 small, 1 medium, 2 large, 3 tiny.
+f64 symbol_size(i32 setting);
+
+void paint_symbol(QPainter& painter, const Symbol& symbol, QPointF place, const QColor& color);
+
+}  // namespace trendaro

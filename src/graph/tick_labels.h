@@ -1,0 +1,31 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "app/types.h"
+
+namespace trendaro {
+
+// How an axis writes its numbers: from the text prefix "|" digits "|" suffix.
+struct NumberFormat {
+  std::string prefix, suffix;
+  std::optional<int> decimals;  // empty: as many as the step needs
+};
+
+// An empty text leaves the digits to the axis. The digits piece names the decimals by the places behind its
+// "."; without a "." it stands for whole numbers.
+NumberFormat parse_number_format(std::string_view text);
+
+// Decimals that a multiple of `step` needs, 0 to 15.
+int decimals_of_step(f64 step);
+
+// The labels of ticks that lie `step` apart: one number of decimals for all, so that neighbours differ. Very
+// large and very small numbers take an exponent that is a multiple of three, common to all, where the plain
+// form would be long and the exponent makes it shorter. Values are divided by 10^`power` first.
+std::vector<std::string> tick_labels(const std::vector<f64>& values, f64 step, const NumberFormat& format,
+                                     int power);
+
+}  // namespace trendaro
