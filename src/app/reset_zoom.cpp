@@ -1,0 +1,95 @@
+#include <array>
+#include <charconv>
+#include <cmath>
+#include <string>
+
+#include "app/commands.h"
+#include "app/dates.h"
+#include "app/model.h"
+#include "app/numbers.h"
+#include "app/toolbar.h"
+#include "graph/main_redraw.h"
+
+namespace trendaro {
+namespace {
+
+// A point count as the box shows it: 15 digits hide what the arithmetic leaves behind the last whole point.
+std::string count_text(f64 count) {
+  std::array<char, 32> digits{};
+  const auto end =
+      std::to_chars(digits.data(), digits.data() + digits.size(), count, std::chars_format::general, 15).ptr;
+  return {digits.data(), end};
+}
+
+void leave_graph_zoom(Model& model) {
+  PEactions(model.PESG, kLeaveZoom);
+  model.PESGSurvey.pending.AllowZooming = 0;
+  model.PESGSurvey.pending.ZoomActive = false;
+  PEactions(model.PESGSurvey, kLeaveZoom);
+  model.SurveyZoom = false;
+}
+
+void set_window_to_full_range(Model& model) {
+  model.ZoomXMin = model.DateAxis ? day_number_from_text(model.FirstDateText).value_or(0) : 0;
+  model.ZoomXMax = model.PESGSurvey.pending.ManualMaxX - model.SurveyMarginX;
+  model.ZoomPoints = model.MaxViewPoints;
+}
+
+void show_all_layers(Model& model) {
+  model.LastZoomLayer = 2;
+  model.FirstZoomLayer = 0;
+  for (int axis = 1; axis <= 6; ++axis)
+    enable_control(model, "mnuConfigAxis(" + std::to_string(axis) + ")", true);
+}
+
+void return_to_reduced_data(Model& model) {
+  for (PlotRecord& plot : model.Plots) {
+    if (plot.FileKind == kKindDatabase) {
+      plot.FileKind = kKindReducedPairs;
+      plot.ChannelIndex = round_to_i16(2.0 * plot.ChannelIndex - 1);
+    } else if (plot.FileKind == kKindDatabaseFromBlock) {
+      plot.FileKind = kKindReducedBlock;
+    }
+  }
+}
+
+void show_points(Model& model) {
+  ControlState& box = model.controls["ZoomPointsBox"];
+  box.back_color = model.HasFullDataPlot ? kYellow : kWhite;
+  if (model.HasFullDataPlot) {
+    box.text = number_text(i64{model.MaxPlotPoints});
+    return;
+  }
+  const f64 points = (model.ZoomXMax - model.ZoomXMin) / model.CompressedDXMax * model.ActiveReduceFactor / 2;
+  if (std::isfinite(points)) box.text = count_text(points);
+}
+
+void set_graphs_to_full_range(Model& model) {
+  model.Zoomed = false;
+  for (GraphSurface* graph : {&model.PESG, &model.PESGSurvey}) {
+    graph->pending.ZoomMaxX = graph->pending.ManualMaxX;
+    graph->pending.ZoomMinX = graph->pending.ManualMinX;
+  }
+  model.PESGSurvey.pending.SubTitle.clear();
+}
+
+}  // namespace
+
+void reset_zoom(Model& model) {
+  if (model.NofPlots == 0) return;
+  ReleaseZoomButtons(model);
+  leave_graph_zoom(model);
+  set_window_to_full_range(model);
+  show_all_layers(model);
+  if (model.OriginalDataMode) {
+    model.OriginalDataMode = false;
+    return_to_reduced_data(model);
+  }
+  model.MaxViewPoints = 0;
+  show_points(model);
+  set_graphs_to_full_range(model);
+  RedrawKMGraph(model, false);
+  for (const char* entry : {"mnuDBOffset", "mnuXUnit", "mnuNullValues"}) enable_control(model, entry, true);
+}
+
+}  // namespace trendaro
