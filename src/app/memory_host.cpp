@@ -4,6 +4,7 @@
 #include <limits>
 #include <map>
 
+#include "app/host_dialogs.h"
 #include "app/host_import.h"
 #include "app/memory_channel.h"
 #include "app/numbers.h"
@@ -148,8 +149,18 @@ void MemoryHost::ClearAllChannels() {
   for (MemoryChannel& channel : impl_->channels) empty_channel(channel);
 }
 
-void MemoryHost::ShowDialog(i16, i16) {
-  throw RunTimeError{kHostMemberMissing};
+void MemoryHost::ShowDialog(i16 dialog, i16) {
+  switch (dialog) {
+    case kDatabaseConfiguration:
+      impl_->capacity = ask_capacity(impl_->shell, impl_->capacity);
+      for (MemoryChannel& channel : impl_->channels)
+        set_length(channel, std::min(channel_length(channel), impl_->capacity), impl_->capacity);
+      return;
+    case kExportDialog:
+      return export_channels(impl_->shell, impl_->channels);
+    default:
+      throw RunTimeError{kHostMemberMissing};
+  }
 }
 
 i32 MemoryHost::KSD_WriteToDatabaseEx(i16, i32 channel, std::span<const f64> values, i16 append) {

@@ -89,8 +89,7 @@ void set_limits(Model& model) {
 void load_main_window(Model& model) {
   model.controls["AnnoGrid"].visible = false;
   model.ButtonLock = true;
-  // Without a host there is no database to ask; the window goes as soon as it becomes active.
-  if (model.Host != nullptr) InitDataSourceGrid(model);
+  InitDataSourceGrid(model);
   InitMainGraph(model);
   InitSurvGraph(model);
   load_templates(model);

@@ -3,6 +3,7 @@
 #include <cerrno>
 #include <cstdio>
 #include <cstdlib>
+#include <utility>
 
 #include <sys/stat.h>
 #include <unistd.h>
@@ -31,16 +32,22 @@ bool give_usual_rights(int descriptor, const std::string& path) {
 
 }  // namespace
 
-bool replace_file(const std::string& path, std::string_view contents) {
+bool replace_file(const std::string& path, const std::function<std::string()>& next_piece) {
   std::string temporary = path + ".XXXXXX";
   const int descriptor = ::mkstemp(temporary.data());
   if (descriptor < 0) return false;
-  bool done =
-      write_all(descriptor, contents) && give_usual_rights(descriptor, path) && ::fsync(descriptor) == 0;
+  bool done = true;
+  for (std::string piece = next_piece(); done && !piece.empty(); piece = next_piece())
+    done = write_all(descriptor, piece);
+  done = done && give_usual_rights(descriptor, path) && ::fsync(descriptor) == 0;
   done = ::close(descriptor) == 0 && done;
   if (done && std::rename(temporary.c_str(), path.c_str()) == 0) return true;
   ::unlink(temporary.c_str());
   return false;
+}
+
+bool replace_file(const std::string& path, std::string_view contents) {
+  return replace_file(path, [&] { return std::string(std::exchange(contents, {})); });
 }
 
 }  // namespace trendaro

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <string>
 #include <string_view>
 
@@ -9,5 +10,8 @@ namespace trendaro {
 // brought to disk and renamed. False when that failed; the former file is then as it was and no temporary
 // file is left.
 bool replace_file(const std::string& path, std::string_view contents);
+
+// The same for contents that come in pieces, the last of which is empty.
+bool replace_file(const std::string& path, const std::function<std::string()>& next_piece);
 
 }  // namespace trendaro

@@ -1,0 +1,91 @@
+#include "app/host_dialogs.h"
+
+#include <filesystem>
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "support/file_builder.h"
+#include "support/recording_shell.h"
+
+namespace trendaro {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+class ExportTest : public testing::Test {
+ protected:
+  TemporaryFolder folder;
+  RecordingShell shell;
+  OneBased<MemoryChannel> channels{3};
+
+  void fill(i16 number, const std::string& name, const std::string& unit, const std::vector<f64>& values) {
+    channels[number].name = name;
+    channels[number].unit = unit;
+    channels[number].export_selected = 1;
+    append_samples(channels[number], values, 1000000);
+  }
+};
+
+TEST_F(ExportTest, SelectedChannelsBecomeColumns) {
+  fill(1, "Drehzahl", "1/min", {0.5, -1e300});
+  fill(2, "weg", "", {1});
+  fill(3, "Öl\tdruck", "bar", {1, 2, 3});
+  channels[2].export_selected = 0;
+  shell.files = {folder.file("werte.csv")};
+  export_channels(shell, channels);
+  EXPECT_EQ(read_file(folder.file("werte.csv")), "Drehzahl\tÖl druck\n1/min\tbar\n0.5\t1\n-1e+300\t2\n\t3\n");
+  EXPECT_THAT(shell.messages(), IsEmpty());
+}
+
+TEST_F(ExportTest, NameWithoutAnExtensionGetsOne) {
+  fill(1, "a", "b", {});
+  shell.files = {folder.file("werte")};
+  export_channels(shell, channels);
+  EXPECT_EQ(read_file(folder.file("werte.TXT")), "a\nb\n");
+}
+
+TEST_F(ExportTest, LongChannelsComeWhole) {
+  std::vector<f64> values(10000);
+  for (std::size_t i = 0; i < values.size(); ++i) values[i] = static_cast<f64>(i);
+  fill(2, "n", "u", values);
+  shell.files = {folder.file("w.txt")};
+  export_channels(shell, channels);
+  std::string expected = "n\nu\n";
+  for (int i = 0; i < 10000; ++i) expected += std::to_string(i) + "\n";
+  EXPECT_EQ(read_file(folder.file("w.txt")), expected);
+}
+
+TEST_F(ExportTest, CancelledDialogWritesNothing) {
+  fill(1, "a", "b", {1});
+  export_channels(shell, channels);
+  EXPECT_THAT(shell.calls, ElementsAre("save: Daten exportieren"));
+}
+
+TEST_F(ExportTest, NothingSelectedIsSaid) {
+  shell.files = {folder.file("w.txt")};
+  export_channels(shell, channels);
+  EXPECT_THAT(shell.messages(), ElementsAre("Trendaro: Es ist kein Datenbasiskanal mit Werten ausgewählt."));
+  EXPECT_FALSE(std::filesystem::exists(folder.file("w.txt")));
+}
+
+TEST_F(ExportTest, FileThatCannotBeWrittenIsSaid) {
+  fill(1, "a", "b", {1});
+  shell.files = {folder.file("none/w.txt")};
+  export_channels(shell, channels);
+  EXPECT_THAT(shell.messages(),
+              ElementsAre("Trendaro: Fehler beim Schreiben der Datei " + folder.file("none/w.txt")));
+}
+
+TEST(CapacityTest, NumberInRangeIsTaken) {
+  RecordingShell shell;
+  shell.texts = {"250000", "0", "-4", "viel", "100000001", ""};
+  EXPECT_EQ(ask_capacity(shell, 100000), 250000);
+  for (int i = 0; i < 5; ++i) EXPECT_EQ(ask_capacity(shell, 100000), 100000);
+  EXPECT_EQ(shell.calls.front(),
+            "text: Datenbasis einrichten: Anzahl Werte, die ein Datenbasiskanal aufnimmt: [100000]");
+}
+
+}  // namespace
+}  // namespace trendaro

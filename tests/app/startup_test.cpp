@@ -1,0 +1,235 @@
+#include "app/startup.h"
+
+#include <filesystem>
+#include <string>
+#include <vector>
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "app/memory_host.h"
+#include "app/model.h"
+#include "app/run_time_error.h"
+#include "support/file_builder.h"
+#include "support/recording_shell.h"
+
+namespace trendaro {
+namespace {
+
+using testing::AnyOf;
+using testing::Each;
+using testing::ElementsAre;
+using testing::IsEmpty;
+using testing::Not;
+
+// A database that notes whether the list was locked when it was asked.
+class WatchedHost : public MemoryHost {
+ public:
+  WatchedHost(Shell& shell, const Model& model) : MemoryHost(shell, 24, 50000), model_(model) {}
+
+  std::vector<std::string> calls;
+  bool gone = false;
+
+  i16 MaxChannels() override {
+    note("MaxChannels");
+    if (gone) throw RunTimeError{kHostCallFailed};
+    return MemoryHost::MaxChannels();
+  }
+  HostValue GetChannelProperty(i16 channel, i16 property) override {
+    note("GetChannelProperty");
+    return MemoryHost::GetChannelProperty(channel, property);
+  }
+
+ private:
+  void note(const std::string& call) {
+    calls.push_back(call + (model_.ButtonLock ? " locked" : " unlocked"));
+  }
+  const Model& model_;
+};
+
+// One run of the program, with the templates in a folder that outlives it.
+struct Run {
+  RecordingShell shell;
+  Model model{shell};
+  WatchedHost host{shell, model};
+
+  explicit Run(const TemporaryFolder& folder) {
+    model.Host = &host;
+    model.Kernel = &host;
+    model.TemplateFolder = folder.path();
+  }
+};
+
+class StartupTest : public testing::Test {
+ protected:
+  TemporaryFolder folder;
+
+  std::vector<std::string> ticked(const Model& model) {
+    std::vector<std::string> names;
+    for (const auto& [name, state] : model.controls.all())
+      if (state.ticked) names.push_back(name);
+    return names;
+  }
+};
+
+TEST_F(StartupTest, FirstRunShowsTheDefaults) {
+  Run run(folder);
+  load_main_window(run.model);
+  const Model& model = run.model;
+  EXPECT_EQ(model.PESG.shown().MainTitle, "Ausschnitt");
+  EXPECT_EQ(model.PESG.shown().SubTitle, "komprimierte Daten");
+  EXPECT_EQ(model.PESGSurvey.shown().MainTitle, "Übersicht");
+  EXPECT_EQ(model.PESGSurvey.shown().SubTitle, "");
+  EXPECT_THAT(ticked(model), ElementsAre("mnuAxAutoTitle", "mnuCurveCache", "mnuShowDatasourceGrid",
+                                         "mnuShowSurvGraph", "mnuTUnit(1)", "mnuUseCompression"));
+  EXPECT_TRUE(model.AxisAutoTitle);
+  EXPECT_THAT(run.shell.calls, IsEmpty());
+}
+
+TEST_F(StartupTest, LoadLeavesTheAgreedStartValues) {
+  Run run(folder);
+  Model& model = run.model;
+  model.CurrentLayer = 3;
+  model.CurrentSide = 2;
+  model.TimeUnit = 4;
+  model.xSrc.ListIndex = 1;
+  model.PreviousSource = 1;
+  model.ZoomLengthWarned = model.OccupiedWarned = true;
+  model.OriginalExtension = "BIN";
+  model.CompressTarget = model.CompressThreshold = 1;
+  model.FirstLayer = 1;
+  model.LastLayer = 1;
+  load_main_window(model);
+  EXPECT_EQ(model.CurrentLayer, 1);
+  EXPECT_EQ(model.CurrentSide, 1);
+  EXPECT_EQ(model.controls["TB_AXIS1"].image, "Y1_DN");
+  EXPECT_EQ(model.controls["TB_AXIS1"].tag, "1");
+  EXPECT_EQ(model.controls["TB_LYAXIS"].image, "LY_DN");
+  EXPECT_EQ(model.TimeUnit, 1);
+  EXPECT_EQ(model.GraphStyleValue, 3);
+  EXPECT_EQ(model.xSrc.ListIndex, 0);
+  EXPECT_EQ(model.PreviousSource, 0);
+  EXPECT_FALSE(model.ZoomLengthWarned);
+  EXPECT_FALSE(model.OccupiedWarned);
+  EXPECT_EQ(model.OriginalExtension, "DAT");
+  EXPECT_EQ(model.CompressTarget, 10000);
+  EXPECT_EQ(model.CompressThreshold, 100000);
+  EXPECT_EQ(model.FirstLayer, 0);
+  EXPECT_EQ(model.LastLayer, 2);
+  EXPECT_FALSE(model.controls["AnnoGrid"].visible);
+}
+
+TEST_F(StartupTest, GraphStyleThatIsSetStays) {
+  Run run(folder);
+  run.model.GraphStyleValue = 5;
+  load_main_window(run.model);
+  EXPECT_EQ(run.model.GraphStyleValue, 5);
+}
+
+TEST_F(StartupTest, ListIsLockedUntilTheEndOfTheLoad) {
+  Run run(folder);
+  load_main_window(run.model);
+  EXPECT_THAT(run.host.calls, Each(AnyOf("MaxChannels locked", "GetChannelProperty locked")));
+  EXPECT_THAT(run.host.calls, Not(IsEmpty()));
+  EXPECT_FALSE(run.model.ButtonLock);
+  EXPECT_EQ(run.model.MaxDatabaseChannels, 24);
+  EXPECT_EQ(run.model.controls["PointsBox"].text, "50000");
+}
+
+TEST_F(StartupTest, FailureOfTheLoadIsNotCaught) {
+  Run run(folder);
+  run.host.gone = true;
+  EXPECT_THROW(load_main_window(run.model), RunTimeError);
+}
+
+TEST_F(StartupTest, SecondRunHasTheLookOfTheFirst) {
+  {
+    Run first(folder);
+    load_main_window(first.model);
+    first.model.PESG.pending.GraphBackColor = 0x123456;
+    first.model.PESG.pending.LegendStyle = 1;
+    first.model.PESG.pending.NullDataValue = 7;
+    first.model.PESGSurvey.pending.GraphBackColor = 0x654321;
+    unload_main_window(first.model);
+  }
+  EXPECT_TRUE(std::filesystem::exists(folder.file("KM_TEMPLATE.$$$")));
+  EXPECT_TRUE(std::filesystem::exists(folder.file("KMSurv_TEMPLATE.$$$")));
+  Run second(folder);
+  load_main_window(second.model);
+  EXPECT_EQ(second.model.PESG.shown().GraphBackColor, 0x123456);
+  EXPECT_EQ(second.model.PESGSurvey.shown().GraphBackColor, 0x654321);
+  EXPECT_TRUE(second.model.controls["mnuLegendPos(7)"].ticked);
+  EXPECT_EQ(second.model.PESG.pending.NullDataValue, -1000000);
+  EXPECT_EQ(second.model.PESG.shown().MainTitle, "Ausschnitt");
+  EXPECT_EQ(second.model.LastDatabaseStatus, kPropertyDone);
+}
+
+TEST_F(StartupTest, DamagedTemplateLeavesTheDefaults) {
+  write_file(folder.file("KM_TEMPLATE.$$$"), "trendaro graph template 1\nGraphBackColor = 3\n");
+  Run run(folder);
+  load_main_window(run.model);
+  EXPECT_EQ(run.model.PESG.pending.GraphBackColor, GraphProperties().GraphBackColor);
+  EXPECT_EQ(run.model.LastDatabaseStatus, kPropertyUnknown);
+}
+
+TEST_F(StartupTest, WithoutAHostTheLoadPassesAndTheActivationRefuses) {
+  Run run(folder);
+  run.model.Host = nullptr;
+  load_main_window(run.model);
+  EXPECT_FALSE(activate_main_window(run.model));
+  EXPECT_THAT(
+      run.shell.messages(),
+      ElementsAre("Trendaro: Mervan ActiveX-Server nicht vorhanden. Trendaro kann nicht gestartet werden!"));
+  EXPECT_THAT(run.shell.icons, ElementsAre(MessageIcon::Stop));
+}
+
+TEST_F(StartupTest, WithAHostTheActivationSaysNothing) {
+  Run run(folder);
+  EXPECT_TRUE(activate_main_window(run.model));
+  EXPECT_THAT(run.shell.calls, IsEmpty());
+}
+
+TEST_F(StartupTest, ClosingAsksAndOnlyYesCloses) {
+  Run run(folder);
+  run.shell.yes_no = {false, true};
+  EXPECT_FALSE(query_close(run.model));
+  EXPECT_TRUE(query_close(run.model));
+  EXPECT_THAT(run.shell.calls, ElementsAre("question: Programm beenden: Trendaro beenden?",
+                                           "question: Programm beenden: Trendaro beenden?"));
+}
+
+TEST_F(StartupTest, ClosingWithoutAHostAsksNothing) {
+  Run run(folder);
+  run.model.Host = nullptr;
+  EXPECT_TRUE(query_close(run.model));
+  EXPECT_THAT(run.shell.calls, IsEmpty());
+}
+
+TEST_F(StartupTest, ViewerMayBeReleasedAfterTheUnloadOnly) {
+  Run run(folder);
+  load_main_window(run.model);
+  EXPECT_FALSE(run.model.CanUnloadFlag.has_value());
+  EXPECT_FALSE(can_unload(run.model));
+  unload_main_window(run.model);
+  EXPECT_TRUE(can_unload(run.model));
+}
+
+TEST_F(StartupTest, HostMaySetTheFlagItself) {
+  Run run(folder);
+  run.model.CanUnloadFlag = true;
+  EXPECT_TRUE(can_unload(run.model));
+  run.model.CanUnloadFlag = false;
+  EXPECT_FALSE(can_unload(run.model));
+}
+
+TEST_F(StartupTest, UnloadPassesFailuresBy) {
+  Run run(folder);
+  load_main_window(run.model);
+  run.model.TemplateFolder = folder.file("no folder");
+  unload_main_window(run.model);
+  EXPECT_TRUE(can_unload(run.model));
+  EXPECT_THAT(run.shell.calls, Not(testing::Contains(testing::HasSubstr("message"))));
+}
+
+}  // namespace
+}  // namespace trendaro
