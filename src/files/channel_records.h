@@ -65,4 +65,12 @@ struct ChannelExtraRecord {
   friend bool operator==(const ChannelExtraRecord&, const ChannelExtraRecord&) = default;
 };
 
+class ByteCursor;
+
+// Reads ParamLength and that many bytes. A shorter record leaves the remaining fields of `record` as they
+// are, of a longer one the rest is passed; a length below 0 counts as none. Returns ParamLength as it stands.
+i32 read_param_record(ByteCursor& cursor, ChannelParamRecord& record);
+
+ChannelExtraRecord read_extra_record(ByteCursor& cursor);
+
 }  // namespace trendaro
