@@ -18,7 +18,8 @@ LoadStatus LoadRecorderFile(Model& model, i16 mode, const std::string& path, i16
 // The samples `first` (from 0) to `first + count - 1` of one output channel, the same numbers that mode 1
 // gives there, fewer where the channel ends earlier. Touches the header and the bytes of those samples alone;
 // the model's result area then describes the file as after mode 0. A channel that the file lacks gives an
-// empty `destination` and no error. Status as LoadRecorderFile; nothing is thrown.
+// empty `destination` and no error. Status as LoadRecorderFile; nothing is thrown. A time channel of doubles
+// is summed to its end here, where mode 1 fails.
 LoadStatus LoadRecorderRange(Model& model, const std::string& path, i16 channel, i64 first, i64 count,
                              SampleArray& destination);
 

@@ -1,0 +1,34 @@
+#pragma once
+
+#include <span>
+
+#include "app/types.h"
+#include "files/input_file.h"
+#include "files/recorder_header.h"
+
+namespace trendaro {
+
+// Raw samples to physical values. Scale and Offset are f32 as in the file; products are formed in f64, but
+// for i16 samples outside of time channels in f32.
+f64 physical_i32(i32 raw, f32 scale, f32 offset);
+f64 physical_i16(i16 raw, f32 scale, f32 offset);
+f64 physical_time_word(u16 raw, f32 scale, f32 offset);  // i16 samples of time channels count without a sign
+
+// The number of rows, after it was held against the file: a recording may lack the end of its data part, but
+// one that claims far more than eight times what is there (and more than a million rows) throws
+// RunTimeError{kOutOfMemory}. Throws RunTimeError{kIndexOutOfRange} for a negative number.
+i64 checked_row_count(const InputFile& file, const RecorderHeader& header);
+
+// The values of output channel `channel` (from 1, one that the header has) from row `first` (0 or more) on,
+// one for each element of `destination`. A time channel comes with its carry, the column behind it. What the
+// file does not hold is 0. Throws RunTimeError{kIndexOutOfRange} for a time channel of raw samples without a
+// column behind it.
+void read_recorder_values(const InputFile& file, const RecorderHeader& header, i32 channel, i64 first,
+                          std::span<f64> destination);
+
+// One column of a recording of doubles alone, without a carry; the channel may be one too many, and then
+// nothing is there.
+void read_double_column(const InputFile& file, const RecorderHeader& header, i32 channel, i64 first,
+                        std::span<f64> destination);
+
+}  // namespace trendaro

@@ -1,0 +1,183 @@
+#include "files/section_writer.h"
+
+#include <algorithm>
+#include <cstddef>
+#include <exception>
+#include <limits>
+#include <optional>
+#include <string_view>
+#include <vector>
+
+#include <unistd.h>
+
+#include "app/dates.h"
+#include "app/run_time_error.h"
+#include "app/text_codepage.h"
+#include "files/byte_view.h"
+#include "files/byte_writer.h"
+#include "files/file_conversions.h"
+#include "files/input_file.h"
+#include "files/recorder_header.h"
+#include "files/recorder_settings.h"
+#include "files/recorder_tables.h"
+
+namespace trendaro {
+namespace {
+
+constexpr i64 kCopyBytes = i64{4} << 20;
+constexpr i64 kDateTextBytes = 24;
+constexpr i64 kRowCountPlace = 12;
+constexpr f64 kMillisecondsADay = 86400000;
+
+// The header of the source: everything up to the end of the comments, as far as it is there.
+struct SectionHeader {
+  std::string bytes;
+  i32 entry_count = 0;
+  i32 sample_format = 0;
+  i32 rate_code = 0;
+  i32 data_offset = 0;
+  i64 date_place = 0;
+};
+
+ByteView view_of(const std::string& bytes) {
+  return {{reinterpret_cast<const u8*>(bytes.data()), bytes.size()}};
+}
+
+std::string read_start(const InputFile& file, i64 count) {
+  std::string bytes(static_cast<std::size_t>(std::min(count, file.size())), '\0');
+  bytes.resize(static_cast<std::size_t>(file.read_at(0, bytes.data(), static_cast<i64>(bytes.size())).bytes));
+  return bytes;
+}
+
+// Both kinds of time entries have no settings block here; they stand last in the table.
+i32 entries_with_settings(const ByteView& view, i32 entry_count) {
+  i32 count = entry_count;
+  for (i32 entry = 0; entry < entry_count; ++entry)
+    if (view.number<i32>(kRecorderFixedBytes + kRecorderEntryBytes * entry) >= kTimeChannel) --count;
+  return count;
+}
+
+SectionHeader read_section_header(const InputFile& source) {
+  SectionHeader header;
+  header.bytes = read_start(source, kRecorderFixedBytes);
+  const ByteView fixed = view_of(header.bytes);
+  header.entry_count = fixed.number<i32>(4);
+  header.sample_format = fixed.number<i32>(16);
+  header.rate_code = fixed.number<i32>(20);
+  header.data_offset = fixed.number<i32>(24);
+  if (header.entry_count < 0 || header.entry_count > std::numeric_limits<i16>::max())
+    throw RunTimeError{kOverflow};
+
+  const i64 table_end = kRecorderFixedBytes + kRecorderEntryBytes * header.entry_count;
+  header.bytes = read_start(
+      source, table_end + kSettingsBytes * header.entry_count + kRecorderDateBytes + kRecorderCommentBytes);
+  header.date_place =
+      table_end + kSettingsBytes * entries_with_settings(view_of(header.bytes), header.entry_count);
+  const auto whole = static_cast<std::size_t>(header.date_place + kRecorderDateBytes + kRecorderCommentBytes);
+  if (header.bytes.size() > whole) header.bytes.resize(whole);
+  if (!view_of(header.bytes).holds(header.date_place, kRecorderDateBytes)) throw RunTimeError{kDeviceError};
+  return header;
+}
+
+// The date in the recorder's own form, or as an earlier section carries it.
+f64 read_date(const SectionHeader& header) {
+  const std::string text =
+      CutAtNul(utf8_from_codepage(view_of(header.bytes).text(header.date_place, kDateTextBytes)));
+  std::optional<f64> date = day_number_from_text(RecorderDateToText(text));
+  if (!date) date = day_number_from_text(text);
+  if (!date) throw RunTimeError{kTypeMismatch};
+  return *date;
+}
+
+void put_row_count(SectionHeader& header, i32 row_count) {
+  std::memcpy(header.bytes.data() + kRowCountPlace, &row_count, sizeof row_count);
+}
+
+void put_date(SectionHeader& header, i32 first_row) {
+  const f64 interval = 1000.0 / f64{recorder_rate(header.rate_code)};
+  std::string text =
+      codepage_from_utf8(date_time_text(read_date(header) + interval * first_row / kMillisecondsADay));
+  if (text.empty()) throw RunTimeError{kOverflow};
+  text.resize(kRecorderDateBytes, '\0');
+  header.bytes.replace(static_cast<std::size_t>(header.date_place), text.size(), text);
+}
+
+i64 sample_bytes(i32 sample_format) {
+  if (sample_format == kSamplesI16) return 2;
+  return sample_format == kSamplesI32 || sample_format == kSamplesF32 ? 4 : 0;
+}
+
+void copy_rows(const InputFile& source, ByteWriter& target, const SectionHeader& header, i32 first_row,
+               i32 row_count) {
+  const i64 row_bytes = sample_bytes(header.sample_format) * header.entry_count;
+  if (row_bytes == 0) return;
+  if (first_row < 0 || row_count < 0) throw RunTimeError{kIndexOutOfRange};
+  const i64 begin = header.data_offset + row_bytes * first_row;
+  const i64 wanted = row_bytes * row_count;
+  std::vector<char> buffer(static_cast<std::size_t>(std::min(wanted, kCopyBytes)));
+  i64 done = 0;
+  while (done < wanted) {
+    const i64 count = std::min(wanted - done, static_cast<i64>(buffer.size()));
+    const ReadResult read = source.read_at(begin + done, buffer.data(), count);
+    target.write_bytes({buffer.data(), static_cast<std::size_t>(read.bytes)});
+    done += read.bytes;
+    if (read.bytes < count || !target.ok()) break;
+  }
+  if (done == wanted) return;
+  // A last byte far behind makes the rows between zero without taking room on the disk.
+  target.seek(header.data_offset + wanted - 1);
+  target.write_u8(0);
+}
+
+void write_section(const InputFile& source, ByteWriter& target, i32 first_row, i32 row_count) {
+  SectionHeader header = read_section_header(source);
+  put_row_count(header, row_count);
+  put_date(header, first_row);
+  if (header.data_offset < 0) throw RunTimeError{kInvalidArgument};
+  target.write_bytes(header.bytes);
+  target.seek(header.data_offset);
+  copy_rows(source, target, header, first_row, row_count);
+  if (!target.finish()) throw RunTimeError{kDeviceError};
+}
+
+i32 read_id(const InputFile& source) {
+  return view_of(read_start(source, sizeof(i32))).number<i32>(0);
+}
+
+}  // namespace
+
+std::string section_failure_text(SectionStatus status) {
+  switch (status) {
+    case SectionStatus::Done:
+      return {};
+    case SectionStatus::NotOpened:
+      return "Fehler bei Öffnen der Datei!";
+    case SectionStatus::NotRecording:
+      return "Es wird keine komprimierte Meßwertdatei angezeigt.";
+    case SectionStatus::Failed:
+      break;
+  }
+  return "Fehler bei Schreiben der Ausschnittsdatei!";
+}
+
+SectionStatus WriteSectionFile(const std::string& source, const std::string& target, i32 firstRow,
+                               i32 rowCount) {
+  try {
+    const InputFile input(source);
+    if (!input.is_open()) return SectionStatus::NotOpened;
+    ByteWriter output(target);
+    if (!output.is_open() || is_same_file(input.descriptor(), output.descriptor()))
+      return SectionStatus::NotOpened;
+    if (ftruncate(output.descriptor(), 0) != 0) return SectionStatus::Failed;
+    const i32 id = read_id(input);
+    if (id != kRecording && id != kReducedRecording) return SectionStatus::NotRecording;
+    write_section(input, output, firstRow, rowCount);
+    return SectionStatus::Done;
+  } catch (const RunTimeError&) {
+    return SectionStatus::Failed;
+  } catch (const std::exception&) {
+    return SectionStatus::Failed;
+  }
+}
+
+}  // namespace trendaro
