@@ -1,0 +1,36 @@
+#include "app/file_arguments.h"
+
+#include "app/model.h"
+#include "app/paths.h"
+#include "datasource/file_list.h"
+#include "datasource/grid_handlers.h"
+#include "datasource/mark.h"
+
+namespace trendaro {
+namespace {
+
+// The row of a channel of `path` from `first` on; 0 where there is none. A file may bring its family along,
+// so the path tells whose rows they are.
+i32 find_channel(const ChannelRows& list, i32 first, const std::string& path, i16 channel) {
+  for (i32 row = first; row <= list.MaxRows(); ++row) {
+    const ChannelRow& cells = list.rows[row];
+    if (is_channel(cells.kind) && mark_index(cells.mark) == channel && equal_ignoring_case(cells.path, path))
+      return row;
+  }
+  return 0;
+}
+
+}  // namespace
+
+void open_file_argument(Model& model, const FileArgument& argument) {
+  const i32 first = model.Grid.MaxRows() + 1;
+  open_file(model, argument.path);
+  for (const i16 channel : argument.channels) {
+    const i32 row = find_channel(model.Grid, first, argument.path, channel);
+    if (row == 0 || model.Grid.rows[row].check == 1) continue;
+    activate_row(model, row);
+    click_check_cell(model, row, 1);
+  }
+}
+
+}  // namespace trendaro

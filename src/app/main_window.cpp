@@ -1,0 +1,182 @@
+#include "app/main_window.h"
+
+#include <QCloseEvent>
+#include <QComboBox>
+#include <QDragEnterEvent>
+#include <QMenu>
+#include <QMimeData>
+
+#include "app/attempt.h"
+#include "app/commands.h"
+#include "app/icons.h"
+#include "app/menu_bar.h"
+#include "app/model.h"
+#include "app/pane_area.h"
+#include "app/qt_text.h"
+#include "app/startup.h"
+#include "app/status_bar.h"
+#include "app/tool_bar.h"
+#include "app/tool_boxes.h"
+#include "app/toolbar.h"
+#include "app/window_shell.h"
+#include "datasource/channel_grid.h"
+#include "datasource/file_list.h"
+#include "datasource/grid_handlers.h"
+
+namespace trendaro {
+namespace {
+
+constexpr QSize kFirstSize(1280, 800);  // pixels
+
+std::vector<std::string> local_files(const QMimeData& data) {
+  std::vector<std::string> paths;
+  for (const QUrl& url : data.urls())
+    if (url.isLocalFile()) paths.push_back(utf8_text(url.toLocalFile()));
+  return paths;
+}
+
+void tell_failure(Shell& shell, int number) {
+  shell.show_message("Laufzeitfehler " + std::to_string(number), kProgramTitle, MessageIcon::Stop);
+}
+
+}  // namespace
+
+Kelmira::Kelmira(Model& model, WindowShell& shell)
+    : model_(model),
+      shell_(shell),
+      menu_bar_(new MenuBar(this)),
+      tool_bar_(new ToolBar(this)),
+      panes_(new PaneArea(model, this)),
+      status_bar_(new StatusBar(this)) {
+  setObjectName(QStringLiteral("Kelmira"));
+  setWindowTitle(qt_text(kProgramTitle));
+  setWindowIcon(load_icon("TRENDARO"));
+  setMenuBar(menu_bar_);
+  addToolBar(tool_bar_);
+  setCentralWidget(panes_);
+  setStatusBar(status_bar_);
+  setAcceptDrops(true);
+  resize(kFirstSize);
+  connect_menus();
+  connect_tool_bar();
+  connect_list();
+  shell_.attach(this, status_bar_);
+  mirror();
+}
+
+Kelmira::~Kelmira() {
+  shell_.attach(nullptr, nullptr);
+}
+
+void Kelmira::run(const std::function<void()>& handler) {
+  try {
+    handler();
+  } catch (const RunTimeError& failure) {
+    tell_failure(model_.shell, failure.number);
+  } catch (const std::bad_alloc&) {
+    tell_failure(model_.shell, kOutOfMemory);
+  } catch (const std::exception&) {
+    tell_failure(model_.shell, kInvalidArgument);
+  }
+  mirror();
+}
+
+void Kelmira::mirror() {
+  menu_bar_->mirror(model_.controls);
+  tool_bar_->mirror(model_.controls);
+  panes_->mirror();
+}
+
+void Kelmira::connect_menus() {
+  connect(menu_bar_, &MenuBar::command_chosen, this,
+          [this](const QByteArray& name) { run([&] { run_command(model_, name.constData()); }); });
+  connect(menu_bar_, &MenuBar::menu_opening, this,
+          [this](const QByteArray& name) { run([&] { open_menu(model_, name.constData()); }); });
+}
+
+void Kelmira::connect_tool_bar() {
+  connect(tool_bar_, &ToolBar::tool_clicked, this,
+          [this](const QByteArray& key) { run([&] { click_tool(model_, key.toStdString()); }); });
+  connect(tool_bar_, &ToolBar::box_edited, this, [this](const QByteArray& name, const QString& text) {
+    model_.controls[name.toStdString()].text = utf8_text(text);
+  });
+  connect(tool_bar_, &ToolBar::box_entered, this,
+          [this](const QByteArray& name) { run([&] { enter_tool_box(model_, name.toStdString()); }); });
+}
+
+void Kelmira::connect_list() {
+  ChannelGrid& grid = panes_->grid();
+  connect(&grid, &ChannelGrid::check_cell_clicked, this, [this](int row, int check) {
+    run([&] { click_check_cell(model_, row, static_cast<i16>(check)); });
+  });
+  connect(&grid, &ChannelGrid::row_chosen, this,
+          [this](int row) { run([&] { activate_row(model_, row); }); });
+  connect(&grid, &ChannelGrid::cell_right_clicked, this, &Kelmira::open_channel_menu);
+  connect(&grid, &ChannelGrid::removal_asked, this, &Kelmira::remove_active_file);
+  grid.tip = [this](i32 row, i16 column) {
+    QString text;
+    attempt([&] { text = qt_text(text_tip(model_, row, column)); });
+    return text;
+  };
+  connect(&panes_->x_source(), &QComboBox::activated, this,
+          [this](int entry) { run([&] { click_xSrc(model_, static_cast<i16>(entry)); }); });
+}
+
+void Kelmira::open_channel_menu(int row, int column, const QPoint& global_position) {
+  run([&] { right_click_cell(model_, row, static_cast<i16>(column)); });
+  menu_bar_->menu("mnuPOP1")->popup(global_position);
+}
+
+// The key works where the menu entry would.
+void Kelmira::remove_active_file() {
+  run([&] {
+    open_menu(model_, "mnuFile");
+    if (model_.controls["mnuRemoveFile"].enabled) run_command(model_, "mnuRemoveFile");
+  });
+}
+
+void Kelmira::check_host() {
+  if (refused_ || !isVisible()) return;
+  refused_ = model_.Host == nullptr;
+  if (!activate_main_window(model_)) close();
+}
+
+bool Kelmira::event(QEvent* event) {
+  if (event->type() == QEvent::WindowActivate)
+    QMetaObject::invokeMethod(this, &Kelmira::check_host, Qt::QueuedConnection);
+  return QMainWindow::event(event);
+}
+
+// A window manager need not activate a new window; the host is looked for all the same.
+void Kelmira::showEvent(QShowEvent* event) {
+  QMainWindow::showEvent(event);
+  QMetaObject::invokeMethod(this, &Kelmira::check_host, Qt::QueuedConnection);
+}
+
+void Kelmira::closeEvent(QCloseEvent* event) {
+  if (!query_close(model_)) {
+    event->ignore();
+    return;
+  }
+  unload_main_window(model_);
+  event->accept();
+}
+
+void Kelmira::dragEnterEvent(QDragEnterEvent* event) {
+  if (!local_files(*event->mimeData()).empty()) event->acceptProposedAction();
+}
+
+// The files are read behind the drop, so that the other program need not wait for it.
+void Kelmira::dropEvent(QDropEvent* event) {
+  const std::vector<std::string> paths = local_files(*event->mimeData());
+  if (paths.empty()) return;
+  event->acceptProposedAction();
+  QMetaObject::invokeMethod(
+      this, [this, paths] { open_dropped(paths); }, Qt::QueuedConnection);
+}
+
+void Kelmira::open_dropped(const std::vector<std::string>& paths) {
+  for (const std::string& path : paths) run([&] { open_file(model_, path); });
+}
+
+}  // namespace trendaro

@@ -1,0 +1,58 @@
+#pragma once
+
+#include <QMainWindow>
+#include <functional>
+#include <string>
+#include <vector>
+
+namespace trendaro {
+
+class MenuBar;
+class PaneArea;
+class StatusBar;
+class ToolBar;
+class WindowShell;
+struct Model;
+
+// The main window. Widgets tell it what the user did; it calls the handler of the model and then mirrors the
+// model into all widgets.
+class Kelmira : public QMainWindow {
+  Q_OBJECT
+
+ public:
+  // Both must outlive the window. The shell shows its dialogs over this window from now on.
+  Kelmira(Model& model, WindowShell& shell);
+  ~Kelmira() override;
+
+  // Calls a handler and mirrors what it left. A failure that the handler lets out is told to the user.
+  void run(const std::function<void()>& handler);
+
+  // Brings all widgets in line with the model.
+  void mirror();
+
+ protected:
+  bool event(QEvent* event) override;
+  void showEvent(QShowEvent* event) override;
+  void closeEvent(QCloseEvent* event) override;
+  void dragEnterEvent(QDragEnterEvent* event) override;
+  void dropEvent(QDropEvent* event) override;
+
+ private:
+  void connect_menus();
+  void connect_tool_bar();
+  void connect_list();
+  void open_channel_menu(int row, int column, const QPoint& global_position);
+  void remove_active_file();
+  void open_dropped(const std::vector<std::string>& paths);
+  void check_host();
+
+  Model& model_;
+  WindowShell& shell_;
+  MenuBar* menu_bar_;
+  ToolBar* tool_bar_;
+  PaneArea* panes_;
+  StatusBar* status_bar_;
+  bool refused_ = false;  // the window goes because there is no host
+};
+
+}  // namespace trendaro

@@ -1,0 +1,13 @@
+#pragma once
+
+#include <string_view>
+
+namespace trendaro {
+
+struct Model;
+
+// Enter in a text field of the toolbar. StepBox sets the scroll step and shows it as an integer; a number
+// that is too large for a step leaves the old one.
+void enter_tool_box(Model& model, std::string_view name);
+
+}  // namespace trendaro

@@ -1,0 +1,89 @@
+#include "app/window_shell.h"
+
+#include <QApplication>
+#include <QFileInfo>
+
+#include "app/message_boxes.h"
+#include "app/qt_text.h"
+#include "app/status_bar.h"
+
+namespace trendaro {
+namespace {
+
+// Takes the wait pointer away while a dialog waits for the user.
+class UserPointer {
+ public:
+  UserPointer() {
+    while (QApplication::overrideCursor() != nullptr) {
+      QApplication::restoreOverrideCursor();
+      ++taken_;
+    }
+  }
+  ~UserPointer() {
+    for (; taken_ > 0; --taken_) QApplication::setOverrideCursor(Qt::WaitCursor);
+  }
+  UserPointer(const UserPointer&) = delete;
+  UserPointer& operator=(const UserPointer&) = delete;
+
+ private:
+  int taken_ = 0;
+};
+
+}  // namespace
+
+void WindowShell::attach(QWidget* window, StatusBar* status_bar) {
+  window_ = window;
+  status_bar_ = status_bar;
+}
+
+void WindowShell::show_message(const std::string& text, const std::string& title, MessageIcon icon) {
+  const UserPointer pointer;
+  show_message_box(window_, qt_text(text), qt_text(title), icon);
+}
+
+bool WindowShell::ask_yes_no(const std::string& text, const std::string& title) {
+  const UserPointer pointer;
+  return ask_yes_no_box(window_, qt_text(text), qt_text(title));
+}
+
+std::string WindowShell::ask_text(const std::string& prompt, const std::string& title,
+                                  const std::string& preset) {
+  const UserPointer pointer;
+  return utf8_text(ask_text_box(window_, qt_text(prompt), qt_text(title), qt_text(preset)));
+}
+
+std::string WindowShell::ask_open_file(const FileDialog& dialog) {
+  const UserPointer pointer;
+  return remember(ask_open_file_box(window_, dialog, folder_));
+}
+
+std::string WindowShell::ask_save_file(const FileDialog& dialog) {
+  const UserPointer pointer;
+  return remember(ask_save_file_box(window_, dialog, folder_));
+}
+
+std::string WindowShell::remember(const QString& file) {
+  if (!file.isEmpty()) folder_ = QFileInfo(file).absolutePath();
+  return utf8_text(file);
+}
+
+void WindowShell::show_status(int panel, const std::string& text) {
+  if (status_bar_ != nullptr) status_bar_->set_panel(panel, qt_text(text));
+}
+
+void WindowShell::show_progress(f64 fraction) {
+  if (status_bar_ != nullptr) status_bar_->set_progress(fraction);
+}
+
+void WindowShell::show_wait_pointer(bool on) {
+  if (on)
+    QApplication::setOverrideCursor(Qt::WaitCursor);
+  else
+    QApplication::restoreOverrideCursor();
+}
+
+void WindowShell::close_window() {
+  if (window_ != nullptr) window_->close();
+}
+
+}  // namespace trendaro

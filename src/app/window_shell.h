@@ -1,0 +1,40 @@
+#pragma once
+
+#include <QString>
+
+#include "app/shell.h"
+
+class QWidget;
+
+namespace trendaro {
+
+class StatusBar;
+
+// The user behind the main window. Before a window is attached dialogs stand alone, and status and progress
+// show nowhere.
+class WindowShell : public Shell {
+ public:
+  // Both must outlive their use here; null takes the window away again.
+  void attach(QWidget* window, StatusBar* status_bar);
+
+  void show_message(const std::string& text, const std::string& title, MessageIcon icon) override;
+  bool ask_yes_no(const std::string& text, const std::string& title) override;
+  std::string ask_text(const std::string& prompt, const std::string& title,
+                       const std::string& preset) override;
+  std::string ask_open_file(const FileDialog& dialog) override;
+  std::string ask_save_file(const FileDialog& dialog) override;
+  void show_status(int panel, const std::string& text) override;
+  void show_progress(f64 fraction) override;
+  void show_wait_pointer(bool on) override;
+  void close_window() override;
+
+ private:
+  // Keeps the folder of a chosen file for the next dialog.
+  std::string remember(const QString& file);
+
+  QWidget* window_ = nullptr;
+  StatusBar* status_bar_ = nullptr;
+  QString folder_;  // where the next file dialog starts
+};
+
+}  // namespace trendaro

@@ -1,0 +1,55 @@
+#pragma once
+
+#include <QTableView>
+#include <functional>
+
+#include "app/types.h"
+#include "datasource/channel_table.h"
+
+namespace trendaro {
+
+// Grid, the channel list on screen. It holds no state of its own beside what is on screen: the rows, the
+// active row and the top row stand in the records, and clicks leave as signals. Rows and columns of the
+// signals count from 1.
+class ChannelGrid : public QTableView {
+  Q_OBJECT
+
+ public:
+  ChannelGrid(ChannelRows& rows, const GridState& state, QWidget* parent = nullptr);
+
+  // Brings rows, active row and top row in line with the records.
+  void mirror();
+
+  // Width of column 3 for the present width of the list.
+  void fit_name_column();
+
+  // Gives the tip of a cell when the pointer rests on it; empty for none.
+  std::function<QString(i32 row, i16 column)> tip;
+
+ Q_SIGNALS:
+  // The check cell of a row was clicked and is to take the value `check`.
+  void check_cell_clicked(int row, int check);
+  void row_chosen(int row);
+  void cell_right_clicked(int row, int column, const QPoint& global_position);
+  // The key that removes the active file.
+  void removal_asked();
+
+ protected:
+  void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
+  void contextMenuEvent(QContextMenuEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;
+  bool viewportEvent(QEvent* event) override;
+
+ private:
+  void set_look();
+  void toggle(int position);
+  void mirror_active_row();
+  void mirror_top_row();
+  void note_top_row(int position);
+
+  ChannelRows& rows_;
+  ChannelTable* table_;
+  bool mirroring_ = false;  // changes of the view come from the records, not from the user
+};
+
+}  // namespace trendaro
