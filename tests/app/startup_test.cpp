@@ -48,12 +48,12 @@ class WatchedHost : public MemoryHost {
 };
 
 // One run of the program, with the templates in a folder that outlives it.
-struct Run {
+struct ProgramRun {
   RecordingShell shell;
   Model model{shell};
   WatchedHost host{shell, model};
 
-  explicit Run(const TemporaryFolder& folder) {
+  explicit ProgramRun(const TemporaryFolder& folder) {
     model.Host = &host;
     model.Kernel = &host;
     model.TemplateFolder = folder.path();
@@ -73,7 +73,7 @@ class StartupTest : public testing::Test {
 };
 
 TEST_F(StartupTest, FirstRunShowsTheDefaults) {
-  Run run(folder);
+  ProgramRun run(folder);
   load_main_window(run.model);
   const Model& model = run.model;
   EXPECT_EQ(model.PESG.shown().MainTitle, "Ausschnitt");
@@ -87,7 +87,7 @@ TEST_F(StartupTest, FirstRunShowsTheDefaults) {
 }
 
 TEST_F(StartupTest, LoadLeavesTheAgreedStartValues) {
-  Run run(folder);
+  ProgramRun run(folder);
   Model& model = run.model;
   model.CurrentLayer = 3;
   model.CurrentSide = 2;
@@ -120,14 +120,14 @@ TEST_F(StartupTest, LoadLeavesTheAgreedStartValues) {
 }
 
 TEST_F(StartupTest, GraphStyleThatIsSetStays) {
-  Run run(folder);
+  ProgramRun run(folder);
   run.model.GraphStyleValue = 5;
   load_main_window(run.model);
   EXPECT_EQ(run.model.GraphStyleValue, 5);
 }
 
 TEST_F(StartupTest, ListIsLockedUntilTheEndOfTheLoad) {
-  Run run(folder);
+  ProgramRun run(folder);
   load_main_window(run.model);
   EXPECT_THAT(run.host.calls, Each(AnyOf("MaxChannels locked", "GetChannelProperty locked")));
   EXPECT_THAT(run.host.calls, Not(IsEmpty()));
@@ -137,14 +137,14 @@ TEST_F(StartupTest, ListIsLockedUntilTheEndOfTheLoad) {
 }
 
 TEST_F(StartupTest, FailureOfTheLoadIsNotCaught) {
-  Run run(folder);
+  ProgramRun run(folder);
   run.host.gone = true;
   EXPECT_THROW(load_main_window(run.model), RunTimeError);
 }
 
 TEST_F(StartupTest, SecondRunHasTheLookOfTheFirst) {
   {
-    Run first(folder);
+    ProgramRun first(folder);
     load_main_window(first.model);
     first.model.PESG.pending.GraphBackColor = 0x123456;
     first.model.PESG.pending.LegendStyle = 1;
@@ -154,7 +154,7 @@ TEST_F(StartupTest, SecondRunHasTheLookOfTheFirst) {
   }
   EXPECT_TRUE(std::filesystem::exists(folder.file("KM_TEMPLATE.$$$")));
   EXPECT_TRUE(std::filesystem::exists(folder.file("KMSurv_TEMPLATE.$$$")));
-  Run second(folder);
+  ProgramRun second(folder);
   load_main_window(second.model);
   EXPECT_EQ(second.model.PESG.shown().GraphBackColor, 0x123456);
   EXPECT_EQ(second.model.PESGSurvey.shown().GraphBackColor, 0x654321);
@@ -166,14 +166,14 @@ TEST_F(StartupTest, SecondRunHasTheLookOfTheFirst) {
 
 TEST_F(StartupTest, DamagedTemplateLeavesTheDefaults) {
   write_file(folder.file("KM_TEMPLATE.$$$"), "trendaro graph template 1\nGraphBackColor = 3\n");
-  Run run(folder);
+  ProgramRun run(folder);
   load_main_window(run.model);
   EXPECT_EQ(run.model.PESG.pending.GraphBackColor, GraphProperties().GraphBackColor);
   EXPECT_EQ(run.model.LastDatabaseStatus, kPropertyUnknown);
 }
 
 TEST_F(StartupTest, WithoutAHostTheLoadPassesAndTheActivationRefuses) {
-  Run run(folder);
+  ProgramRun run(folder);
   run.model.Host = nullptr;
   load_main_window(run.model);
   EXPECT_FALSE(activate_main_window(run.model));
@@ -184,13 +184,13 @@ TEST_F(StartupTest, WithoutAHostTheLoadPassesAndTheActivationRefuses) {
 }
 
 TEST_F(StartupTest, WithAHostTheActivationSaysNothing) {
-  Run run(folder);
+  ProgramRun run(folder);
   EXPECT_TRUE(activate_main_window(run.model));
   EXPECT_THAT(run.shell.calls, IsEmpty());
 }
 
 TEST_F(StartupTest, ClosingAsksAndOnlyYesCloses) {
-  Run run(folder);
+  ProgramRun run(folder);
   run.shell.yes_no = {false, true};
   EXPECT_FALSE(query_close(run.model));
   EXPECT_TRUE(query_close(run.model));
@@ -199,14 +199,14 @@ TEST_F(StartupTest, ClosingAsksAndOnlyYesCloses) {
 }
 
 TEST_F(StartupTest, ClosingWithoutAHostAsksNothing) {
-  Run run(folder);
+  ProgramRun run(folder);
   run.model.Host = nullptr;
   EXPECT_TRUE(query_close(run.model));
   EXPECT_THAT(run.shell.calls, IsEmpty());
 }
 
 TEST_F(StartupTest, ViewerMayBeReleasedAfterTheUnloadOnly) {
-  Run run(folder);
+  ProgramRun run(folder);
   load_main_window(run.model);
   EXPECT_FALSE(run.model.CanUnloadFlag.has_value());
   EXPECT_FALSE(can_unload(run.model));
@@ -215,7 +215,7 @@ TEST_F(StartupTest, ViewerMayBeReleasedAfterTheUnloadOnly) {
 }
 
 TEST_F(StartupTest, HostMaySetTheFlagItself) {
-  Run run(folder);
+  ProgramRun run(folder);
   run.model.CanUnloadFlag = true;
   EXPECT_TRUE(can_unload(run.model));
   run.model.CanUnloadFlag = false;
@@ -223,7 +223,7 @@ TEST_F(StartupTest, HostMaySetTheFlagItself) {
 }
 
 TEST_F(StartupTest, UnloadPassesFailuresBy) {
-  Run run(folder);
+  ProgramRun run(folder);
   load_main_window(run.model);
   run.model.TemplateFolder = folder.file("no folder");
   unload_main_window(run.model);
