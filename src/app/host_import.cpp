@@ -10,7 +10,7 @@ namespace trendaro {
 namespace {
 
 // Samples of one read; a section of more reads shows its progress.
-constexpr i64 kPiece = i64{1} << 22;
+constexpr i64 kPiece = i64{1} << 20;
 
 // The part of a section that the channel has room for and that does not lie ahead of the file.
 SampleSection cut_to(SampleSection section, i64 room) {
