@@ -1,0 +1,243 @@
+#include "datasource/file_list.h"
+
+#include <filesystem>
+#include <fstream>
+
+#include "datasource/list_fixture.h"
+
+namespace trendaro {
+namespace {
+
+using FileListTest = ListFixture;
+using Texts = std::vector<std::string>;
+
+TEST_F(FileListTest, PlainFileGivesAFileRowAndItsSignals) {
+  const std::string path = add_file("run.BIN", 2);
+  ASSERT_EQ(model.Grid.MaxRows(), 3);
+  const ChannelRow& file = model.Grid.rows[1];
+  EXPECT_EQ(file.kind, RowKind::File);
+  EXPECT_EQ(file.check, 1);
+  EXPECT_EQ(file.name, "run.BIN");
+  EXPECT_EQ(file.path, path);
+  EXPECT_EQ(file.picture, "IMG_FILE");
+  const ChannelRow& signal = model.Grid.rows[3];
+  EXPECT_EQ(signal.kind, RowKind::Signal);
+  EXPECT_EQ(signal.check, 0);
+  EXPECT_EQ(signal.name, "run.BIN 2");
+  EXPECT_EQ(signal.mark, "2");
+  EXPECT_EQ(signal.path, path);
+  EXPECT_EQ(signal.points, 4);
+  EXPECT_EQ(signal.picture, "IMG_SIGNAL");
+  EXPECT_EQ(model.NofFiles, 1);
+  EXPECT_EQ(model.FileList[1], path);
+  EXPECT_FALSE(model.ButtonLock);
+  EXPECT_TRUE(model.Grid.redraw);
+}
+
+TEST_F(FileListTest, ReducedFileListsTheFirstOfEachPair) {
+  add_file("run.st1", 4);
+  EXPECT_EQ(row_names(), (Texts{"run.st1", "run.st1 1", "run.st1 3"}));
+  EXPECT_EQ(model.Grid.rows[3].mark, "3");
+  EXPECT_EQ(model.Grid.rows[3].points, 4);
+}
+
+TEST_F(FileListTest, OddChannelOfAReducedFileIsDropped) {
+  add_file("run.ST2", 5);
+  EXPECT_EQ(row_names(), (Texts{"run.ST2", "run.ST2 1", "run.ST2 3"}));
+}
+
+TEST_F(FileListTest, FolderWithADotMakesAReducedFileAPlainOne) {
+  std::filesystem::create_directory(folder.file("a.b"));
+  const std::string path = make_file("a.b/run.STO", 2);
+  open_file(model, path);
+  EXPECT_EQ(row_names(), (Texts{"run.STO", "a.b/run.STO 1", "a.b/run.STO 2"}));
+}
+
+TEST_F(FileListTest, MemberOfAFamilyBringsTheOthersAlong) {
+  for (const char* name : {"run.STO", "run.ST1", "run.ST2"}) make_file(name, 2);
+  open_file(model, folder.file("run.ST1"));
+  EXPECT_EQ(row_names(), (Texts{"run.STO", "run.STO 1", "run.ST1", "run.ST1 1", "run.ST2", "run.ST2 1"}));
+  EXPECT_EQ(model.NofFiles, 3);
+  EXPECT_EQ(model.FileList[1], folder.file("run.STO"));
+  EXPECT_EQ(model.Grid.top_row, 5);
+}
+
+TEST_F(FileListTest, FamilyIsFoundInAnyCase) {
+  make_file("run.sto", 2);
+  make_file("run.St2", 2);
+  open_file(model, folder.file("run.sto"));
+  EXPECT_EQ(row_names(), (Texts{"run.sto", "run.sto 1", "run.St2", "run.St2 1"}));
+}
+
+TEST_F(FileListTest, VanishedMemberStillAddsTheOthers) {
+  make_file("run.ST2", 2);
+  open_file(model, folder.file("run.STO"));
+  EXPECT_EQ(row_names(), (Texts{"run.ST2", "run.ST2 1"}));
+  EXPECT_TRUE(shell.messages().empty());
+}
+
+TEST_F(FileListTest, FolderWithTheNameOfAMemberIsNoMember) {
+  std::filesystem::create_directory(folder.file("run.STO"));
+  make_file("run.ST1", 2);
+  open_file(model, folder.file("run.ST1"));
+  EXPECT_EQ(row_names(), (Texts{"run.ST1", "run.ST1 1"}));
+}
+
+TEST_F(FileListTest, MenuAsksForAFile) {
+  shell.files.push_back(make_file("run.BIN", 1));
+  mnuOpenFile(model);
+  EXPECT_EQ(shell.calls.front(), "open: Datensätze aus Datei einfügen");
+  EXPECT_EQ(model.NofFiles, 1);
+}
+
+TEST_F(FileListTest, CancelledDialogDoesNothing) {
+  mnuOpenFile(model);
+  EXPECT_EQ(model.Grid.MaxRows(), 0);
+  EXPECT_TRUE(shell.messages().empty());
+}
+
+TEST_F(FileListTest, RefusedFileChangesNothing) {
+  add_file("run.BIN", 2);
+  write_file(folder.file("text.BIN"), "no measurement");
+  AddFileToGrid(model, folder.file("text.BIN"), false);
+  AddFileToGrid(model, folder.file("missing.BIN"), false);
+  const std::string message = "Trendaro: Diese Datei enthält kein gültiges Format";
+  EXPECT_EQ(shell.messages(), (Texts{message, message}));
+  EXPECT_EQ(shell.icons, (std::vector{MessageIcon::None, MessageIcon::None}));
+  EXPECT_EQ(model.Grid.MaxRows(), 3);
+  EXPECT_EQ(model.NofFiles, 1);
+}
+
+TEST_F(FileListTest, BrokenHeaderTakesItsRowsBack) {
+  add_file("run.BIN", 2);
+  FileBuilder broken;
+  broken.i16_field(5004).i16_field(-3);
+  write_file(folder.file("broken.BIN"), broken.bytes());
+  AddFileToGrid(model, folder.file("broken.BIN"), false);
+  EXPECT_EQ(shell.messages(), (Texts{"Trendaro: Fehler beim Laden der Datei aufgetreten."}));
+  EXPECT_EQ(shell.icons, (std::vector{MessageIcon::Stop}));
+  EXPECT_EQ(model.Grid.MaxRows(), 3);
+  EXPECT_EQ(model.NofFiles, 1);
+  EXPECT_FALSE(model.ButtonLock);
+  EXPECT_TRUE(model.Grid.redraw);
+}
+
+TEST_F(FileListTest, WithoutListEntryOnlyTheRowsCome) {
+  AddFileToGrid(model, make_file("run.BIN", 1), true);
+  EXPECT_EQ(model.Grid.MaxRows(), 2);
+  EXPECT_EQ(model.NofFiles, 0);
+  EXPECT_EQ(model.FileList.size(), 0U);
+}
+
+TEST_F(FileListTest, FullFileCounterRefusesTheFile) {
+  model.NofFiles = 32767;
+  AddFileToGrid(model, make_file("run.BIN", 1), false);
+  EXPECT_EQ(model.Grid.MaxRows(), 0);
+  EXPECT_EQ(shell.messages(), (Texts{"Trendaro: Fehler beim Laden der Datei aufgetreten."}));
+}
+
+TEST_F(FileListTest, FileAddedTwiceAndRemovedOnceLeavesOneBlock) {
+  const std::string path = add_file("run.BIN", 2);
+  add_file("other.BIN", 1);
+  AddFileToGrid(model, path, false);
+  model.Grid.active_row = 1;
+  RemoveFileFromGrid(model);
+  EXPECT_EQ(row_names(), (Texts{"other.BIN", "other.BIN 1", "run.BIN", "run.BIN 1", "run.BIN 2"}));
+  EXPECT_EQ(model.NofFiles, 2);
+  EXPECT_EQ(model.FileList.size(), 2U);
+  EXPECT_EQ(model.FileList[1], folder.file("other.BIN"));
+  EXPECT_EQ(model.FileList[2], path);
+}
+
+TEST_F(FileListTest, LastFileLeavesAnEmptyList) {
+  add_file("run.BIN", 2);
+  RemoveFileFromGrid(model);
+  EXPECT_EQ(model.Grid.MaxRows(), 0);
+  EXPECT_EQ(model.NofFiles, 0);
+  EXPECT_EQ(model.Grid.active_row, 0);
+  RemoveFileFromGrid(model);
+  EXPECT_EQ(model.NofFiles, 0);
+}
+
+TEST_F(FileListTest, SignalRowIsNoFileToRemove) {
+  add_file("run.BIN", 2);
+  model.Grid.active_row = 2;
+  RemoveFileFromGrid(model);
+  EXPECT_EQ(model.Grid.MaxRows(), 3);
+}
+
+TEST_F(FileListTest, RemovalWithoutAMarkLeavesTheGraphsAlone) {
+  add_file("run.BIN", 2);
+  add_file("other.BIN", 1);
+  write_mark(5);
+  RemoveFileFromGrid(model);
+  EXPECT_EQ(main_redraws(), 0);
+  EXPECT_EQ(survey_redraws(), 0);
+  EXPECT_EQ(model.Grid.rows[2].mark, "1_1_1");
+}
+
+TEST_F(FileListTest, RemovalOfAMarkedSignalRedrawsWhatIsLeft) {
+  add_file("run.REB", 2, 8);
+  add_file("other.REB", 1, 8);
+  mark(2);
+  mark(5);
+  shell.calls.clear();
+  model.MaxViewPoints = 55;
+  model.Grid.active_row = 1;
+  RemoveFileFromGrid(model);
+  EXPECT_EQ(signals(), (Texts{"other.REB 1"}));
+  EXPECT_EQ(main_redraws(), 1);
+  EXPECT_EQ(survey_redraws(), 1);
+  EXPECT_EQ(model.MaxViewPoints, 0);
+  EXPECT_EQ(model.controls["ZoomPointsBox"].text, "0");
+  EXPECT_TRUE(model.controls["mnuShowSurvGraph"].ticked);
+}
+
+TEST_F(FileListTest, RemovalOfTheOnlyPlainFileBringsTheSurveyBack) {
+  add_file("run.BIN", 1);
+  add_file("other.REB", 1, 8);
+  mark(2);
+  mark(4);
+  EXPECT_FALSE(model.controls["mnuShowSurvGraph"].ticked);
+  model.Grid.active_row = 1;
+  RemoveFileFromGrid(model);
+  EXPECT_TRUE(model.controls["mnuShowSurvGraph"].ticked);
+  EXPECT_TRUE(model.controls["PESGSurvey"].visible);
+  EXPECT_TRUE(model.controls["TB_SCROLLLEFT"].visible);
+}
+
+TEST_F(FileListTest, RemovalMovesTheHighlightedRowAlong) {
+  add_file("run.BIN", 2);
+  add_file("other.BIN", 1);
+  right_click_cell(model, 5, 3);
+  model.Grid.active_row = 1;
+  RemoveFileFromGrid(model);
+  EXPECT_EQ(model.SelectedRow, 2);
+  model.Grid.active_row = 1;
+  RemoveFileFromGrid(model);
+  EXPECT_EQ(model.SelectedRow, 0);
+}
+
+TEST_F(FileListTest, CounterGoesDownForAFileThatIsNotListed) {
+  add_file("run.BIN", 1);
+  AddFileToGrid(model, make_file("other.BIN", 1), true);
+  model.Grid.active_row = 3;
+  RemoveFileFromGrid(model);
+  EXPECT_EQ(model.NofFiles, 0);
+}
+
+TEST_F(FileListTest, ExtensionOfTheOriginalsIsAsked) {
+  model.OriginalExtension.clear();
+  shell.texts = {"BIN", ""};
+  mnuFileExtension(model);
+  EXPECT_EQ(shell.calls.back(),
+            "text: Dateierweiterung der originalen Mervan-Dateien: Um aus der komprimierten Mervan-Datei in "
+            "die Originaldatei zu kommen, müssen Sie Trendaro die Dateierweiterung der Originaldatei (z.B. "
+            "*.BIN) angeben. [DAT]");
+  EXPECT_EQ(model.OriginalExtension, "BIN");
+  mnuFileExtension(model);
+  EXPECT_EQ(model.OriginalExtension, "BIN");
+}
+
+}  // namespace
+}  // namespace trendaro

@@ -1,0 +1,97 @@
+#include "datasource/list_fixture.h"
+
+namespace trendaro {
+namespace {
+
+using XSourceTest = ListFixture;
+using Texts = std::vector<std::string>;
+
+TEST_F(XSourceTest, ChannelEntryWithoutAChannelGoesBack) {
+  click_xSrc(model, 1);
+  EXPECT_EQ(
+      shell.messages(),
+      (Texts{"Trendaro: Sie haben noch keinen x-Kanal ausgewählt. Klicken Sie mit der rechten Maustaste "
+             "auf einen Kanal und wählen Sie 'Als x-Datensatz verwenden'."}));
+  EXPECT_EQ(shell.icons, (std::vector{MessageIcon::None}));
+  EXPECT_EQ(model.xSrc.ListIndex, 0);
+  EXPECT_FALSE(model.ButtonLock);
+  EXPECT_EQ(main_redraws(), 0);
+}
+
+TEST_F(XSourceTest, ChosenChannelBecomesTheSecondEntry) {
+  add_file("run.REB", 3, 8);
+  mark(2);
+  shell.calls.clear();
+  activate_row(model, 4);
+  mnuSetX(model);
+  EXPECT_EQ(model.XChannel, 3);
+  EXPECT_EQ(model.xSrc.entries[1].text, "run.REB 3");
+  EXPECT_EQ(model.xSrc.entries[1].item_data, 3);
+  EXPECT_EQ(model.xSrc.ListIndex, 1);
+  EXPECT_EQ(model.PreviousSource, 1);
+  EXPECT_EQ(model.Plots[1].XSource, 3);
+  EXPECT_EQ(main_redraws(), 1);
+  EXPECT_EQ(survey_redraws(), 1);
+  EXPECT_FALSE(model.ButtonLock);
+}
+
+TEST_F(XSourceTest, MarkedChannelCanBeTheXChannel) {
+  add_file("run.BIN", 12);
+  mark(13, 2, 1);
+  activate_row(model, 13);
+  mnuSetX(model);
+  EXPECT_EQ(model.XChannel, 12);
+  EXPECT_EQ(survey_redraws(), 0);
+}
+
+TEST_F(XSourceTest, FileRowIsNoXChannel) {
+  add_file("run.BIN", 1);
+  activate_row(model, 1);
+  mnuSetX(model);
+  EXPECT_EQ(model.xSrc.ListIndex, 0);
+  EXPECT_EQ(main_redraws(), 0);
+}
+
+TEST_F(XSourceTest, BackToTimeRedraws) {
+  add_file("run.REB", 2, 8);
+  mark(2);
+  activate_row(model, 3);
+  mnuSetX(model);
+  shell.calls.clear();
+  click_xSrc(model, 0);
+  EXPECT_EQ(model.PreviousSource, 0);
+  EXPECT_EQ(model.Plots[1].XSource, 0);
+  EXPECT_EQ(model.Plots[1].TimeFromRate, 1);
+  EXPECT_EQ(main_redraws(), 1);
+  EXPECT_EQ(survey_redraws(), 1);
+  click_xSrc(model, 1);
+  EXPECT_EQ(model.Plots[1].XSource, 2);
+  EXPECT_EQ(main_redraws(), 2);
+}
+
+TEST_F(XSourceTest, SameEntryAgainDoesNothing) {
+  add_file("run.REB", 2, 8);
+  mark(2);
+  shell.calls.clear();
+  click_xSrc(model, 0);
+  EXPECT_EQ(main_redraws(), 0);
+}
+
+TEST_F(XSourceTest, LockedListIgnoresTheChoice) {
+  model.xSrc.entries[1].item_data = 1;
+  model.ButtonLock = true;
+  click_xSrc(model, 1);
+  EXPECT_EQ(model.xSrc.ListIndex, 0);
+}
+
+TEST_F(XSourceTest, RemovedFileLeavesTheChosenChannel) {
+  add_file("run.REB", 2, 8);
+  activate_row(model, 3);
+  mnuSetX(model);
+  activate_row(model, 1);
+  RemoveFileFromGrid(model);
+  EXPECT_EQ(model.xSrc.entries[1].item_data, 2);
+}
+
+}  // namespace
+}  // namespace trendaro
