@@ -70,12 +70,6 @@ i64 count_values(const FixedPlaces& places, const ByteCursor& cursor) {
   return last_round * places.block_values + rounded_values(last_bytes);
 }
 
-// Reads one block; missing bytes of its last value are zero.
-void read_block(ByteCursor& cursor, i64 bytes, f64* destination) {
-  if (rounded_values(bytes) * kSampleBytes > bytes) destination[bytes / kSampleBytes] = 0;
-  read_or_zero(cursor, destination, std::min(bytes, rounded_values(bytes) * kSampleBytes));
-}
-
 }  // namespace
 
 void load_fixed_blocks(LoaderResult& result, ByteCursor& cursor, const BlockHeader& header, i16 channel) {
@@ -86,7 +80,7 @@ void load_fixed_blocks(LoaderResult& result, ByteCursor& cursor, const BlockHead
   make_room(result.FileChannelValues, points);
   f64* next = result.FileChannelValues.data();
   for_blocks(places, cursor, 0, [&](i64 bytes) {
-    read_block(cursor, bytes, next);
+    read_or_zero(cursor, next, rounded_values(bytes) * kSampleBytes);
     next += rounded_values(bytes);
     return true;
   });
@@ -99,7 +93,7 @@ void pass_on_fixed_blocks(LoaderResult& result, ByteCursor& cursor, const BlockH
   set_points(result, channel, count_values(places, cursor));
   std::array<f64, kLongestBlock> buffer{};
   for_blocks(places, cursor, 0, [&](i64 bytes) {
-    read_block(cursor, bytes, buffer.data());
+    read_or_zero(cursor, buffer.data(), rounded_values(bytes) * kSampleBytes);
     sink({buffer.data(), static_cast<std::size_t>(rounded_values(bytes))});
     return true;
   });
@@ -119,7 +113,7 @@ void read_fixed_range(const LoaderResult& result, ByteCursor& cursor, const Bloc
     const i64 begin = std::max(first - round * places.block_values, i64{0});
     const i64 stop = std::min(end - round * places.block_values, rounded_values(bytes));
     cursor.skip(begin * kSampleBytes);
-    read_block(cursor, std::min(bytes, stop * kSampleBytes) - begin * kSampleBytes, next);
+    read_or_zero(cursor, next, (stop - begin) * kSampleBytes);
     next += stop - begin;
     return ++round * places.block_values < end;
   });
