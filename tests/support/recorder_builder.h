@@ -15,7 +15,7 @@ struct RecorderEntry {
   f32 offset = 0;
   std::string unit = "V";
   i32 mask = 1;
-  std::string name_field;                   // filled with blanks to 47 bytes
+  std::string name_field = {};              // filled with blanks to 47 bytes
   FileBuilder settings = blank_settings();  // 225 bytes; the name field is laid over them
 
   static FileBuilder blank_settings() { return FileBuilder().zeros(225); }
@@ -29,10 +29,10 @@ struct RecorderBuilder {
   i32 rate_code = 6308;   // 100 Hz
   i32 reduce_factor = 0;  // ids 6002 and 6012
   i32 gap = 0;            // bytes between the comments and the data
-  std::vector<RecorderEntry> entries;
+  std::vector<RecorderEntry> entries = {};
   std::string date = "Fri Mar 05 12:34:56 2021";
   std::string comment = "Kommentar";
-  FileBuilder data;
+  FileBuilder data = {};
 
   [[nodiscard]] bool is_reduced() const { return id == 6002 || id == 6012; }
   [[nodiscard]] i32 header_bytes() const {
