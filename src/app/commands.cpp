@@ -7,7 +7,9 @@
 #include "app/model.h"
 #include "app/panes.h"
 #include "app/toolbar.h"
+#include "config/time_unit.h"
 #include "files/reduce_handlers.h"
+#include "graph/cache_handlers.h"
 
 namespace trendaro {
 namespace {
@@ -112,20 +114,20 @@ constexpr auto kCommands = std::to_array<Command>({
     {"mnuTicks(4)", "Pixel", "mnuTick", nullptr, true},
     separator_in("mnuGraph"),
     {"mnuNullValues", "Null-Values...", "mnuGraph", nullptr},
-    {"mnuUseCompression", "Graphikkomprimierung", "mnuGraph", nullptr, true},
-    {"mnuCompressMin", "Min. Punktezahl für Komprimierung", "mnuGraph", nullptr},
-    {"mnuCurveCache", "Kurven-Caching", "mnuGraph", nullptr, true},
+    {"mnuUseCompression", "Graphikkomprimierung", "mnuGraph", mnuUseCompression, true},
+    {"mnuCompressMin", "Min. Punktezahl für Komprimierung", "mnuGraph", mnuCompressMin},
+    {"mnuCurveCache", "Kurven-Caching", "mnuGraph", mnuCurveCache, true},
     separator_in("mnuGraph"),
     {"mnuDelAnnots", "Alle Annotationen löschen", "mnuGraph", nullptr},
     {"mnuClearGraph", "Graphiken leeren", "mnuGraph", nullptr},
 
     {"mnuAxes", "A&chsen", nullptr, nullptr},
     {"mnuXUnit", "Zeiteinheit für x-Achse", "mnuAxes", nullptr},
-    {"mnuTUnit(0)", "Millisekunden", "mnuXUnit", nullptr, true},
-    {"mnuTUnit(1)", "Sekunden", "mnuXUnit", nullptr, true},
-    {"mnuTUnit(2)", "Minuten", "mnuXUnit", nullptr, true},
-    {"mnuTUnit(3)", "Stunden", "mnuXUnit", nullptr, true},
-    {"mnuTUnit(4)", "Datum + Zeit", "mnuXUnit", nullptr, true},
+    {"mnuTUnit(0)", "Millisekunden", "mnuXUnit", mnuTUnit<0>, true},
+    {"mnuTUnit(1)", "Sekunden", "mnuXUnit", mnuTUnit<1>, true},
+    {"mnuTUnit(2)", "Minuten", "mnuXUnit", mnuTUnit<2>, true},
+    {"mnuTUnit(3)", "Stunden", "mnuXUnit", mnuTUnit<3>, true},
+    {"mnuTUnit(4)", "Datum + Zeit", "mnuXUnit", mnuTUnit<4>, true},
     {"mnuConfigAxes", "Achse einrichten", "mnuAxes", nullptr},
     {"mnuConfigAxis(0)", "x-Achse...", "mnuConfigAxes", nullptr},
     {"mnuConfigAxis(1)", "Linke y-Achse, Ebene 1...", "mnuConfigAxes", nullptr},

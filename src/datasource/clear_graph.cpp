@@ -4,6 +4,7 @@
 #include "app/toolbar.h"
 #include "datasource/plot_list.h"
 #include "datasource/x_range.h"
+#include "graph/curve_cache.h"
 #include "graph/main_redraw.h"
 #include "graph/survey_redraw.h"
 
@@ -36,7 +37,7 @@ void ClearGraph(Model& model) {
   model.Plots.clear();
   model.SurveyPlots.clear();
   model.NofPlots = 0;
-  model.CurveCache.clear();
+  free_curve_caches(model);
   unmark_all(model);
   redraw_both(model);
 }

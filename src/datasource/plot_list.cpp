@@ -12,6 +12,7 @@
 #include "app/toolbar.h"
 #include "datasource/plot_carry_over.h"
 #include "files/dataset_header.h"
+#include "graph/curve_cache.h"
 
 namespace trendaro {
 namespace {
@@ -206,6 +207,7 @@ void RebuildPlotList(Model& model) {
   drop_orphaned_annotations(model);
   model.NofPlots = static_cast<i16>(model.Plots.size());
   resize_companions(model);
+  if (model.xSrc.ListIndex != 1) free_x_cache(model);
   if (model.NofPlots == 0) {
     model.CurrentLayer = 1;
     ToolbarHandler(model, false);

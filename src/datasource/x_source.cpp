@@ -4,6 +4,7 @@
 #include "datasource/channel_mark.h"
 #include "datasource/grid_handlers.h"
 #include "datasource/plot_list.h"
+#include "graph/curve_cache.h"
 #include "graph/main_redraw.h"
 #include "graph/survey_redraw.h"
 
@@ -42,6 +43,7 @@ void mnuSetX(Model& model) {
   if (!list.rows.has(list.active_row) || !is_channel(list.rows[list.active_row].kind)) return;
   choose_active_row(model);
   if (model.Zoomed) reset_zoom(model);
+  free_x_cache(model);
   RebuildPlotList(model);
   redraw_curves(model);
   model.PreviousSource = model.xSrc.ListIndex;

@@ -4,6 +4,8 @@
 #include <string>
 
 #include "app/types.h"
+#include "files/sample_array.h"
+#include "graph/axis_settings.h"
 
 namespace trendaro {
 
@@ -55,8 +57,17 @@ struct RedrawState {
   bool DisplayCompression = false;
   i32 CompressTarget = 10000;      // points to which a curve is compressed
   i32 CompressThreshold = 100000;  // a longer plain curve switches compression on
-  i32 CompressFactor = 1;
+  i32 CompressFactor = 1;          // samples per half of a pair in the current view, at least 1
   bool CurveCacheOff = false;
+  bool XCacheValid = false;  // XCacheBlock holds the x channel that all plots of a view share
+  SampleArray XCacheBlock;   // its samples; empty where nothing is kept
+  i32 XCachePoints = 0;      // samples in XCacheBlock
+  i16 LongestPlot = 0;       // plot with the most original points, 0 for none; outlives a zoom into originals
+  i16 LayerBase = 0;         // layers that the graph does not count because they are scrolled out
+  // Scale limits of a zoom. Row 0 is x with columns 0 lower and 1 upper; row k + 1 is layer k, columns 0 and
+  // 1 the left y axis, 2 and 3 the right one.
+  std::array<std::array<f64, 4>, 8> ZoomScaleLimits{};
+  SavedAxes saved_axes;  // y axes of layers that left the main graph
 };
 
 // Title texts of both graphs.

@@ -1,0 +1,60 @@
+#include "config/time_unit.h"
+
+#include <array>
+#include <cstddef>
+#include <string>
+
+#include "app/dates.h"
+#include "app/model.h"
+#include "graph/main_redraw.h"
+#include "graph/survey_redraw.h"
+#include "graph/time_axis.h"
+
+namespace trendaro {
+namespace {
+
+constexpr i16 kUnits = 5;
+
+std::string entry_name(i16 index) {
+  return "mnuTUnit(" + std::to_string(index) + ")";
+}
+
+f64 units_in_a_second(i16 unit) {
+  constexpr std::array<f64, kUnits> kUnitsInASecond = {1000, 1, 1.0 / 60, 1.0 / 3600, 1.0 / 86400};
+  return kUnitsInASecond[static_cast<std::size_t>(unit)];
+}
+
+f64 seconds_in_a_unit(i16 unit) {
+  constexpr std::array<f64, kUnits> kSecondsInAUnit = {0.001, 1, 60, 3600, 86400};
+  return kSecondsInAUnit[static_cast<std::size_t>(unit)];
+}
+
+void carry_zoom_over(Model& model, i16 old_unit) {
+  const f64 date = day_number_from_text(model.FirstDateText).value_or(0);
+  for (GraphSurface* graph : {&model.PESG, &model.PESGSurvey})
+    for (f64* limit : {&graph->pending.ZoomMinX, &graph->pending.ZoomMaxX})
+      *limit = limit_in_unit(*limit, old_unit, model.TimeUnit, date);
+}
+
+}  // namespace
+
+f64 limit_in_unit(f64 limit, i16 old_unit, i16 new_unit, f64 date) {
+  const f64 from_start = old_unit == kDateAndTime ? limit - date : limit;
+  const f64 converted = from_start / units_in_a_second(old_unit) / seconds_in_a_unit(new_unit);
+  return new_unit == kDateAndTime ? date + converted : converted;
+}
+
+void choose_time_unit(Model& model, i16 index) {
+  if (index == model.TimeUnit || index < 0 || index >= kUnits) return;
+  const i16 old_unit = model.TimeUnit;
+  model.TimeUnit = index;
+  model.DateAxis = index == kDateAndTime;
+  for (i16 unit = 0; unit < kUnits; ++unit) model.controls[entry_name(unit)].ticked = unit == index;
+  if (model.IsRealTime) return;
+  RedrawKMGraph(model, false);
+  if (!model.HasFullDataPlot) RedrawSurvGraph(model, false);
+  if (model.Zoomed && !model.OriginalDataMode && old_unit >= 0 && old_unit < kUnits)
+    carry_zoom_over(model, old_unit);
+}
+
+}  // namespace trendaro

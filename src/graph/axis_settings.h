@@ -1,0 +1,35 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "app/types.h"
+#include "graph/graph_properties.h"
+
+namespace trendaro {
+
+// The settings of one y axis that a user can make.
+struct AxisSettings {
+  i16 manual_scale = 0;  // 0 scaled to the data, 3 both limits given
+  f64 low = 0, high = 0;
+  i32 scale_kind = 1;
+  bool manual_ticks = false;
+  f64 tick = 0, line = 0;  // steps of ticks and grid lines
+  i32 color = 0;
+  std::string title, format;
+  bool inverted = false;
+};
+
+// The y axes of the layers that a zoom takes off the main graph, until the layers come back.
+struct SavedAxes {
+  std::vector<AxisSettings> left, right;  // index: layer from 0
+  i16 StoredAxisCount = 0;                // layers held
+  bool AxesStored = false;
+};
+
+AxisSettings left_axis(const LayerProperties& layer);
+AxisSettings right_axis(const LayerProperties& layer);
+void write_left_axis(LayerProperties& layer, const AxisSettings& settings);
+void write_right_axis(LayerProperties& layer, const AxisSettings& settings);
+
+}  // namespace trendaro

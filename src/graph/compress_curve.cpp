@@ -1,0 +1,146 @@
+#include "graph/compress_curve.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include "app/model.h"
+
+namespace trendaro {
+namespace {
+
+// The samples of a curve that lie in the window.
+struct View {
+  std::size_t first = 0, last = 0;  // all of them lie in first to last - 1
+  bool whole = true;                // and these are all in the window
+  f64 low = 0, high = 0;            // otherwise x decides: strictly between these
+
+  [[nodiscard]] bool holds(f64 x) const { return low < x && x < high; }
+};
+
+// Evenly spaced samples that rise can be found by halving; any other x is looked at sample by sample.
+View window_of(const Model& model, const CurveSamples& samples) {
+  const std::size_t count = samples.y.size();
+  if (!model.Zoomed) return {.first = 0, .last = count};
+  View view{.first = 0,
+            .last = count,
+            .whole = false,
+            .low = model.ZoomScaleLimits[0][0],
+            .high = model.ZoomScaleLimits[0][1]};
+  if (samples.x != nullptr || !(samples.line.step > 0)) return view;
+  const auto first_sample_with = [&](auto&& reached) {
+    std::size_t low = 0, high = count;
+    while (low < high) {
+      const std::size_t middle = low + (high - low) / 2;
+      if (reached(samples.line.at(middle)))
+        high = middle;
+      else
+        low = middle + 1;
+    }
+    return low;
+  };
+  view.first = first_sample_with([&](f64 x) { return x > view.low; });
+  view.last = std::max(view.first, first_sample_with([&](f64 x) { return x >= view.high; }));
+  view.whole = true;
+  return view;
+}
+
+template <typename Use>
+void for_samples_in(const View& view, const CurveSamples& samples, Use&& use) {
+  for (std::size_t i = view.first; i < view.last; ++i)
+    if (view.whole || view.holds(samples.x_at(i))) use(i);
+}
+
+std::size_t count_samples(const View& view, const CurveSamples& samples) {
+  if (view.whole) return view.last - view.first;
+  std::size_t count = 0;
+  for_samples_in(view, samples, [&](std::size_t) { ++count; });
+  return count;
+}
+
+// Without this the graph would scale its axes to the compressed data and leave the window.
+void hold_window(Model& model) {
+  GraphProperties& graph = model.PESG.pending;
+  const auto& limits = model.ZoomScaleLimits;
+  if (graph.ManualScaleControlX != 0) {
+    graph.ManualScaleControlX = 3;
+    graph.ManualMinX = limits[0][0];
+    graph.ManualMaxX = limits[0][1];
+  }
+  if (graph.AllowZooming <= 1) return;
+  graph.WorkingAxis = 0;
+  for (i16 layer = 0; layer <= 2; ++layer) {
+    if (layer < model.FirstLayer + model.LayerBase || layer > model.LastLayer + model.LayerBase) continue;
+    LayerProperties& axes = model.PESG.layer();
+    const auto& row = limits[static_cast<std::size_t>(graph.WorkingAxis) + 1];
+    axes.ManualScaleControlY = 3;
+    axes.ManualScaleControlRY = 3;
+    axes.ManualMinY = row[0];
+    axes.ManualMaxY = row[1];
+    axes.ManualMinRY = row[2];
+    axes.ManualMaxRY = row[3];
+    ++graph.WorkingAxis;
+  }
+}
+
+// Writes points one after the other into a slot, as far as it goes.
+class PointWriter {
+ public:
+  PointWriter(const CurveSamples& samples, const CurveSlot& slot, DisplayScale scale, f64 x_offset)
+      : samples_(samples), slot_(slot), scale_(scale), x_offset_(x_offset) {}
+
+  void write(std::size_t sample) {
+    if (place_ < slot_.DrawY.size()) slot_.DrawY[place_] = scale_(samples_.y[sample]);
+    const f64 x = samples_.x_at(sample) + x_offset_;
+    if (place_ < slot_.DrawX.size()) slot_.DrawX[place_] = static_cast<f32>(x);
+    if (place_ < slot_.DrawXII.size()) slot_.DrawXII[place_] = x;
+    ++place_;
+  }
+  [[nodiscard]] std::size_t place() const { return place_; }
+
+ private:
+  const CurveSamples& samples_;
+  const CurveSlot& slot_;
+  DisplayScale scale_;
+  f64 x_offset_;
+  std::size_t place_ = 0;
+};
+
+void write_pairs(const View& view, const CurveSamples& samples, i64 pair_block, PointWriter& writer) {
+  const std::span<const f64> y = samples.y;
+  std::size_t least = 0, greatest = 0;
+  i64 count = 0;
+  for_samples_in(view, samples, [&](std::size_t i) {
+    if (count == 0) least = greatest = i;
+    if (y[i] > y[greatest]) greatest = i;
+    if (y[i] < y[least]) least = i;
+    if (++count < pair_block) return;
+    writer.write(greatest > least ? least : greatest);
+    writer.write(greatest > least ? greatest : least);
+    count = 0;
+  });
+}
+
+}  // namespace
+
+void CompressCurve(Model& model, const CurveSamples& samples, i32 factor, const CurveSlot& slot, i16 plot,
+                   i16 sign) {
+  const PlotRecord& record = model.Plots[plot];
+  const View view = window_of(model, samples);
+  i64 pair_block = 2 * std::max<i64>(factor, 1);
+  if (model.Zoomed) {
+    // A view of a small part has smaller blocks, so that about as many points show at any zoom.
+    const auto in_view = static_cast<f64>(count_samples(view, samples));
+    if (!samples.y.empty())
+      pair_block = std::llrint(in_view / static_cast<f64>(samples.y.size()) * static_cast<f64>(pair_block));
+    hold_window(model);
+  }
+  PointWriter writer(samples, slot, {record.YOffset, sign}, record.XOffset);
+  if (pair_block <= 2)
+    for_samples_in(view, samples, [&](std::size_t i) { writer.write(i); });
+  else
+    write_pairs(view, samples, pair_block, writer);
+  pad_y(slot.DrawY, writer.place(), model.PESG.pending.NullDataValue);
+  pad_x(slot, writer.place(), model.PESG.pending.NullDataValueX);
+}
+
+}  // namespace trendaro

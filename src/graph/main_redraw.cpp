@@ -1,0 +1,110 @@
+#include "graph/main_redraw.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "app/attempt.h"
+#include "app/model.h"
+#include "graph/graph_setup.h"
+#include "graph/hand_over.h"
+#include "graph/main_curves.h"
+#include "graph/main_sizing.h"
+#include "graph/titles.h"
+
+namespace trendaro {
+namespace {
+
+void size_companions(Model& model) {
+  const std::size_t count = model.Plots.size();
+  if (model.PlotReduceFactor.size() < count) model.PlotReduceFactor.resize(count);
+  if (model.PlotOffsetPoints.size() < count) model.PlotOffsetPoints.resize(count);
+  if (model.PlotStep.size() < count) model.PlotStep.resize(count);
+  if (model.PlotDateTexts.size() < count) model.PlotDateTexts.resize(count);
+}
+
+void take_no_curves(Model& model, MainReading& reading) {
+  reading.unit_text.clear();
+  for (std::string& unit : model.AxisUnits) unit.clear();
+  model.ActiveReduceFactor = 0;
+  model.ViewPoints = 0;
+}
+
+// Brings the graph back to a known state and finds out how much it will hold.
+void size_graph(Model& model, MainReading& reading) {
+  attempt([&] { InitMainGraph(model); });
+  model.PESG.pending.SubsetCount = size_main_graph(model);
+  if (model.PESG.pending.SubsetCount == 0) take_no_curves(model, reading);
+  model.MaxViewPoints = model.ViewPoints;
+  model.MaxPlotPoints = model.LongestFullPoints;
+}
+
+void read_curve(CurveTask& task, MainReading& reading) {
+  switch (task.plot.FileKind) {
+    case kKindDatabase:
+    case kKindDatabaseFromBlock:
+      return read_database_curve(task, reading);
+    case kKindReducedPairs:
+      return read_pair_curve(task, reading);
+    case kKindReducedBlock:
+      return read_block_curve(task, reading);
+    default:
+      return read_plain_curve(task, reading);
+  }
+}
+
+void read_plot(Model& model, i16 number, const CurveSlot& slot, MainReading& reading) {
+  PlotRecord& plot = model.Plots[number];
+  CurveTask task{.model = model,
+                 .plot = plot,
+                 .number = number,
+                 .path = plot_path(plot),
+                 .points = plot.Points,
+                 .slot = slot};
+  attempt([&] { read_curve(task, reading); });
+  attempt([&] { erase_file_values(model); });
+}
+
+void read_curves(Model& model, DrawArrays& arrays, MainReading& reading) {
+  model.PESG.pending.SpecialSubsetCount = 0;
+  i32 curve = 0;
+  for (i16 number = 1; number <= model.NofPlots; ++number) {
+    if (!on_show(model, model.Plots[number])) continue;
+    model.shell.show_status(1, "Einlesen der Daten für Kurve " + std::to_string(number) + ".......");
+    attempt([&] { describe_curve(model.PESG, model.Plots[number], curve); });
+    read_plot(model, number, slot_of(arrays, static_cast<std::size_t>(curve)), reading);
+    ++curve;
+  }
+}
+
+DrawArrays arrays_of_graph(const Model& model) {
+  const DrawKind kind{.database = model.OriginalDataMode, .date_axis = model.DateAxis};
+  return make_draw_arrays(model.PESG.pending.SubsetCount, model.ViewPoints, kind,
+                          model.PESG.pending.NullDataValue);
+}
+
+}  // namespace
+
+void RedrawKMGraph(Model& model, bool settings_only) {
+  const WaitPointer wait(model.shell);
+  MainReading reading{
+      .time = time_factor(model.TimeUnit), .unit_text = {}, .line = {}, .settings_only = settings_only};
+  reading.unit_text = settings_only ? model.XUnit : reading.time.unit;
+  DrawArrays arrays;
+  size_companions(model);
+  if (!settings_only) {
+    size_graph(model, reading);
+    attempt([&] { arrays = arrays_of_graph(model); });
+  }
+  read_curves(model, arrays, reading);
+  attempt([&] { SetAxisTitles(model, model.PESG); });
+  model.XUnit = reading.unit_text;
+  attempt([&] { write_graph_style(model, model.PESG); });
+  if (!settings_only && !model.IsRealTime)
+    attempt([&] { hand_over(model, model.PESG, std::move(arrays), true); });
+  attempt([&] { SetGraphTitles(model, model.PESG); });
+  model.LayerShift = std::max(model.LayerShift, model.FirstLayer);
+  attempt([&] { switch_legend(model, model.PESG); });
+  attempt([&] { show_graph(model, model.PESG, "Hauptgraphik wird aktualisiert..."); });
+}
+
+}  // namespace trendaro

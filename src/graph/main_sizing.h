@@ -1,0 +1,21 @@
+#pragma once
+
+#include "app/types.h"
+#include "datasource/plot_record.h"
+
+namespace trendaro {
+
+struct Model;
+
+// Whether the layer of a plot is on show in the main graph.
+bool on_show(const Model& model, const PlotRecord& plot);
+
+// Looks at every plot on show and sets ViewPoints, LongestOriginalPoints, LongestPlot, LongestFullPoints and
+// what belongs to compression. Returns the number of curves.
+i32 size_main_graph(Model& model);
+
+// A count of points that the file can hold. What a header merely claims is bounded by the bytes of the file
+// before it sizes memory; small counts stand.
+i32 plausible_points(i32 points, const std::string& path);
+
+}  // namespace trendaro
