@@ -29,9 +29,9 @@ std::string state_folder() {
 }
 
 std::string template_folder() {
-  const std::string program = program_folder();
+  std::string program = program_folder();
   if (!program.empty() && ::access(program.c_str(), W_OK) == 0) return program;
-  const std::string state = state_folder();
+  std::string state = state_folder();
   std::error_code ignored;
   std::filesystem::create_directories(state, ignored);
   return state;
