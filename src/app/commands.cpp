@@ -8,6 +8,10 @@
 #include "app/panes.h"
 #include "app/toolbar.h"
 #include "config/time_unit.h"
+#include "datasource/database_link.h"
+#include "datasource/file_list.h"
+#include "datasource/grid_handlers.h"
+#include "datasource/plot_list.h"
 #include "files/reduce_handlers.h"
 #include "graph/cache_handlers.h"
 
@@ -24,15 +28,15 @@ void close_window(Model& model) {
 
 constexpr auto kCommands = std::to_array<Command>({
     {"mnuFile", "&Datei", nullptr, nullptr},
-    {"mnuOpenFile", "Datei zu Kanalliste hinzufügen", "mnuFile", nullptr, false, "Ctrl+O"},
-    {"mnuRemoveFile", "Datei entfernen", "mnuFile", nullptr},
+    {"mnuOpenFile", "Datei zu Kanalliste hinzufügen", "mnuFile", mnuOpenFile, false, "Ctrl+O"},
+    {"mnuRemoveFile", "Datei entfernen", "mnuFile", mnuRemoveFile},
     separator_in("mnuFile"),
     {"mnuOpen", "Ausschnittsgraphik öffnen...", "mnuFile", nullptr},
     {"mnuSaveAs", "Aussichtsgraphik speichern als...", "mnuFile", nullptr, false, "Ctrl+S"},
     separator_in("mnuFile"),
     {"mnuReduceBin", "Mervan-Datei komprimieren...", "mnuFile", mnuReduceBin},
     {"mnuCreateMEASection", "Meßwertausschnittsdatei erzeugen...", "mnuFile", nullptr},
-    {"mnuFileExtension", "Dateierweiterung der Originaldateien...", "mnuFile", nullptr},
+    {"mnuFileExtension", "Dateierweiterung der Originaldateien...", "mnuFile", mnuFileExtension},
     separator_in("mnuFile"),
     {"mnuExportClip", "Ausschnittsgrafik in Zwischenablage", "mnuFile", nullptr},
     {"mnuExportClipMeta", "in Metafile Format", "mnuExportClip", nullptr},
@@ -54,7 +58,7 @@ constexpr auto kCommands = std::to_array<Command>({
     {"mnuZoomVert", "Vertikaler Zoom", "mnuView", nullptr},
     {"mnuZoomRect", "Rechteckzoom", "mnuView", nullptr},
     {"mnuZoomToMax", "Zoom in Maximalintervall", "mnuView", nullptr},
-    {"mnuResetZoom", "Zoom zurücksetzen", "mnuView", nullptr},
+    {"mnuResetZoom", "Zoom zurücksetzen", "mnuView", reset_zoom},
     separator_in("mnuView"),
     {"mnuCursor", "Cursor", "mnuView", nullptr},
     {"mnuCursorOff", "Cursor ausschalten", "mnuCursor", nullptr, true},
@@ -119,7 +123,7 @@ constexpr auto kCommands = std::to_array<Command>({
     {"mnuCurveCache", "Kurven-Caching", "mnuGraph", mnuCurveCache, true},
     separator_in("mnuGraph"),
     {"mnuDelAnnots", "Alle Annotationen löschen", "mnuGraph", nullptr},
-    {"mnuClearGraph", "Graphiken leeren", "mnuGraph", nullptr},
+    {"mnuClearGraph", "Graphiken leeren", "mnuGraph", ClearGraph},
 
     {"mnuAxes", "A&chsen", nullptr, nullptr},
     {"mnuXUnit", "Zeiteinheit für x-Achse", "mnuAxes", nullptr},
@@ -142,25 +146,33 @@ constexpr auto kCommands = std::to_array<Command>({
     {"mnuAutoScaleData", "Auto-Datenskalierung (e-5..e+5)", "mnuAxes", nullptr, true},
 
     {"mnuDB", "Daten&basis", nullptr, nullptr},
-    {"mnuDBOffset", "Datenbasis-Offset", "mnuDB", nullptr},
-    {"mnuClearDB", "Datenbasis löschen", "mnuDB", nullptr},
-    {"mnuDBConfig", "Datenbasis einrichten...", "mnuDB", nullptr},
-    {"mnuDBExport", "Ausschnittsdaten exportieren...", "mnuDB", nullptr},
+    {"mnuDBOffset", "Datenbasis-Offset", "mnuDB", mnuDBOffset},
+    {"mnuClearDB", "Datenbasis löschen", "mnuDB", mnuClearDB},
+    {"mnuDBConfig", "Datenbasis einrichten...", "mnuDB", mnuDBConfig},
+    {"mnuDBExport", "Ausschnittsdaten exportieren...", "mnuDB", mnuDBExport},
 
     {"mnuHelp", "&Hilfe", nullptr, nullptr},
     {"mnuOnlineHelp", "Einführung", "mnuHelp", nullptr, false, "F1"},
     {"mnuAbout", "Über Trendaro...", "mnuHelp", nullptr},
 
     {"mnuPOP1", "Kanalliste", nullptr, nullptr},
-    {"mnuSetX", "Als x-Datensatz verwenden", "mnuPOP1", nullptr},
+    {"mnuSetX", "Als x-Datensatz verwenden", "mnuPOP1", mnuSetX},
     {"mnuCfgPlot", "Kurve einrichten", "mnuPOP1", nullptr},
     {"mnuShowChanInfo", "Kanalinformationen darstellen", "mnuPOP1", nullptr},
-    {"mnuPRemoveFile", "Datei entfernen", "mnuPOP1", nullptr},
+    {"mnuPRemoveFile", "Datei entfernen", "mnuPOP1", mnuPRemoveFile},
 
     {"mnuPOP2", "Beschriftung", nullptr, nullptr},
     {"mnuEditAnnotation", "Beschriftung bearbeiten", "mnuPOP2", nullptr},
     {"mnuDelAnnotation", "Beschriftung löschen", "mnuPOP2", nullptr},
 });
+
+// What is to be done when a menu opens.
+struct MenuOpening {
+  std::string_view menu;
+  void (*run)(Model&);
+};
+
+constexpr MenuOpening kMenuOpenings[] = {{"mnuFile", mnuFile}, {"mnuPOP1", mnuPOP1}};
 
 bool is_menu(const Command& command) {
   return command.parent == nullptr || std::ranges::any_of(kCommands, [&](const Command& other) {
@@ -184,6 +196,11 @@ std::span<const Command> commands() {
 void run_command(Model& model, const char* name) {
   const Command* command = find_command(name);
   if (command != nullptr && command->run != nullptr) command->run(model);
+}
+
+void open_menu(Model& model, const char* name) {
+  for (const MenuOpening& opening : kMenuOpenings)
+    if (opening.menu == name) opening.run(model);
 }
 
 void enable_control(Model& model, std::string_view name, bool enabled) {

@@ -6,6 +6,7 @@
 
 #include "app/commands.h"
 #include "app/model.h"
+#include "datasource/file_list.h"
 
 namespace trendaro {
 namespace {
@@ -36,7 +37,7 @@ constexpr ToolButton holder(const char* key, const char* tooltip, const char* bo
 }
 
 constexpr auto kButtons = std::to_array<ToolButton>({
-    button("TB_ADDFILE", "Datei zu Kanalliste hinzufügen", "ADDFILE", nullptr, nullptr),
+    button("TB_ADDFILE", "Datei zu Kanalliste hinzufügen", "ADDFILE", nullptr, mnuOpenFile),
     separator(),
     button("TB_OPENGRAPH", "Ausschnittsgraphik aus Datei laden", "OPENGRAPH", nullptr, nullptr),
     button("TB_SAVEGRAPH", "Ausschnittsgraphik in Datei speichern", "SAVEGRAPH", nullptr, nullptr),
@@ -54,7 +55,7 @@ constexpr auto kButtons = std::to_array<ToolButton>({
     separator("TB_SEPARATOR16"),
     holder("TB_ZOOMPOINTS", "Maximalintervall der anzuzeigenden Originaldatenpunkte", "PointsBox"),
     button("TB_ZOOMINTERVAL", "Zoom in Maximalintervall", "ZOOMMAX", nullptr, nullptr),
-    button("TB_ZOOMFIX", "Zoom zurücksetzen", "ZOOMFIX", nullptr, nullptr),
+    button("TB_ZOOMFIX", "Zoom zurücksetzen", "ZOOMFIX", nullptr, reset_zoom),
     button("TB_ZOOMHORZ", "Horizontalen Zoom im Ausschnitt ein/ausschalten", "HZOOMUP", "HZOOMDN", nullptr),
     button("TB_ZOOMVERT", "Vertikalen Zoom im Ausschnitt ein/ausschalten", "VZOOMUP", "VZOOMDN", nullptr),
     button("TB_ZOOMRECT", "Rechteckzoom im Ausschnitt ein/ausschalten", "RZOOMUP", "RZOOMDN", nullptr),
