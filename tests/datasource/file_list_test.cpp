@@ -186,10 +186,10 @@ TEST_F(FileListTest, RemovalOfAMarkedSignalRedrawsWhatIsLeft) {
   model.Grid.active_row = 1;
   RemoveFileFromGrid(model);
   EXPECT_EQ(signals(), (Texts{"other.REB 1"}));
-  EXPECT_EQ(main_redraws(), 1);
+  EXPECT_EQ(main_redraws(), 2);  // one of them with the reset of the zoom
   EXPECT_EQ(survey_redraws(), 1);
-  EXPECT_EQ(model.MaxViewPoints, 0);
-  EXPECT_EQ(model.controls["ZoomPointsBox"].text, "0");
+  EXPECT_EQ(model.MaxViewPoints, 4);
+  EXPECT_EQ(model.controls["ZoomPointsBox"].text, "16");  // 4 points, each for half of 8 samples
   EXPECT_TRUE(model.controls["mnuShowSurvGraph"].ticked);
 }
 
@@ -237,6 +237,20 @@ TEST_F(FileListTest, ExtensionOfTheOriginalsIsAsked) {
   EXPECT_EQ(model.OriginalExtension, "BIN");
   mnuFileExtension(model);
   EXPECT_EQ(model.OriginalExtension, "BIN");
+}
+
+TEST_F(FileListTest, FileMenuRemovesFilesOnlyOutsideOfOriginalData) {
+  add_file("run.BIN", 1);
+  const auto enabled_at = [&](i32 row, bool original) {
+    model.Grid.active_row = row;
+    model.OriginalDataMode = original;
+    mnuFile(model);
+    return model.controls["mnuRemoveFile"].enabled;
+  };
+  EXPECT_TRUE(enabled_at(1, false));
+  EXPECT_FALSE(enabled_at(1, true));
+  EXPECT_FALSE(enabled_at(2, false));
+  EXPECT_FALSE(enabled_at(0, false));
 }
 
 }  // namespace

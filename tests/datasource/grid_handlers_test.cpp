@@ -159,6 +159,54 @@ TEST_F(GridHandlersTest, LastUnmarkReleasesTheZoomTools) {
   EXPECT_EQ(model.MaxViewPoints, 0);
 }
 
+TEST_F(GridHandlersTest, MarkShowsTheSamplesOfTheWholeRecording) {
+  add_file("run.REB", 1, 8);
+  mark(2);
+  // 4 points at 0, 8, 16 and 24 ms, each for half of the 8 samples of a pair.
+  EXPECT_FLOAT_EQ(static_cast<f32>(model.CompressedDXMax), 0.008F);
+  EXPECT_EQ(model.MaxViewPoints, 12);
+  EXPECT_EQ(model.controls["ZoomPointsBox"].text, "12");
+}
+
+TEST_F(GridHandlersTest, NewLayerLeavesTheZoom) {
+  add_file("run.REB", 2, 8);
+  mark(2);
+  model.Zoomed = true;
+  mark(3, 2, 1);
+  EXPECT_FALSE(model.Zoomed);
+}
+
+TEST_F(GridHandlersTest, ZoomInsideOfTheDataStays) {
+  add_file("run.REB", 2, 8);
+  mark(2);
+  model.Zoomed = true;
+  model.controls["ZoomPointsBox"].text = "1";
+  model.PESG.pending.AllowZooming = 3;
+  mark(3);
+  EXPECT_TRUE(model.Zoomed);
+  EXPECT_EQ(model.controls["ZoomPointsBox"].text, "1");
+  EXPECT_EQ(model.PESG.pending.AllowZooming, 3);
+}
+
+TEST_F(GridHandlersTest, ZoomBehindTheDataIsLeft) {
+  add_file("run.REB", 2, 8);
+  mark(2);
+  model.Zoomed = true;
+  model.controls["ZoomPointsBox"].text = "1000000";
+  mark(3);
+  EXPECT_FALSE(model.Zoomed);
+}
+
+TEST_F(GridHandlersTest, SamplesOfAPlainCurveOutliveOtherMarks) {
+  add_file("run.BIN", 2);
+  mark(3);
+  ASSERT_EQ(model.Plots[1].Cached, 1);
+  const f64* samples = model.CurveCache[1].data();
+  mark(2);
+  EXPECT_EQ(model.Plots[2].Cached, 1);
+  EXPECT_EQ(model.CurveCache[2].data(), samples);
+}
+
 TEST_F(GridHandlersTest, RightClickHighlightsSignalsAndFiles) {
   add_file("run.BIN", 2);
   right_click_cell(model, 3, 2);
@@ -182,6 +230,25 @@ TEST_F(GridHandlersTest, TipsStandOverCheckAndName) {
   EXPECT_TRUE(text_tip(model, 1, 3).starts_with("Filename: " + path + "\r\nKanalzahl: 2\r\n"));
   EXPECT_EQ(text_tip(model, 2, 2), "");
   EXPECT_EQ(text_tip(model, 9, 1), "");
+}
+
+TEST_F(GridHandlersTest, PopUpOffersWhatTheRowCanDo) {
+  add_file("run.BIN", 2);
+  const auto enabled = [&](const char* entry) { return model.controls[entry].enabled; };
+  activate_row(model, 1);
+  mnuPOP1(model);
+  EXPECT_TRUE(enabled("mnuPRemoveFile"));
+  EXPECT_FALSE(enabled("mnuSetX"));
+  EXPECT_FALSE(enabled("mnuCfgPlot"));
+  EXPECT_FALSE(enabled("mnuShowChanInfo"));
+  model.OriginalDataMode = true;
+  mnuPOP1(model);
+  EXPECT_FALSE(enabled("mnuPRemoveFile"));
+  activate_row(model, 2);
+  mnuPOP1(model);
+  EXPECT_FALSE(enabled("mnuPRemoveFile"));
+  EXPECT_TRUE(enabled("mnuSetX"));
+  EXPECT_FALSE(enabled("mnuCfgPlot"));
 }
 
 }  // namespace

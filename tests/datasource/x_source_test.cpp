@@ -69,6 +69,18 @@ TEST_F(XSourceTest, BackToTimeRedraws) {
   EXPECT_EQ(main_redraws(), 2);
 }
 
+TEST_F(XSourceTest, ChangeOfTheSourceLeavesTheZoom) {
+  add_file("run.REB", 2, 8);
+  mark(2);
+  model.Zoomed = true;
+  activate_row(model, 3);
+  mnuSetX(model);
+  EXPECT_FALSE(model.Zoomed);
+  model.Zoomed = true;
+  click_xSrc(model, 0);
+  EXPECT_FALSE(model.Zoomed);
+}
+
 TEST_F(XSourceTest, SameEntryAgainDoesNothing) {
   add_file("run.REB", 2, 8);
   mark(2);
