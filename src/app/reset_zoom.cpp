@@ -4,10 +4,10 @@
 #include <string>
 
 #include "app/commands.h"
-#include "app/dates.h"
 #include "app/model.h"
 #include "app/numbers.h"
 #include "app/toolbar.h"
+#include "graph/full_range.h"
 #include "graph/main_redraw.h"
 
 namespace trendaro {
@@ -30,8 +30,7 @@ void leave_graph_zoom(Model& model) {
 }
 
 void set_window_to_full_range(Model& model) {
-  model.ZoomXMin = model.DateAxis ? day_number_from_text(model.FirstDateText).value_or(0) : 0;
-  model.ZoomXMax = model.PESGSurvey.pending.ManualMaxX - model.SurveyMarginX;
+  set_full_x_range(model);
   model.ZoomPoints = model.MaxViewPoints;
 }
 

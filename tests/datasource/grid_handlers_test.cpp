@@ -162,10 +162,11 @@ TEST_F(GridHandlersTest, LastUnmarkReleasesTheZoomTools) {
 TEST_F(GridHandlersTest, MarkShowsTheSamplesOfTheWholeRecording) {
   add_file("run.REB", 1, 8);
   mark(2);
-  // 4 points at 0, 8, 16 and 24 ms, each for half of the 8 samples of a pair.
+  // Points at 0, 8, 16 and 24 ms, of which the survey leaves the last one out: two steps, and each step
+  // stands for half of the 8 samples of a pair.
   EXPECT_FLOAT_EQ(static_cast<f32>(model.CompressedDXMax), 0.008F);
-  EXPECT_EQ(model.MaxViewPoints, 12);
-  EXPECT_EQ(model.controls["ZoomPointsBox"].text, "12");
+  EXPECT_EQ(model.MaxViewPoints, 8);
+  EXPECT_EQ(model.controls["ZoomPointsBox"].text, "8");
 }
 
 TEST_F(GridHandlersTest, NewLayerLeavesTheZoom) {
