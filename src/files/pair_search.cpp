@@ -66,42 +66,52 @@ __attribute__((target("avx2"))) Extremes find_extremes(const f64* values, std::s
           _mm_cvtsd_f64(_mm_max_sd(high_half, _mm_unpackhi_pd(high_half, high_half)))};
 }
 
-// The first value of the run that equals one of the extremes; one of them is there.
+__attribute__((target("avx2"))) inline unsigned hits(const f64* values, __m256d least, __m256d greatest) {
+  const __m256d next = _mm256_loadu_pd(values);
+  return static_cast<unsigned>(_mm256_movemask_pd(
+      _mm256_or_pd(_mm256_cmp_pd(next, least, _CMP_EQ_OQ), _mm256_cmp_pd(next, greatest, _CMP_EQ_OQ))));
+}
+
+// The first value of the run that equals one of the extremes; one of them is there. Looks at whole strides,
+// because the branch that ends the search is guessed wrong about once a run.
 __attribute__((target("avx2"))) const f64* find_either(const f64* values, std::size_t count,
                                                        Extremes wanted) {
   const __m256d least = _mm256_set1_pd(wanted.least);
   const __m256d greatest = _mm256_set1_pd(wanted.greatest);
-  std::size_t index = 0;
-  for (; index + kLanes <= count; index += kLanes) {
-    const __m256d next = _mm256_loadu_pd(values + index);
-    const __m256d hits =
-        _mm256_or_pd(_mm256_cmp_pd(next, least, _CMP_EQ_OQ), _mm256_cmp_pd(next, greatest, _CMP_EQ_OQ));
-    const int mask = _mm256_movemask_pd(hits);
-    if (mask != 0) return values + index + __builtin_ctz(static_cast<unsigned>(mask));
+  const f64* place = values;
+  for (; place + kStride <= values + count; place += kStride) {
+    unsigned mask = 0;
+    for (unsigned part = 0; part < 4; ++part)
+      mask |= hits(place + part * kLanes, least, greatest) << (part * kLanes);
+    if (mask != 0) return place + __builtin_ctz(mask);
   }
-  while (values[index] != wanted.least && values[index] != wanted.greatest) ++index;
-  return values + index;
+  for (const f64* last = values + count - kLanes; place < last; place += kLanes)
+    if (const unsigned mask = hits(place, least, greatest); mask != 0) return place + __builtin_ctz(mask);
+  const f64* last = values + count - kLanes;
+  return last + __builtin_ctz(hits(last, least, greatest));
 }
 
-ValuePair find_pair_by_vectors(std::span<const f64> run) {
+const f64* find_zero(const f64* values) {
+  while (*values != 0) ++values;
+  return values;
+}
+
+__attribute__((target("avx2"))) ValuePair find_pair_by_vectors(std::span<const f64> run) {
   const f64 start = run.front();
   if (start != start) return {start, start};
   const Extremes found = find_extremes(run.data(), run.size());
   if (found.least == found.greatest) return {start, start};
   const f64* first = find_either(run.data(), run.size(), found);
-  f64 second = *first == found.least ? found.greatest : found.least;
-  if (second == 0) {
-    // The vectors may have met the zeros of both signs in any order; the earliest one counts.
-    const auto left = run.size() - static_cast<std::size_t>(first - run.data());
-    second = *find_either(first, left, {0, 0});
-  }
-  return {*first, second};
+  const f64 other[2] = {found.least, found.greatest};
+  const f64 second = other[*first == found.least ? 1 : 0];
+  // The vectors may have met the zeros of both signs in any order; the earliest one counts.
+  return {*first, second == 0 ? *find_zero(first) : second};
 }
 
 }  // namespace
 
 ValuePair find_pair(std::span<const f64> run) {
-  if (run.size() < kStride || !__builtin_cpu_supports("avx2")) return find_pair_plainly(run);
+  if (run.size() < kLanes || !__builtin_cpu_supports("avx2")) return find_pair_plainly(run);
   return find_pair_by_vectors(run);
 }
 

@@ -8,8 +8,9 @@ namespace trendaro {
 namespace {
 
 constexpr i64 kSampleBytes = sizeof(f64);
-// Small enough that the samples are still in the processor's cache when they are looked at.
-constexpr i64 kBufferValues = (i64{512} << 10) / kSampleBytes;
+// One huge page, and small enough that the samples are still in the processor's cache when they are looked
+// at.
+constexpr i64 kBufferValues = (i64{2048} << 10) / kSampleBytes;
 
 }  // namespace
 

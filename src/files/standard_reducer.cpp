@@ -1,3 +1,4 @@
+#include <array>
 #include <span>
 #include <vector>
 
@@ -74,16 +75,25 @@ std::vector<i32> replace_points(ReduceJob& job, const StandardLayout& layout) {
   return points;
 }
 
+void write_pairs(ByteWriter& target, std::span<const ValuePair> pairs) {
+  static_assert(sizeof(ValuePair) == 2 * sizeof(f64));
+  target.write_values({&pairs.front().first, 2 * pairs.size()});
+}
+
 // False when the source's values end early or the target takes no more.
 bool reduce_channel(SampleStream& values, ByteWriter& target, i32 samples, i32 block) {
+  std::array<ValuePair, 512> pieces;
   const i32 pairs = pair_count(samples, block);
-  for (i32 pair = 1; pair <= pairs; ++pair) {
-    const i64 count = pair < pairs ? block : samples - (pairs - i64{1}) * block;
-    const std::span<const f64> run = values.take(count);
-    if (run.empty() || !target.ok()) return false;
-    const ValuePair found = find_pair(run);
-    target.write_f64(found.first);
-    target.write_f64(found.second);
+  for (i32 done = 0; done < pairs;) {
+    std::size_t count = 0;
+    for (; count < pieces.size() && done < pairs; ++count, ++done) {
+      const i64 length = done + 1 < pairs ? block : samples - i64{done} * block;
+      const std::span<const f64> run = values.take(length);
+      if (run.empty()) return false;
+      pieces[count] = find_pair(run);
+    }
+    write_pairs(target, std::span(pieces).first(count));
+    if (!target.ok()) return false;
   }
   return true;
 }
