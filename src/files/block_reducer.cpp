@@ -158,7 +158,7 @@ void write_results(ByteWriter& target, const std::vector<ReducedChannel>& channe
 
 void ReduceBlockWindow(ReducedChannel& channel, i32 block) {
   assert(channel.window.size() == static_cast<std::size_t>(block));
-  const ValuePair pair = find_pair(channel.window);
+  const ValuePair pair = find_pair(std::span(channel.window).first(static_cast<std::size_t>(block)));
   channel.results.push_back(pair.first);
   channel.results.push_back(pair.second);
   channel.window.clear();

@@ -7,6 +7,8 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include "app/run_time_error.h"
+
 namespace trendaro {
 namespace {
 
@@ -38,7 +40,8 @@ InputFile::~InputFile() {
 
 i64 InputFile::size() const {
   struct stat status {};
-  return fstat(descriptor_, &status) == 0 ? status.st_size : 0;
+  if (fstat(descriptor_, &status) != 0) throw RunTimeError{kDeviceError};
+  return status.st_size;
 }
 
 ReadResult InputFile::read_at(i64 position, void* destination, i64 count) const {
@@ -55,11 +58,16 @@ ReadResult InputFile::read_at(i64 position, void* destination, i64 count) const 
   return result;
 }
 
+i64 delivered_bytes(const ReadResult& read) {
+  if (read.failed) throw RunTimeError{kDeviceError};
+  return read.bytes;
+}
+
 bool is_same_file(int descriptor, int other_descriptor) {
   struct stat one {};
   struct stat other {};
-  return fstat(descriptor, &one) == 0 && fstat(other_descriptor, &other) == 0 && one.st_dev == other.st_dev &&
-         one.st_ino == other.st_ino;
+  if (fstat(descriptor, &one) != 0 || fstat(other_descriptor, &other) != 0) return true;
+  return one.st_dev == other.st_dev && one.st_ino == other.st_ino;
 }
 
 }  // namespace trendaro

@@ -23,7 +23,8 @@ class InputFile {
   InputFile& operator=(const InputFile&) = delete;
 
   [[nodiscard]] bool is_open() const { return descriptor_ >= 0; }
-  // Bytes in the file at this moment; 0 when that cannot be told.
+  // Bytes in the file at this moment. Throws RunTimeError{kDeviceError} when the system cannot tell: a file
+  // taken for empty would be a success that is none.
   [[nodiscard]] i64 size() const;
   // Reads up to `count` bytes from the byte `position` on. A negative position fails; a `count` of 0 or less
   // reads nothing.
@@ -36,7 +37,11 @@ class InputFile {
   int descriptor_ = -1;
 };
 
-// True when both handles name one and the same file, by whatever paths it was opened.
+// The bytes that a read delivered. Throws RunTimeError{kDeviceError} when the system reported an error.
+i64 delivered_bytes(const ReadResult& read);
+
+// True when both handles name one and the same file, by whatever paths it was opened, and also when the system
+// cannot tell: what is asked is whether one may be written without harm to the other.
 bool is_same_file(int descriptor, int other_descriptor);
 
 }  // namespace trendaro

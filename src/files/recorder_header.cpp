@@ -32,7 +32,7 @@ bool is_reduced(i32 id) {
 std::vector<u8> read_start(const InputFile& file, i64 count) {
   std::vector<u8> bytes(static_cast<std::size_t>(std::min(count, file.size())));
   const ReadResult read = file.read_at(0, bytes.data(), static_cast<i64>(bytes.size()));
-  bytes.resize(static_cast<std::size_t>(read.bytes));
+  bytes.resize(static_cast<std::size_t>(delivered_bytes(read)));
   return bytes;
 }
 

@@ -34,13 +34,14 @@ void read_rows(const InputFile& file, i64 place, i64 stride, i64 needed, i64 fir
   const i64 count = static_cast<i64>(destination.size());
   const i64 rows_at_once = std::min(count, std::max<i64>(1, kReadBytes / stride));
   i64 done = 0;
-  if (count > 0 && file.size() > place) {
+  if (count > 0 && place >= 0 && file.size() > place) {
     std::vector<u8> buffer(static_cast<std::size_t>((rows_at_once - 1) * stride + needed));
     while (done < count) {
       const i64 rows = std::min(rows_at_once, count - done);
       const ReadResult read =
           file.read_at(place + (first + done) * stride, buffer.data(), (rows - 1) * stride + needed);
-      const i64 whole = read.bytes < needed ? 0 : (read.bytes - needed) / stride + 1;
+      const i64 bytes = delivered_bytes(read);
+      const i64 whole = bytes < needed ? 0 : (bytes - needed) / stride + 1;
       const u8* row = buffer.data();
       f64* value = destination.data() + done;
       for (i64 i = 0; i < whole; ++i, row += stride) value[i] = read_row(row);
@@ -164,7 +165,7 @@ void read_double_column(const InputFile& file, const RecorderHeader& header, i32
   i64 there = 0;
   if (header.data_offset >= 0) {
     const ReadResult read = file.read_at(place, destination.data(), wanted * i64{sizeof(f64)});
-    there = read.bytes / i64{sizeof(f64)};
+    there = delivered_bytes(read) / i64{sizeof(f64)};
   }
   std::fill(destination.begin() + there, destination.end(), 0.0);
 }

@@ -45,7 +45,8 @@ ByteView view_of(const std::string& bytes) {
 
 std::string read_start(const InputFile& file, i64 count) {
   std::string bytes(static_cast<std::size_t>(std::min(count, file.size())), '\0');
-  bytes.resize(static_cast<std::size_t>(file.read_at(0, bytes.data(), static_cast<i64>(bytes.size())).bytes));
+  const ReadResult read = file.read_at(0, bytes.data(), static_cast<i64>(bytes.size()));
+  bytes.resize(static_cast<std::size_t>(delivered_bytes(read)));
   return bytes;
 }
 
@@ -119,9 +120,10 @@ void copy_rows(const InputFile& source, ByteWriter& target, const SectionHeader&
   while (done < wanted) {
     const i64 count = std::min(wanted - done, static_cast<i64>(buffer.size()));
     const ReadResult read = source.read_at(begin + done, buffer.data(), count);
-    target.write_bytes({buffer.data(), static_cast<std::size_t>(read.bytes)});
-    done += read.bytes;
-    if (read.bytes < count || !target.ok()) break;
+    const i64 bytes = delivered_bytes(read);
+    target.write_bytes({buffer.data(), static_cast<std::size_t>(bytes)});
+    done += bytes;
+    if (bytes < count || !target.ok()) break;
   }
   if (done == wanted) return;
   // A last byte far behind makes the rows between zero without taking room on the disk.

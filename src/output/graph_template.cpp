@@ -6,6 +6,7 @@
 #include <string_view>
 #include <utility>
 
+#include "app/attempt.h"
 #include "files/input_file.h"
 #include "graph/graph_surface.h"
 #include "output/atomic_file.h"
@@ -105,7 +106,8 @@ void take_over(GraphProperties& properties, const Lines& lines) {
 // The whole file; nothing when it cannot be read or is larger than any template.
 std::optional<std::string> file_text(const std::string& path) {
   const InputFile file(path);
-  const i64 size = file.is_open() ? file.size() : 0;
+  i64 size = 0;
+  if (!file.is_open() || !attempt([&] { size = file.size(); })) return std::nullopt;
   if (size <= 0 || size > kLargestFile) return std::nullopt;
   std::string text(static_cast<std::size_t>(size), '\0');
   const ReadResult read = file.read_at(0, text.data(), size);

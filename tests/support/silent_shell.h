@@ -2,7 +2,7 @@
 
 #include "app/shell.h"
 
-namespace trendaro::fuzz {
+namespace trendaro {
 
 // A user who cancels everything; counts the messages.
 class SilentShell : public Shell {
@@ -20,4 +20,4 @@ class SilentShell : public Shell {
   void close_window() override {}
 };
 
-}  // namespace trendaro::fuzz
+}  // namespace trendaro
