@@ -260,7 +260,7 @@ TEST_F(RecorderValuesTest, RangesGiveWhatTheWholeGives) {
       if (format == 1255)
         recording.data.i16_field(static_cast<i16>(row * 13));
       else if (format == 1253)
-        recording.data.i32_field(row * 1300007);
+        recording.data.i32_field(row * 130007);
       else
         recording.data.f32_field(static_cast<f32>(row) / 3);
     for (i16 channel = 1; channel <= 3; ++channel) {
