@@ -20,7 +20,8 @@ class DemonstrationFilesTest : public LoadTest {
     EXPECT_EQ(LoadMeasurementFile(model, 1, folder.file(name), channel, 0), LoadStatus::Done);
     std::vector<f64> samples = values();
     // A block file's array is larger than its count.
-    if (name.ends_with(".DAT")) samples.resize(static_cast<std::size_t>(model.FileChannelPoints.at(channel)));
+    if (name.ends_with(".DAT"))
+      samples.resize(static_cast<std::size_t>(model.FileChannelPoints.at(static_cast<std::size_t>(channel))));
     return samples;
   }
 
