@@ -26,6 +26,10 @@ void close_window(Model& model) {
   model.shell.close_window();
 }
 
+void show_about(Model& model) {
+  model.shell.show_about();
+}
+
 constexpr auto kCommands = std::to_array<Command>({
     {"mnuFile", "&Datei", nullptr, nullptr},
     {"mnuOpenFile", "Datei zu Kanalliste hinzufügen", "mnuFile", mnuOpenFile, false, "Ctrl+O"},
@@ -153,7 +157,7 @@ constexpr auto kCommands = std::to_array<Command>({
 
     {"mnuHelp", "&Hilfe", nullptr, nullptr},
     {"mnuOnlineHelp", "Einführung", "mnuHelp", nullptr, false, "F1"},
-    {"mnuAbout", "Über Trendaro...", "mnuHelp", nullptr},
+    {"mnuAbout", "Über Trendaro...", "mnuHelp", show_about},
 
     {"mnuPOP1", "Kanalliste", nullptr, nullptr},
     {"mnuSetX", "Als x-Datensatz verwenden", "mnuPOP1", mnuSetX},

@@ -37,7 +37,10 @@ QString name_filter(const FileFilter& filter) {
   return QStringLiteral("%1 (%2)").arg(qt_text(filter.caption), qt_text(filter.pattern));
 }
 
-void prepare(QFileDialog& box, const FileDialog& dialog, const QString& folder) {
+// The mode comes first, because setting it takes the buttons' texts back.
+void prepare(QFileDialog& box, const FileDialog& dialog, const QString& folder,
+             QFileDialog::AcceptMode mode) {
+  box.setAcceptMode(mode);
   box.setObjectName(QStringLiteral("FileDialog"));
   box.setWindowTitle(qt_text(dialog.title));
   box.setOption(QFileDialog::DontUseNativeDialog);
@@ -92,8 +95,7 @@ QString ask_text_box(QWidget* parent, const QString& prompt, const QString& titl
 
 QString ask_open_file_box(QWidget* parent, const FileDialog& dialog, const QString& folder) {
   QFileDialog box(parent);
-  prepare(box, dialog, folder);
-  box.setAcceptMode(QFileDialog::AcceptOpen);
+  prepare(box, dialog, folder, QFileDialog::AcceptOpen);
   box.setFileMode(QFileDialog::ExistingFile);
   box.setLabelText(QFileDialog::Accept, QStringLiteral("Öffnen"));
   return chosen_file(box);
@@ -101,8 +103,7 @@ QString ask_open_file_box(QWidget* parent, const FileDialog& dialog, const QStri
 
 QString ask_save_file_box(QWidget* parent, const FileDialog& dialog, const QString& folder) {
   QFileDialog box(parent);
-  prepare(box, dialog, folder);
-  box.setAcceptMode(QFileDialog::AcceptSave);
+  prepare(box, dialog, folder, QFileDialog::AcceptSave);
   box.setFileMode(QFileDialog::AnyFile);
   box.setLabelText(QFileDialog::Accept, QStringLiteral("Speichern"));
   return chosen_file(box);

@@ -46,6 +46,8 @@ class Shell {
   virtual void show_wait_pointer(bool on) = 0;
   // Closes the main window as if the user had; the close question comes with it.
   virtual void close_window() = 0;
+  // Name and version of the program, modal; nothing where there is no window.
+  virtual void show_about() {}
 };
 
 // The title of nearly every message box.

@@ -15,6 +15,12 @@ namespace {
 constexpr int kIconSize = 24;  // pixels
 constexpr int kBoxDigits = 9;
 
+// A pressed button shows its own picture, so that the frame of the desktop's style would be one too many.
+constexpr char kButtonLook[] =
+    "QToolButton { border: none; border-radius: 4px; padding: 3px; }"
+    "QToolButton:hover { background: palette(midlight); }"
+    "QToolButton:pressed { background: palette(mid); }";
+
 QColor colour_of(i32 blue_green_red) {
   return {blue_green_red & 0xFF, blue_green_red >> 8 & 0xFF, blue_green_red >> 16 & 0xFF};
 }
@@ -37,6 +43,7 @@ ToolBar::ToolBar(QWidget* parent) : QToolBar(parent) {
   setMovable(false);
   setIconSize({kIconSize, kIconSize});
   setContextMenuPolicy(Qt::PreventContextMenu);
+  setStyleSheet(qt_text(kButtonLook));
   for (const ToolButton& tool : tool_buttons()) {
     if (tool.kind == ToolKind::Button) add_button(tool);
     if (tool.kind == ToolKind::Box) add_box(tool);

@@ -6,6 +6,7 @@
 #include "app/message_boxes.h"
 #include "app/qt_text.h"
 #include "app/status_bar.h"
+#include "output/about_window.h"
 
 namespace trendaro {
 namespace {
@@ -84,6 +85,10 @@ void WindowShell::show_wait_pointer(bool on) {
 
 void WindowShell::close_window() {
   if (window_ != nullptr) window_->close();
+}
+
+void WindowShell::show_about() {
+  AboutWindow(AboutWindow::Use::Dialog, window_).exec();
 }
 
 }  // namespace trendaro

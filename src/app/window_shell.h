@@ -27,6 +27,7 @@ class WindowShell : public Shell {
   void show_progress(f64 fraction) override;
   void show_wait_pointer(bool on) override;
   void close_window() override;
+  void show_about() override;
 
  private:
   // Keeps the folder of a chosen file for the next dialog.

@@ -80,9 +80,9 @@ void ChannelGrid::mirror_top_row() {
   if (const i32 row = table_->row_at(rowAt(0)); row > 0) rows_.top_row = row;
 }
 
-void ChannelGrid::note_top_row(int position) {
-  if (!mirroring_)
-    if (const i32 row = table_->row_at(position); row > 0) rows_.top_row = row;
+void ChannelGrid::note_top_row() {
+  if (mirroring_) return;
+  if (const i32 row = table_->row_at(rowAt(0)); row > 0) rows_.top_row = row;
 }
 
 void ChannelGrid::toggle(int position) {

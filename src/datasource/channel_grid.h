@@ -45,7 +45,7 @@ class ChannelGrid : public QTableView {
   void toggle(int position);
   void mirror_active_row();
   void mirror_top_row();
-  void note_top_row(int position);
+  void note_top_row();
 
   ChannelRows& rows_;
   ChannelTable* table_;

@@ -1,0 +1,137 @@
+#include <QFileDialog>
+#include <QInputDialog>
+#include <QLabel>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QRegularExpression>
+#include <QTimer>
+#include <functional>
+
+#include "window/window_fixture.h"
+
+namespace trendaro {
+namespace {
+
+class DialogsTest : public WindowTest {
+ protected:
+  DialogsTest() { open_window(); }
+
+  // Does `action` with the next modal dialog.
+  void in_dialog(std::function<void(QDialog&)> action) {
+    QTimer::singleShot(0, window.get(), [this, action = std::move(action)] {
+      auto* dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget());
+      ASSERT_NE(dialog, nullptr);
+      seen = dialog->objectName();
+      action(*dialog);
+    });
+  }
+  static void press(QDialog& dialog, const char* button) {
+    auto* found = dialog.findChild<QPushButton*>(QString::fromUtf8(button));
+    ASSERT_NE(found, nullptr) << button;
+    found->click();
+  }
+
+  QString seen;
+};
+
+TEST_F(DialogsTest, QuestionHasGermanButtons) {
+  QStringList texts;
+  in_dialog([&](QDialog& dialog) {
+    for (const auto* button : dialog.findChildren<QPushButton*>())
+      texts << button->text().remove(QLatin1Char('&'));
+    press(dialog, "Ja");
+  });
+  EXPECT_TRUE(window_shell.ask_yes_no("Trendaro beenden?", "Programm beenden"));
+  EXPECT_EQ(seen, QStringLiteral("MsgBox"));
+  texts.sort();
+  EXPECT_EQ(texts, (QStringList{QStringLiteral("Ja"), QStringLiteral("Nein")}));
+}
+
+TEST_F(DialogsTest, NeinAndClosingAreNo) {
+  in_dialog([](QDialog& dialog) { press(dialog, "Nein"); });
+  EXPECT_FALSE(window_shell.ask_yes_no("Weiter?", "Frage"));
+  in_dialog([](QDialog& dialog) { QTest::keyClick(&dialog, Qt::Key_Escape); });
+  EXPECT_FALSE(window_shell.ask_yes_no("Weiter?", "Frage"));
+}
+
+TEST_F(DialogsTest, MessageShowsItsTextAsItStands) {
+  QString text;
+  in_dialog([&](QDialog& dialog) {
+    text = dynamic_cast<QMessageBox&>(dialog).text();
+    EXPECT_EQ(dynamic_cast<QMessageBox&>(dialog).icon(), QMessageBox::Critical);
+    EXPECT_EQ(dialog.windowTitle(), QStringLiteral("Trendaro"));
+    press(dialog, "OK");
+  });
+  window_shell.show_message("Fehler in <Datei> & Übersicht", kProgramTitle, MessageIcon::Stop);
+  EXPECT_EQ(text, QStringLiteral("Fehler in <Datei> & Übersicht"));
+}
+
+TEST_F(DialogsTest, DialogTakesTheWaitPointerAwayForItsTime) {
+  const WaitPointer wait(window_shell);
+  bool waiting = true;
+  in_dialog([&](QDialog& dialog) {
+    waiting = QApplication::overrideCursor() != nullptr;
+    press(dialog, "OK");
+  });
+  window_shell.show_message("Text", kProgramTitle, MessageIcon::None);
+  EXPECT_FALSE(waiting);
+  EXPECT_NE(QApplication::overrideCursor(), nullptr);
+}
+
+TEST_F(DialogsTest, InputGivesTheTypedTextAndNothingWhenCancelled) {
+  in_dialog([](QDialog& dialog) {
+    auto& input = dynamic_cast<QInputDialog&>(dialog);
+    EXPECT_EQ(input.textValue(), QStringLiteral("DAT"));
+    EXPECT_EQ(input.cancelButtonText(), QStringLiteral("Abbrechen"));
+    input.setTextValue(QStringLiteral("BIN"));
+    input.accept();
+  });
+  EXPECT_EQ(window_shell.ask_text("Erweiterung", "Titel", "DAT"), "BIN");
+  in_dialog([](QDialog& dialog) { dialog.reject(); });
+  EXPECT_EQ(window_shell.ask_text("Erweiterung", "Titel", "DAT"), "");
+}
+
+TEST_F(DialogsTest, OpenDialogHasTitleFiltersAndGermanButtons) {
+  const std::string path = folder.file("a.BIN");
+  write_file(path, "x");
+  QStringList filters;
+  in_dialog([&](QDialog& dialog) {
+    auto& box = dynamic_cast<QFileDialog&>(dialog);
+    filters = box.nameFilters();
+    EXPECT_EQ(box.windowTitle(), QStringLiteral("Datensätze aus Datei einfügen"));
+    EXPECT_EQ(box.labelText(QFileDialog::Reject), QStringLiteral("Abbrechen"));
+    box.setDirectory(QString::fromStdString(folder.path()));
+    box.selectFile(QString::fromStdString(path));
+    QMetaObject::invokeMethod(&box, "accept");
+  });
+  const FileDialog dialog{
+      "Datensätze aus Datei einfügen", {{"*.BIN*", "*.BIN*"}, {"Alle Dateien", "*.*"}}, ""};
+  EXPECT_EQ(window_shell.ask_open_file(dialog), path);
+  EXPECT_EQ(filters, (QStringList{QStringLiteral("*.BIN*"), QStringLiteral("Alle Dateien (*.*)")}));
+}
+
+TEST_F(DialogsTest, CancelledFileDialogGivesNoName) {
+  in_dialog([](QDialog& dialog) { dialog.reject(); });
+  EXPECT_EQ(window_shell.ask_save_file({"Speichern", {{"*.GTP", "*.GTP"}}, "*.GTP"}), "");
+}
+
+TEST_F(DialogsTest, AboutTellsTheVersionAndOkClosesIt) {
+  QString version;
+  in_dialog([&](QDialog& dialog) {
+    version = dialog.findChild<QLabel*>(QStringLiteral("Version"))->text();
+    press(dialog, "OK");
+  });
+  window_shell.show_about();
+  EXPECT_EQ(seen, QStringLiteral("About"));
+  EXPECT_TRUE(version.contains(QRegularExpression(QStringLiteral("^Version \\d+\\.\\d+\\.\\d+$"))))
+      << version.toStdString();
+}
+
+TEST_F(DialogsTest, CloseOfTheShellClosesTheWindow) {
+  user.yes_no = {true};
+  window_shell.close_window();
+  EXPECT_FALSE(window->isVisible());
+}
+
+}  // namespace
+}  // namespace trendaro
