@@ -2,22 +2,34 @@
 #include <iostream>
 
 #include "app/command_line.h"
+#include "app/info_command.h"
 #include "app/reduce_command.h"
 #include "app/run_time_error.h"
 #include "app/section_command.h"
+#include "app/values_command.h"
 #include "app/window_program.h"
 
 namespace trendaro {
 namespace {
 
+constexpr int kFailed = 1;
 constexpr int kWrongCall = 2;
+
+int not_built(const char* what) {
+  std::fprintf(stderr, "%s: in dieser Fassung nicht enthalten\n", what);
+  return kFailed;
+}
 
 // Runs what a call asks for; gives the exit status.
 struct Runner {
   int argument_count;
   char** arguments;
 
-  int operator()(const OpenWindow& call) const { return run_window(call, argument_count, arguments); }
+  int operator()(const OpenWindow& call) const {
+    if (call.automation) return not_built("--automation");
+    if (call.bus_host) return not_built("--host=bus");
+    return run_window(call, argument_count, arguments);
+  }
   int operator()(const PrintText& call) const {
     std::cout << call.text;
     return 0;
@@ -26,7 +38,9 @@ struct Runner {
     std::cerr << call.text;
     return kWrongCall;
   }
-  template<class T> int operator()(const T& call) const { (void)call; return 9; } // TEMP
+  int operator()(const RenderCommand&) const { return not_built("render"); }
+  int operator()(const InfoCommand& call) const { return run_info(call, std::cout, std::cerr); }
+  int operator()(const ValuesCommand& call) const { return run_values(call, std::cout, std::cerr); }
   int operator()(const ReduceCommand& call) const { return run_reduce(call, std::cerr); }
   int operator()(const SectionCommand& call) const { return run_section(call, std::cerr); }
 };
@@ -43,5 +57,5 @@ int main(int argument_count, char** arguments) {
   } catch (const std::exception& failure) {
     std::fprintf(stderr, "Fehler: %s\n", failure.what());
   }
-  return 1;
+  return trendaro::kFailed;
 }
