@@ -23,10 +23,14 @@ i32 find_channel(const ChannelRows& list, i32 first, const std::string& path, i1
 }  // namespace
 
 void open_file_argument(Model& model, const FileArgument& argument) {
-  const i32 first = model.Grid.MaxRows() + 1;
+  const i32 first_row = model.Grid.MaxRows() + 1;
   open_file(model, argument.path);
+  mark_channels(model, argument, first_row);
+}
+
+void mark_channels(Model& model, const FileArgument& argument, i32 first_row) {
   for (const i16 channel : argument.channels) {
-    const i32 row = find_channel(model.Grid, first, argument.path, channel);
+    const i32 row = find_channel(model.Grid, first_row, argument.path, channel);
     if (row == 0 || model.Grid.rows[row].check == 1) continue;
     activate_row(model, row);
     click_check_cell(model, row, 1);

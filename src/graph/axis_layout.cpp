@@ -97,13 +97,23 @@ PixelRectangle label_box(const AxisLayout& axis, const std::string& text, f64 pi
   return {area.right() + distance, pixel - height / 2, width, height};
 }
 
+// Whether a label would run into the one placed last in its line.
+bool touches_last_label(const AxisLayout& axis, const PixelRectangle& box, const TextMeasure& measure) {
+  if (axis.side != AxisSide::Bottom) return false;
+  const f64 gap = measure.height(TextRole::Axis) * 0.4;
+  return std::any_of(axis.labels.begin(), axis.labels.end(), [&](const PlacedText& label) {
+    return label.box.y == box.y && label.box.right() + gap > box.x && label.box.x < box.right() + gap;
+  });
+}
+
 void place_label(AxisLayout& axis, const std::string& text, f64 pixel, int line, const PixelRectangle& area,
                  const PixelRectangle& bounds, const TextMeasure& measure) {
   if (text.empty()) return;
   PixelRectangle box = label_box(axis, text, pixel, line, area, measure);
-  // The day of the first tick moves in from the edge rather than being lost.
-  if (line > 0) box.x = std::clamp(box.x, bounds.x, std::max(bounds.x, bounds.right() - box.width));
-  if (!lies_inside(box, bounds)) return;
+  // A label at the end of the x axis moves in from the edge rather than being lost.
+  if (axis.side == AxisSide::Bottom)
+    box.x = std::clamp(box.x, bounds.x, std::max(bounds.x, bounds.right() - box.width));
+  if (!lies_inside(box, bounds) || touches_last_label(axis, box, measure)) return;
   const auto alignment = axis.side == AxisSide::Left    ? TextAlignment::Right
                          : axis.side == AxisSide::Right ? TextAlignment::Left
                                                         : TextAlignment::Centre;

@@ -94,11 +94,13 @@ std::vector<f64> minor_values(const TickRequest& request, f64 step, f64 major_st
 // The distance below which ticks would crowd, or neighbouring values could not be told apart.
 f64 least_step(const TickRequest& request, const TextMeasure& measure) {
   const AxisScale& scale = request.scale;
-  const f64 spacing = measure.height(TextRole::Axis) * (request.vertical ? 2.2 : 4.5);
+  const f64 line = measure.height(TextRole::Axis);
+  const f64 length = length_of(request);
+  // A low axis gets its labels closer together, so that it still has some.
+  const f64 spacing = request.vertical ? std::clamp(length / 8, line * 1.35, line * 2.8) : line * 4.5;
   const f64 span = scale.maximum - scale.minimum;
   const f64 size = std::max(std::abs(scale.minimum), std::abs(scale.maximum));
-  const f64 parts = std::max(1.0, std::floor(length_of(request) / spacing));
-  return std::max(span / parts, size * 16 * std::numeric_limits<f64>::epsilon());
+  return std::max(span / std::max(1.0, length / spacing), size * 16 * std::numeric_limits<f64>::epsilon());
 }
 
 AxisTicks linear_ticks(const TickRequest& request, const TextMeasure& measure) {

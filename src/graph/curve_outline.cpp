@@ -68,16 +68,16 @@ void add_run(const OutlineTask& task, std::size_t first, std::size_t last, Outli
   if (run.last != last - 1) builder.end_piece();
 }
 
-CurveOutline rising_outline(const OutlineTask& task, const PixelRectangle& area) {
+CurveOutline rising_outline(const OutlineTask& task, const PixelRectangle& area, f64 column_width) {
   const CurveSamples& samples = task.samples;
   const std::size_t end = samples.count;
   const bool falls = task.x_scale.last < task.x_scale.first;
   OutlineBuilder builder;
   std::size_t next = first_not_below(samples, 0, task.x_scale.minimum);
   if (next > 0) add_each(task, next - 1, next, builder);
-  const auto columns = static_cast<std::size_t>(std::ceil(area.width));
+  const auto columns = static_cast<std::size_t>(std::ceil(area.width / column_width));
   for (std::size_t column = 0; column < columns && next < end; ++column) {
-    const f64 edge = static_cast<f64>(column) + 1;
+    const f64 edge = (static_cast<f64>(column) + 1) * column_width;
     const f64 limit = value_of(task.x_scale, falls ? area.right() - edge : area.x + edge);
     const std::size_t stop = first_not_below(samples, next, limit);
     if (stop > next) add_run(task, next, stop, builder);
@@ -183,9 +183,10 @@ CurveOutline wandering_outline(const OutlineTask& task, const PixelRectangle& ar
 }  // namespace
 
 CurveOutline curve_outline(const CurveSamples& samples, const AxisScale& x_scale, const AxisScale& y_scale,
-                           const PixelRectangle& area) {
+                           const PixelRectangle& area, f64 column_width) {
   const OutlineTask task{samples, x_scale, y_scale};
-  return samples.rising ? rising_outline(task, area) : wandering_outline(task, area);
+  if (samples.count == 0) return {};
+  return samples.rising ? rising_outline(task, area, column_width) : wandering_outline(task, area);
 }
 
 CurveOutline clipped(const CurveOutline& outline, const PixelRectangle& box) {

@@ -19,8 +19,9 @@ struct CurveOutline {
 // and the last, in their order, so that no extreme is lost and the work goes with the pixels; where a column
 // holds few samples, all of them. One sample before and behind the area comes along, so that lines reach its
 // edges. Curves whose x falls somewhere keep each piece of line that touches a pixel nothing touched before.
+// `column_width` is the width of a pixel of the device in logical pixels.
 CurveOutline curve_outline(const CurveSamples& samples, const AxisScale& x_scale, const AxisScale& y_scale,
-                           const PixelRectangle& area);
+                           const PixelRectangle& area, f64 column_width = 1);
 
 // Cuts an outline at the edges of `box`, at true crossings, so that what a painter gets is never far away.
 CurveOutline clipped(const CurveOutline& outline, const PixelRectangle& box);

@@ -76,66 +76,80 @@ void limit_names(std::vector<LooseEntry>& entries, f64 limit, const TextMeasure&
   }
 }
 
-using Row = std::vector<LooseEntry>;
+// Entries in rows of `columns`; names of one column begin below each other.
+struct LegendTable {
+  std::size_t columns = 0;
+  std::vector<f64> name_widths;  // of each column
 
-f64 row_width(const Row& row, const EntryMeasure& entry) {
-  f64 width = 0;
-  for (const LooseEntry& each : row) width += entry.lead() + each.name_width;
-  return row.empty() ? 0 : width + entry.entry_gap * static_cast<f64>(row.size() - 1);
-}
-
-std::vector<Row> broken_into_rows(const std::vector<LooseEntry>& entries, f64 width,
-                                  const EntryMeasure& entry) {
-  std::vector<Row> rows(1);
-  for (const LooseEntry& each : entries) {
-    const f64 needed = row_width(rows.back(), entry) + entry.entry_gap + entry.lead() + each.name_width;
-    if (!rows.back().empty() && needed > width) rows.emplace_back();
-    rows.back().push_back(each);
+  [[nodiscard]] f64 width(const EntryMeasure& entry) const {
+    f64 sum = entry.entry_gap * static_cast<f64>(columns - 1);
+    for (const f64 width : name_widths) sum += entry.lead() + width;
+    return sum;
   }
-  return rows;
+};
+
+LegendTable table_of(const std::vector<LooseEntry>& entries, std::size_t columns) {
+  LegendTable table{columns, std::vector<f64>(columns, 0)};
+  for (std::size_t i = 0; i < entries.size(); ++i)
+    table.name_widths[i % columns] = std::max(table.name_widths[i % columns], entries[i].name_width);
+  return table;
 }
 
-std::vector<Row> legend_rows(const GraphProperties& shown, std::vector<LooseEntry> entries, f64 width,
-                             const TextMeasure& measure) {
+// The widest table that fits, and then no wider than its number of rows asks for.
+LegendTable fitting_table(const std::vector<LooseEntry>& entries, f64 width, const EntryMeasure& entry) {
+  const auto most = static_cast<std::size_t>(std::max(1.0, width / (entry.lead() + entry.entry_gap)));
+  for (std::size_t columns = std::min(entries.size(), most); columns > 1; --columns) {
+    if (table_of(entries, columns).width(entry) > width) continue;
+    const std::size_t rows = (entries.size() + columns - 1) / columns;
+    return table_of(entries, (entries.size() + rows - 1) / rows);
+  }
+  return table_of(entries, 1);
+}
+
+LegendTable legend_table(const GraphProperties& shown, std::vector<LooseEntry>& entries, f64 width,
+                         const TextMeasure& measure) {
   const EntryMeasure entry(measure);
-  if (shown.LegendStyle == kLegendOneLine) {
-    const auto count = static_cast<f64>(entries.size());
-    limit_names(entries,
-                fair_name_width(entries, width - count * entry.lead() - (count - 1) * entry.entry_gap),
-                measure);
-    return {entries};
+  if (shown.LegendStyle != kLegendOneLine) {
+    limit_names(entries, width * kLongestName, measure);
+    return fitting_table(entries, width, entry);
   }
-  limit_names(entries, width * kLongestName, measure);
-  return broken_into_rows(entries, width, entry);
+  const auto count = static_cast<f64>(entries.size());
+  const f64 fixed = count * entry.lead() + (count - 1) * entry.entry_gap;
+  limit_names(entries, fair_name_width(entries, width - fixed), measure);
+  return table_of(entries, entries.size());
 }
 
-// Puts rows below each other, each centred; entries that would leave the row are left out.
-void put_rows(const std::vector<Row>& rows, const PixelRectangle& box, const EntryMeasure& entry,
-              std::vector<LegendEntry>& legend) {
+// Puts the table in the middle of the box; what does not fit into it is left out.
+void put_table(const std::vector<LooseEntry>& entries, const LegendTable& table, const PixelRectangle& box,
+               const EntryMeasure& entry, std::vector<LegendEntry>& legend) {
+  const f64 start = box.x + std::max(0.0, std::round((box.width - table.width(entry)) / 2));
+  f64 x = start;
   f64 y = box.y;
-  for (const Row& row : rows) {
-    f64 x = box.x + std::max(0.0, std::round((box.width - row_width(row, entry)) / 2));
-    for (const LooseEntry& each : row) {
-      if (x + entry.lead() + each.name_width > box.right() + 0.5) break;
-      legend.push_back(entry_at(each.subset, each.name, x, y, each.name_width, entry));
-      x += entry.lead() + each.name_width + entry.entry_gap;
-    }
+  for (std::size_t i = 0; i < entries.size() && y + entry.line <= box.bottom() + 0.5; ++i) {
+    const std::size_t column = i % table.columns;
+    if (x + entry.lead() + entries[i].name_width <= box.right() + 0.5)
+      legend.push_back(entry_at(entries[i].subset, entries[i].name, x, y, entries[i].name_width, entry));
+    x += entry.lead() + table.name_widths[column] + entry.entry_gap;
+    if (column + 1 < table.columns) continue;
+    x = start;
     y += entry.line;
   }
 }
 
 void place_above_or_below(const GraphProperties& shown, const TextMeasure& measure,
-                          const std::vector<LooseEntry>& entries, PixelRectangle& room,
+                          std::vector<LooseEntry> entries, PixelRectangle& room,
                           std::vector<LegendEntry>& legend) {
   const EntryMeasure entry(measure);
-  std::vector<Row> rows = legend_rows(shown, entries, room.width, measure);
+  const LegendTable table = legend_table(shown, entries, room.width, measure);
   const f64 gap = std::round(entry.line * 0.4);
   const f64 budget = room.height * kHeightShare - gap;
-  rows.resize(std::min(rows.size(), static_cast<std::size_t>(std::max(0.0, budget / entry.line))));
-  if (rows.empty()) return;
-  const f64 height = entry.line * static_cast<f64>(rows.size());
+  const auto needed = static_cast<f64>((entries.size() + table.columns - 1) / table.columns);
+  const f64 rows = std::min(needed, std::floor(budget / entry.line));
+  if (rows < 1) return;
+  const f64 height = entry.line * rows;
   const bool top = shown.LegendLocation == kLegendTop;
-  put_rows(rows, {room.x, top ? room.y : room.bottom() - height, room.width, height}, entry, legend);
+  put_table(entries, table, {room.x, top ? room.y : room.bottom() - height, room.width, height}, entry,
+            legend);
   if (top) room.y += height + gap;
   room.height -= height + gap;
 }

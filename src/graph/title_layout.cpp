@@ -1,6 +1,7 @@
 #include "graph/title_layout.h"
 
 #include <algorithm>
+#include <cmath>
 
 namespace trendaro {
 namespace {
@@ -82,6 +83,7 @@ void place_titles(const GraphProperties& shown, const TextMeasure& measure, Pixe
     room.height -= height;
     place_line(below[i], {room.x, room.bottom(), room.width, height}, measure, titles);
   }
+  if (fitting > 0) room.height -= std::round(measure.height(TextRole::Axis) * 0.4);
 }
 
 }  // namespace trendaro

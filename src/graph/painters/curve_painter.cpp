@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <cmath>
 
-#include "graph/curve_outline.h"
+#include "graph/curve_strokes.h"
 #include "graph/painters/graph_colors.h"
 #include "graph/painters/line_style.h"
 #include "graph/painters/sharp_lines.h"
@@ -12,10 +12,10 @@
 namespace trendaro {
 namespace {
 
-constexpr f64 kLineMargin = 8;       // pixels beyond the area, so that no cut shows
-constexpr std::size_t kChunk = 200;  // points of a polyline that the rasteriser takes at once
-constexpr f64 kAreaShare = 0.25;     // opacity under an area's line
-constexpr f64 kBarPart = 0.7;        // of the distance between bars
+constexpr f64 kLineMargin = 8;    // pixels beyond the area, so that no cut shows
+constexpr f64 kChunkTravel = 60;  // pixels up and down that the rasteriser takes at once
+constexpr f64 kAreaShare = 0.25;  // opacity under an area's line
+constexpr f64 kBarPart = 0.7;     // of the distance between bars
 constexpr f64 kWidestBar = 40;
 
 struct CurveTask {
@@ -27,16 +27,6 @@ struct CurveTask {
   const AxisScale& y_scale;
   QColor color;
 };
-
-// Calls `use(first, last)` for each piece of an outline.
-template <typename Use>
-void for_each_piece(const CurveOutline& outline, Use use) {
-  for (std::size_t piece = 0; piece < outline.starts.size(); ++piece) {
-    const std::size_t last =
-        piece + 1 < outline.starts.size() ? outline.starts[piece + 1] : outline.points.size();
-    use(outline.starts[piece], last);
-  }
-}
 
 QPointF at(const CurveOutline& outline, std::size_t index) {
   return {outline.points[index].x, outline.points[index].y};
@@ -60,26 +50,47 @@ void draw_lone_point(const CurveTask& task, const QPen& pen, QPointF point) {
   task.painter.drawEllipse(point, radius, radius);
 }
 
+// Connected lines in parts: the rasteriser slows down by the square of the lines that cross one row.
+void draw_connected(const CurveTask& task, const CurveOutline& outline, std::size_t first, std::size_t last) {
+  std::vector<QPointF> points;
+  f64 travel = 0;
+  for (std::size_t i = first; i < last; ++i) {
+    if (points.size() > 1 && travel + std::abs(outline.points[i].y - points.back().y()) > kChunkTravel) {
+      task.painter.drawPolyline(points.data(), static_cast<int>(points.size()));
+      points = {points.back()};
+      travel = 0;
+    }
+    if (!points.empty()) travel += std::abs(outline.points[i].y - points.back().y());
+    points.push_back(at(outline, i));
+  }
+  if (points.size() == 2)
+    task.painter.drawLine(points[0], points[1]);
+  else
+    task.painter.drawPolyline(points.data(), static_cast<int>(points.size()));
+}
+
+void draw_bars_of_columns(const CurveTask& task, const std::vector<PixelRectangle>& bars) {
+  const DeviceGrid grid(task.painter);
+  for (const PixelRectangle& bar : bars)
+    task.painter.fillRect(grid.aligned(QRectF(bar.x, bar.y, bar.width, bar.height)), task.color);
+}
+
 void draw_lines(const CurveTask& task, const CurveOutline& outline) {
-  const QPen pen = line_pen(line_type_of(task.shown, task.place.subset), task.color);
-  const bool solid = pen.style() == Qt::SolidLine;
-  for_each_piece(outline, [&](std::size_t first, std::size_t last) {
+  const i32 line_type = line_type_of(task.shown, task.place.subset);
+  const QPen pen = line_pen(line_type, task.color);
+  const std::vector<f64> pattern = dash_pattern(line_type);
+  const CurveOutline cut =
+      pattern.empty() ? outline : dashed(outline, pattern, task.area.width + task.area.height);
+  const CurveStrokes strokes = curve_strokes(cut, 1 / DeviceGrid(task.painter).ratio(), pen.widthF());
+  draw_bars_of_columns(task, strokes.bars);
+  for_each_piece(strokes.lines, [&](std::size_t first, std::size_t last) {
     if (last - first == 1) {
-      draw_lone_point(task, pen, at(outline, first));
+      draw_lone_point(task, pen, at(strokes.lines, first));
       return;
     }
     task.painter.setPen(pen);
     task.painter.setBrush(Qt::NoBrush);
-    std::vector<QPointF> points;
-    for (std::size_t i = first; i < last; ++i) {
-      points.push_back(at(outline, i));
-      // Long lines cost more than their parts; a dash pattern must run through all of them.
-      if (solid && points.size() == kChunk) {
-        task.painter.drawPolyline(points.data(), static_cast<int>(points.size()));
-        points = {points.back()};
-      }
-    }
-    if (points.size() > 1) task.painter.drawPolyline(points.data(), static_cast<int>(points.size()));
+    draw_connected(task, strokes.lines, first, last);
   });
 }
 
@@ -146,7 +157,8 @@ CurveOutline stepped(const CurveOutline& outline) {
 
 void draw_curve(const CurveTask& task) {
   const CurveSamples samples = curve_samples(task.shown, task.place.subset);
-  const CurveOutline outline = curve_outline(samples, task.x_scale, task.y_scale, task.area);
+  const CurveOutline outline =
+      curve_outline(samples, task.x_scale, task.y_scale, task.area, 1 / DeviceGrid(task.painter).ratio());
   const PixelRectangle visible = widened(task.area);
   switch (task.place.method) {
     case kMethodPoints:

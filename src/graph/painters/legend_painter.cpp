@@ -35,13 +35,12 @@ void paint_sample(QPainter& painter, const GraphProperties& shown, const GraphLa
     return;
   }
   if (method != kMethodPoints) {
-    QPen pen = line_pen(line_type_of(shown, entry.subset), color);
-    // The pattern keeps its length although the line grows.
-    QList<qreal> pattern = pen.dashPattern();
-    const f64 width = std::max(pen.widthF(), kLeastSampleWidth);
-    for (qreal& length : pattern) length *= pen.widthF() / width;
-    if (pen.style() != Qt::SolidLine) pen.setDashPattern(pattern);
-    pen.setWidthF(width);
+    const i32 line_type = line_type_of(shown, entry.subset);
+    QPen pen = line_pen(line_type, color);
+    pen.setWidthF(std::max(pen.widthF(), kLeastSampleWidth));
+    QList<qreal> pattern;
+    for (const f64 length : dash_pattern(line_type)) pattern.append(length / pen.widthF());
+    if (!pattern.isEmpty()) pen.setDashPattern(pattern);
     painter.setPen(pen);
     painter.drawLine(QPointF(box.x, middle), QPointF(box.right(), middle));
   }

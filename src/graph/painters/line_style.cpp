@@ -22,29 +22,26 @@ f64 line_width(i32 line_type) {
   }
 }
 
-// Lengths in widths of the line.
-QList<qreal> dash_pattern(i32 line_type) {
-  switch (line_type) {
-    case 1:
-      return {6, 4};
-    case 2:
-      return {1.4, 2.6};
-    case 3:
-      return {6, 3, 1.4, 3};
-    case 4:
-      return {6, 3, 1.4, 3, 1.4, 3};
-    default:
-      return {};
-  }
-}
-
 }  // namespace
 
 QPen line_pen(i32 line_type, const QColor& color) {
-  QPen pen(color, line_width(line_type), Qt::SolidLine, Qt::FlatCap, Qt::BevelJoin);
-  if (const QList<qreal> pattern = dash_pattern(line_type); !pattern.isEmpty()) pen.setDashPattern(pattern);
-  if (line_type >= 5) pen.setJoinStyle(Qt::RoundJoin);
-  return pen;
+  const f64 width = line_width(line_type);
+  return QPen(color, width, Qt::SolidLine, Qt::FlatCap, width > kThin ? Qt::RoundJoin : Qt::BevelJoin);
+}
+
+std::vector<f64> dash_pattern(i32 line_type) {
+  switch (line_type) {
+    case 1:
+      return {7, 5};
+    case 2:
+      return {1.75, 3.25};
+    case 3:
+      return {8, 4, 1.75, 4};
+    case 4:
+      return {8, 4, 1.75, 4, 1.75, 4};
+    default:
+      return {};
+  }
 }
 
 }  // namespace trendaro

@@ -1,0 +1,145 @@
+#include "app/render_command.h"
+
+#include <QGuiApplication>
+#include <cmath>
+#include <memory>
+#include <ostream>
+
+#include <unistd.h>
+
+#include "app/file_arguments.h"
+#include "app/memory_host.h"
+#include "app/model.h"
+#include "app/quiet_shell.h"
+#include "app/startup.h"
+#include "datasource/mark.h"
+#include "output/picture_file.h"
+
+namespace trendaro {
+namespace {
+
+constexpr int kWrongCall = 2;
+constexpr i16 kDateUnit = 4;
+constexpr i16 kManualScale = 3;
+// A folder that never holds anything, so that no look of an earlier run is found.
+constexpr char kNoTemplates[] = "/dev/null";
+
+// Says messages on a stream, and on a terminal what is going on.
+class RenderShell : public QuietShell {
+ public:
+  explicit RenderShell(std::ostream& errors) : errors_(errors), terminal_(isatty(STDERR_FILENO) != 0) {}
+  ~RenderShell() override { clear_line(); }
+
+  void show_message(const std::string& text, const std::string&, MessageIcon icon) override {
+    clear_line();
+    errors_ << text << '\n';
+    if (icon == MessageIcon::Stop) failed_ = true;
+  }
+  void show_status(int panel, const std::string& text) override {
+    if (!terminal_ || panel != 1) return;
+    clear_line();
+    errors_ << text << std::flush;
+    line_in_use_ = !text.empty();
+  }
+
+  [[nodiscard]] bool failed() const { return failed_; }
+
+ private:
+  void clear_line() {
+    if (line_in_use_) errors_ << "\r\033[K" << std::flush;
+    line_in_use_ = false;
+  }
+
+  std::ostream& errors_;
+  bool terminal_;
+  bool line_in_use_ = false;
+  bool failed_ = false;
+};
+
+// What is wrong with the call itself; empty when nothing is.
+std::string refusal(const RenderCommand& command) {
+  if (picture_kind(command.output) == PictureKind::Unknown)
+    return "--output: kein Bildformat (PNG, BMP, JPEG, SVG, PDF): " + command.output;
+  for (const std::optional<f64>& edge : {command.from, command.to})
+    if (edge && !std::isfinite(*edge)) return "--from, --to: keine Zahl";
+  if (command.from && command.to && *command.from >= *command.to) return "--from muss kleiner sein als --to";
+  return {};
+}
+
+// All channels of a file, in their order.
+std::vector<i16> all_channels(const Model& model, const std::string& path) {
+  std::vector<i16> channels;
+  for (i32 row = 1; row <= model.Grid.MaxRows(); ++row) {
+    const ChannelRow& cells = model.Grid.rows[row];
+    if (cells.kind == RowKind::Signal && cells.path == path) channels.push_back(mark_index(cells.mark));
+  }
+  return channels;
+}
+
+bool add_file(Model& model, const RenderShell& shell, const FileArgument& argument, std::ostream& errors) {
+  const i32 rows = model.Grid.MaxRows();
+  open_file_argument(model, {argument.path, {}});
+  if (model.Grid.MaxRows() == rows) {
+    if (!shell.failed()) errors << "Die Datei wurde nicht geladen: " << argument.path << '\n';
+    return false;
+  }
+  const FileArgument marks{
+      argument.path, argument.channels.empty() ? all_channels(model, argument.path) : argument.channels};
+  mark_channels(model, marks, rows + 1);
+  return !shell.failed();
+}
+
+void set_time_unit(Model& model, i16 unit) {
+  model.TimeUnit = unit;
+  model.DateAxis = unit == kDateUnit;
+}
+
+// An edge that is not given stays where the data put it.
+void set_x_range(GraphSurface& graph, const RenderCommand& command) {
+  if (!command.from && !command.to) return;
+  graph.pending.ManualScaleControlX = kManualScale;
+  if (command.from) graph.pending.ManualMinX = *command.from;
+  if (command.to) graph.pending.ManualMaxX = *command.to;
+  PEactions(graph, kRedrawFromSettings);
+}
+
+// The application object that fonts and images need; it never asks for a display.
+class OffscreenApplication {
+ public:
+  OffscreenApplication() {
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    application_ = std::make_unique<QGuiApplication>(argument_count_, arguments_);
+  }
+
+ private:
+  char name_[9] = "trendaro";
+  char* arguments_[2] = {name_, nullptr};
+  int argument_count_ = 1;
+  std::unique_ptr<QGuiApplication> application_;
+};
+
+}  // namespace
+
+int run_render(const RenderCommand& command, std::ostream& errors) {
+  if (const std::string reason = refusal(command); !reason.empty()) {
+    errors << reason << '\n';
+    return kWrongCall;
+  }
+  const OffscreenApplication application;
+  RenderShell shell(errors);
+  Model model(shell);
+  MemoryHost host(shell);
+  model.Host = &host;
+  model.Kernel = &host;
+  model.TemplateFolder = kNoTemplates;
+  load_main_window(model);
+  set_time_unit(model, command.time_unit);
+  for (const FileArgument& file : command.files)
+    if (!add_file(model, shell, file, errors)) return 1;
+  set_x_range(model.PESG, command);
+  if (save_picture(model.PESG.shown(), command.output, QSize(command.width, command.height))) return 0;
+  errors << "Die Datei kann nicht geschrieben werden: " << command.output << '\n';
+  return 1;
+}
+
+}  // namespace trendaro

@@ -1,0 +1,151 @@
+#include "output/picture_file.h"
+
+#include <QBuffer>
+#include <QImageWriter>
+#include <QPageLayout>
+#include <QPainter>
+#include <QPdfWriter>
+#include <QSaveFile>
+#include <QSvgGenerator>
+#include <algorithm>
+#include <array>
+#include <unordered_map>
+
+#include "graph/graph_painter.h"
+
+namespace trendaro {
+namespace {
+
+constexpr int kPaletteSize = 256;
+constexpr int kPixelsPerInch = 96;
+constexpr int kJpegQuality = 92;
+constexpr int kPngCompression = 40;  // of 100: smaller files would take many times as long
+
+// The image with one byte a pixel, where it has no more colours than that can tell; else as it is.
+QImage with_palette(const QImage& image) {
+  QImage reduced(image.size(), QImage::Format_Indexed8);
+  if (reduced.isNull()) return image;
+  std::unordered_map<QRgb, uchar> indices;
+  QList<QRgb> colors;
+  QRgb former = 0;
+  uchar former_index = 0;
+  for (int y = 0; y < image.height(); ++y) {
+    const auto* line = reinterpret_cast<const QRgb*>(image.constScanLine(y));
+    uchar* target = reduced.scanLine(y);
+    for (int x = 0; x < image.width(); ++x) {
+      if (colors.isEmpty() || line[x] != former) {
+        const auto [place, fresh] = indices.try_emplace(line[x], static_cast<uchar>(colors.size()));
+        if (fresh && colors.size() == kPaletteSize) return image;
+        if (fresh) colors.append(line[x]);
+        former = line[x];
+        former_index = place->second;
+      }
+      target[x] = former_index;
+    }
+  }
+  reduced.setColorTable(colors);
+  return reduced;
+}
+
+QByteArray encoded(const QImage& image, const char* format, int quality, int compression) {
+  QByteArray bytes;
+  QBuffer buffer(&bytes);
+  if (image.isNull() || !buffer.open(QIODevice::WriteOnly)) return {};
+  QImageWriter writer(&buffer, format);
+  if (quality >= 0) writer.setQuality(quality);
+  if (compression >= 0) writer.setCompression(compression);
+  return writer.write(image) ? bytes : QByteArray();
+}
+
+QByteArray svg_picture(const GraphProperties& shown, QSize size) {
+  QByteArray bytes;
+  QBuffer buffer(&bytes);
+  QSvgGenerator generator;
+  generator.setOutputDevice(&buffer);
+  generator.setSize(size);
+  generator.setViewBox(QRect(QPoint(), size));
+  generator.setResolution(kPixelsPerInch);
+  generator.setTitle(QString::fromStdString(shown.MainTitle));
+  QPainter painter;
+  if (!painter.begin(&generator)) return {};
+  paint_graph(painter, shown, size);
+  painter.end();
+  return bytes;
+}
+
+QByteArray pdf_picture(const GraphProperties& shown, QSize size) {
+  QByteArray bytes;
+  QBuffer buffer(&bytes);
+  if (!buffer.open(QIODevice::WriteOnly)) return {};
+  QPdfWriter writer(&buffer);
+  const QSizeF points = QSizeF(size) * 72.0 / kPixelsPerInch;
+  writer.setPageLayout(QPageLayout(QPageSize(points, QPageSize::Point, QString(), QPageSize::ExactMatch),
+                                   QPageLayout::Portrait, QMarginsF()));
+  // Fine enough that no place of a line is rounded visibly.
+  constexpr int kFineness = 10;
+  writer.setResolution(kPixelsPerInch * kFineness);
+  writer.setTitle(QString::fromStdString(shown.MainTitle));
+  QPainter painter;
+  if (!painter.begin(&writer)) return {};
+  painter.scale(kFineness, kFineness);
+  paint_graph(painter, shown, size);
+  painter.end();
+  return bytes;
+}
+
+}  // namespace
+
+PictureKind picture_kind(const std::string& path) {
+  const auto point = path.rfind('.');
+  if (point == std::string::npos) return PictureKind::Unknown;
+  std::string ending = path.substr(point + 1);
+  for (char& letter : ending)
+    if (letter >= 'A' && letter <= 'Z') letter = static_cast<char>(letter - 'A' + 'a');
+  struct Ending {
+    const char* text;
+    PictureKind kind;
+  };
+  constexpr std::array endings = {Ending{"png", PictureKind::Png},  Ending{"bmp", PictureKind::Bmp},
+                                  Ending{"jpg", PictureKind::Jpeg}, Ending{"jpeg", PictureKind::Jpeg},
+                                  Ending{"svg", PictureKind::Svg},  Ending{"pdf", PictureKind::Pdf}};
+  const auto found =
+      std::find_if(endings.begin(), endings.end(), [&](const Ending& each) { return ending == each.text; });
+  return found == endings.end() ? PictureKind::Unknown : found->kind;
+}
+
+QImage graph_image(const GraphProperties& shown, QSize size) {
+  QImage image(size, QImage::Format_RGB32);
+  if (image.isNull()) return image;
+  image.fill(Qt::white);
+  QPainter painter(&image);
+  paint_graph(painter, shown, size);
+  return image;
+}
+
+QByteArray graph_picture(const GraphProperties& shown, PictureKind kind, QSize size) {
+  if (size.isEmpty()) return {};
+  switch (kind) {
+    case PictureKind::Png:
+      return encoded(with_palette(graph_image(shown, size)), "png", -1, kPngCompression);
+    case PictureKind::Bmp:
+      return encoded(graph_image(shown, size), "bmp", -1, -1);
+    case PictureKind::Jpeg:
+      return encoded(graph_image(shown, size), "jpeg", kJpegQuality, -1);
+    case PictureKind::Svg:
+      return svg_picture(shown, size);
+    case PictureKind::Pdf:
+      return pdf_picture(shown, size);
+    case PictureKind::Unknown:
+      break;
+  }
+  return {};
+}
+
+bool save_picture(const GraphProperties& shown, const std::string& path, QSize size) {
+  const QByteArray bytes = graph_picture(shown, picture_kind(path), size);
+  if (bytes.isEmpty()) return false;
+  QSaveFile file(QString::fromStdString(path));
+  return file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size() && file.commit();
+}
+
+}  // namespace trendaro
