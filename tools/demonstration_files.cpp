@@ -202,16 +202,20 @@ bool write_block_file(const std::string& path, const Run& run) {
 }  // namespace
 
 bool write_demonstration(const std::string& folder, i32 seconds) {
+  const auto path = [&](const char* name) { return join_path(folder, name); };
   // A longer file of before would keep its end behind the new one.
   std::error_code ignored;
-  for (const char* name : {"Pruefstand.MEA", "Pruefstand.STO", "Pruefstand.BIN", "Pruefstand_Block.DAT"})
-    std::filesystem::remove(join_path(folder, name), ignored);
+  for (const char* name : {"Pruefstand.MEA", "Pruefstand.STO", "Pruefstand.BIN", "Pruefstand_Block.DAT",
+                           "Dauerlauf.ME1", "Dauerlauf.ST1"})
+    std::filesystem::remove(path(name), ignored);
   const Run run{TestBench(seconds), i64{seconds} * kBenchRate};
-  return write_recording(join_path(folder, "Pruefstand.MEA"), run) &&
-         write_standard_file(join_path(folder, "Pruefstand.BIN"), run) &&
-         write_block_file(join_path(folder, "Pruefstand_Block.DAT"), run) &&
+  return write_recording(path("Pruefstand.MEA"), run) &&
+         write_reduced_recording(path("Pruefstand.STO"), run) &&
+         write_standard_file(path("Pruefstand.BIN"), run) &&
+         write_block_file(path("Pruefstand_Block.DAT"), run) &&
+         std::filesystem::copy_file(path("Pruefstand.MEA"), path("Dauerlauf.ME1"), ignored) &&
          // Last, since its presence tells that the demonstration is complete.
-         write_reduced_recording(join_path(folder, "Pruefstand.STO"), run);
+         std::filesystem::copy_file(path("Pruefstand.STO"), path("Dauerlauf.ST1"), ignored);
 }
 
 }  // namespace trendaro

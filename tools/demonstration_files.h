@@ -17,6 +17,7 @@ inline constexpr i32 kLongestBenchSeconds = 800'000;
 //   Pruefstand.STO        its envelope
 //   Pruefstand.BIN        standard file with the values of the recording
 //   Pruefstand_Block.DAT  the same as a block file
+//   Dauerlauf.ME1, .ST1   recording and envelope as the second recorder unit names them
 // Memory does not grow with the length. False when a file could not be written.
 bool write_demonstration(const std::string& folder, i32 seconds);
 
