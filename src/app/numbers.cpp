@@ -31,9 +31,10 @@ f64 leading_number(std::string_view text) {
   const auto start = text.find_first_not_of(" \t");
   if (start == std::string_view::npos) return 0;
   text.remove_prefix(start);
-  if (text.front() == '+') text.remove_prefix(1);
-  // from_chars would also read "inf" and "nan", which are no numbers that a user types.
-  const auto first = text.find_first_not_of('-');
+  // from_chars knows no "+", and would also read "inf" and "nan", which are no numbers that a user types.
+  const bool has_plus = text.front() == '+';
+  if (has_plus) text.remove_prefix(1);
+  const auto first = text.find_first_not_of(has_plus ? "" : "-");
   if (first == std::string_view::npos || (text[first] != '.' && (text[first] < '0' || text[first] > '9')))
     return 0;
   f64 value = 0;

@@ -29,7 +29,11 @@ void load_into_memory(Model& model, ByteCursor& cursor, const BlockHeader& heade
 void load_into_database(Model& model, ByteCursor& cursor, const BlockHeader& header, i16 channel,
                         i32 database_channel) {
   SampleArray().swap(model.FileChannelValues);
-  if (!has_channel(model, channel)) return;
+  if (!has_channel(model, channel)) {
+    // The other channels are counted all the same.
+    if (!header.fixed_blocks) pass_on_variable_blocks(model, cursor, header, channel, [](auto) {});
+    return;
+  }
   if (model.Kernel == nullptr) throw RunTimeError{kHostMemberMissing};
   const BlockSink append = [&](std::span<const f64> values) {
     model.LastDatabaseStatus = model.Kernel->KSD_WriteToDatabaseEx(1, database_channel, values, -1);

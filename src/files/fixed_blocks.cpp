@@ -1,8 +1,8 @@
 #include "files/fixed_blocks.h"
 
 #include <algorithm>
-#include <array>
 #include <limits>
+#include <vector>
 
 #include "app/run_time_error.h"
 #include "files/block_walk.h"
@@ -89,12 +89,12 @@ void load_fixed_blocks(LoaderResult& result, ByteCursor& cursor, const BlockHead
 void pass_on_fixed_blocks(LoaderResult& result, ByteCursor& cursor, const BlockHeader& header, i16 channel,
                           const BlockSink& sink) {
   const FixedPlaces places = find_places(result, cursor, header, channel);
-  if (places.block_values > kLongestBlock) throw RunTimeError{kIndexOutOfRange};
   set_points(result, channel, count_values(places, cursor));
-  std::array<f64, kLongestBlock> buffer{};
+  std::vector<f64> buffer;
   for_blocks(places, cursor, 0, [&](i64 bytes) {
+    buffer.assign(static_cast<std::size_t>(rounded_values(bytes)), 0);
     read_or_zero(cursor, buffer.data(), rounded_values(bytes) * kSampleBytes);
-    sink({buffer.data(), static_cast<std::size_t>(rounded_values(bytes))});
+    sink(buffer);
     return true;
   });
 }

@@ -63,6 +63,14 @@ FileGroup recognise(Model& model, const InputFile& file) {
   return group;
 }
 
+// Takes away what a header may leave unfilled, so that nothing of another file shows through.
+void forget_former_file(LoaderResult& result) {
+  result.FileDateText.clear();
+  result.FileCommentText.clear();
+  result.ChannelParams.erase(0);
+  result.ChannelExtras.erase(0);
+}
+
 // Opens and recognises a file and runs the reader of its group; a recorder file is closed first.
 template <typename Standard, typename BlockFile, typename Recorder>
 LoadStatus with_file(Model& model, const std::string& path, Standard standard, BlockFile block,
@@ -73,8 +81,9 @@ LoadStatus with_file(Model& model, const std::string& path, Standard standard, B
     const InputFile file(path);
     if (!file.is_open()) return LoadStatus::NotOpened;
     const FileGroup group = recognise(model, file);
-    ByteCursor cursor(file, kIdBytes);
     if (group == FileGroup::Unknown) return LoadStatus::NotMeasurement;
+    forget_former_file(model);
+    ByteCursor cursor(file, kIdBytes);
     if (group == FileGroup::Standard) return standard(cursor);
     if (group == FileGroup::Block) return block(cursor);
   }
@@ -86,9 +95,7 @@ LoadStatus load_standard_file(Model& model, ByteCursor& cursor, i16 mode, i16 ch
   const StandardHeader header = read_standard_header(cursor, model.FileId, channel, model);
   expect_no_device_error(cursor);
   if (mode == 0) return LoadStatus::Done;
-  const LoadStatus status = load_standard_values(model, cursor, header, mode, channel, database_channel);
-  expect_no_device_error(cursor);
-  return status;
+  return load_standard_values(model, cursor, header, mode, channel, database_channel);
 }
 
 LoadStatus load_block_file(Model& model, ByteCursor& cursor, i16 mode, i16 channel, i32 database_channel) {

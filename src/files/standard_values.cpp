@@ -114,6 +114,7 @@ LoadStatus load_standard_values(Model& model, ByteCursor& cursor, const Standard
         read_requested(model, cursor, model.FileHeaderPoints[slot], mode, database_channel);
     if (status != LoadStatus::Done) return status;
   }
+  if (cursor.device_failed()) return failed_read(model);
   if (mode != 2) return LoadStatus::Done;
   SampleArray().swap(model.FileChannelValues);
   if (header.kept.found) describe_database_channel(model, header.kept, database_channel);

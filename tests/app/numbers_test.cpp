@@ -40,6 +40,8 @@ TEST(ParseNumberTest, TextWithoutANumberIsZero) {
   EXPECT_EQ(ParseNumber("-nan"), 0);
   EXPECT_EQ(ParseNumber("-"), 0);
   EXPECT_EQ(ParseNumber("--5"), 0);
+  EXPECT_EQ(ParseNumber("+-5"), 0);
+  EXPECT_EQ(ParseNumber("+"), 0);
 }
 
 TEST(RoundingTest, TiesGoToTheEvenNeighbour) {

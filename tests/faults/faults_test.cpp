@@ -11,6 +11,7 @@
 #include "files/section_writer.h"
 #include "support/file_builder.h"
 #include "support/recorder_builder.h"
+#include "support/recording_shell.h"
 #include "support/reducible_files.h"
 #include "support/silent_shell.h"
 
@@ -85,6 +86,24 @@ Operation load(const std::string& path, i16 channel) {
   };
 }
 
+// A load of values whose read number `first` fails: the status, and what the user was told.
+struct FailedLoad {
+  LoadStatus status;
+  std::vector<std::string> messages;
+  std::size_t values;
+};
+
+FailedLoad load_with_error(const std::string& path, i16 channel, int first) {
+  RecordingShell shell;
+  Model model(shell);
+  LoadStatus status = LoadStatus::Done;
+  {
+    const FaultsAtWork faults({.fault = Fault::Error, .first = first});
+    status = LoadMeasurementFile(model, 1, path, channel, 0);
+  }
+  return {status, shell.messages(), model.FileChannelValues.size()};
+}
+
 Operation load_range(const std::string& path, i16 channel) {
   return [=](FaultPlan plan) -> Outcome {
     SilentShell shell;
@@ -145,6 +164,23 @@ FileBuilder recording(i32 id) {
 TEST(FaultsTest, LoadingAStandardFile) {
   const TemporaryFile file(standard_file());
   expect_faults_are_told(load(file.path(), 2));
+}
+
+TEST(FaultsTest, AnErrorAmongTheValuesIsToldOnceAsAFailedRead) {
+  const TemporaryFile file(standard_file());
+  int failed_reads = 0;
+  for (int first = 1;; ++first) {
+    const FailedLoad load = load_with_error(file.path(), 2, first);
+    if (struck_calls() == 0) break;
+    if (load.status != LoadStatus::ReadFailed) {
+      EXPECT_TRUE(load.messages.empty()) << "call " << first;
+      continue;
+    }
+    ++failed_reads;
+    EXPECT_EQ(load.messages, std::vector<std::string>{"Trendaro: Fehler beim Lesen der Daten aufgetreten!"});
+    EXPECT_LT(load.values, 9000u);
+  }
+  EXPECT_GE(failed_reads, 1);
 }
 
 TEST(FaultsTest, LoadingABlockFile) {

@@ -166,6 +166,56 @@ TEST_F(BlockReaderTest, MoreValuesThanTheEstimateAreKept) {
   EXPECT_EQ(values(), ramp(0, 20000));
 }
 
+TEST_F(BlockReaderTest, TheCountReadIsTheTrueOneWhereTheEstimateIsAbove) {
+  FileBuilder bytes = file_of(5003, 1).header();
+  const std::size_t header = bytes.size();
+  add_block(bytes, {1, 2, 3});
+  EXPECT_EQ(load(bytes, 1, 1), LoadStatus::Done);
+  // Three values and a block length behind the header, whose own bytes are counted as values beyond one
+  // record.
+  const f64 estimate = std::nearbyint((static_cast<f64>(header) + 4 + 24 - 152) / 8 - 1);
+  EXPECT_EQ(model.FileChannelPointsEstimate[1], static_cast<i32>(estimate));
+  EXPECT_GT(model.FileChannelPointsEstimate[1], 3);
+  EXPECT_EQ(model.FileChannelPoints, (std::vector<i32>{-1, 3}));
+  EXPECT_EQ(values(), (std::vector<f64>{1, 2, 3}));
+}
+
+TEST_F(BlockReaderTest, ChannelsThatTheFileLacksWriteNothingIntoTheDatabase) {
+  FileBuilder bytes = file_of(5003, 2).header();
+  add_block(bytes, {1, 2});
+  add_block(bytes, {3});
+  for (const i16 channel : std::initializer_list<i16>{0, 3}) {
+    EXPECT_EQ(load(bytes, 2, channel, 5), LoadStatus::Done);
+    EXPECT_EQ(model.FileChannelPoints, (std::vector<i32>{-1, 2, 1}));
+  }
+  EXPECT_TRUE(kernel.calls.empty());
+}
+
+TEST_F(BlockReaderTest, ChannelsThatAFixedFileLacksSelectNothing) {
+  BlockFileLayout block = file_of(5003, 2);
+  block.channels[1].record.FixedBlockFlag = 1;
+  FileBuilder bytes = block.header();
+  bytes.i32_field(2).zeros(100);
+  model.FileChannelValues = {42};
+  for (const i16 channel : std::initializer_list<i16>{-1, 0, 3, 32767}) {
+    EXPECT_EQ(load(bytes, 1, channel), LoadStatus::Done);
+    EXPECT_EQ(values(), std::vector<f64>{42});
+  }
+}
+
+TEST_F(BlockReaderTest, FixedBlocksMayBeLongerThanVariableOnesInBothModes) {
+  BlockFileLayout block = file_of(5003, 1);
+  block.channels[0].record.FixedBlockFlag = 1;
+  FileBuilder bytes = block.header();
+  bytes.i32_field(2100).zeros(2100 * 8 - 4);
+  EXPECT_EQ(load(bytes, 1, 1), LoadStatus::Done);
+  EXPECT_EQ(values().size(), 2100u);
+  EXPECT_EQ(load(bytes, 2, 1, 5), LoadStatus::Done);
+  ASSERT_FALSE(kernel.calls.empty());
+  EXPECT_TRUE(kernel.calls[0].starts_with("write 5 (append -1): 1.0375e-320 0 0"))
+      << kernel.calls[0].substr(0, 60);
+}
+
 TEST_F(BlockReaderTest, ChannelsThatTheFileLacksSelectNothingButAllAreCounted) {
   FileBuilder bytes = file_of(5003, 2).header();
   add_block(bytes, {1, 2});

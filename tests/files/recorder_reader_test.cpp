@@ -201,8 +201,10 @@ TEST_F(RecorderReaderTest, FilesThatCannotBeReadHaveTheirStatus) {
   EXPECT_EQ(LoadRecorderFile(model, 0, "/", 1, 0), LoadStatus::NotOpened);
   file.rewrite("");
   EXPECT_EQ(LoadRecorderFile(model, 0, file.path(), 1, 0), LoadStatus::NotMeasurement);
-  // The loader looks at the low word of the id, this reader at all of it.
+  // The loader looks at the low word of the id and leaves the file to this reader, which looks at all of it.
+  model.FileId = 77;
   EXPECT_EQ(load(FileBuilder().i32_field(6001 + 65536).zeros(100), 0, 1), LoadStatus::NotMeasurement);
+  EXPECT_EQ(model.FileId, 77);
 }
 
 TEST_F(RecorderReaderTest, BadCountsEndWithTheirNumber) {

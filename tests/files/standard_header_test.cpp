@@ -77,12 +77,18 @@ TEST_F(StandardHeaderTest, ALongRecordIsPassedToItsEnd) {
   EXPECT_EQ(values(), std::vector<f64>{3});
 }
 
-TEST_F(StandardHeaderTest, OldIdsLeaveTheDateTextAlone) {
+TEST_F(StandardHeaderTest, NothingOfAFormerFileShowsThroughWhatOldIdsLack) {
   model.FileDateText = "before";
-  StandardFileLayout standard{.id = 5009};
+  model.FileCommentText = "before";
+  model.ChannelParams[0].SampleInterval = 7.5;
+  model.ChannelExtras[0].ScalingMode = 2;
+  StandardFileLayout standard{.id = 5006};
   standard.channels = {{}};
   EXPECT_EQ(load(standard.build(), 0, 1), LoadStatus::Done);
-  EXPECT_EQ(model.FileDateText, "before");
+  EXPECT_EQ(model.FileDateText, "");
+  EXPECT_EQ(model.FileCommentText, "");
+  EXPECT_EQ(model.ChannelParams[0], ChannelParamRecord());
+  EXPECT_EQ(model.ChannelExtras[0], ChannelExtraRecord());
 }
 
 TEST_F(StandardHeaderTest, LengthsOfCommentAndReservedTextsMayBeNegative) {
