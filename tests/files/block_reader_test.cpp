@@ -1,5 +1,6 @@
 #include "files/block_reader.h"
 
+#include <cmath>
 #include <numeric>
 
 #include "support/block_builder.h"
