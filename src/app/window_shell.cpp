@@ -1,7 +1,9 @@
 #include "app/window_shell.h"
 
 #include <QApplication>
+#include <QDir>
 #include <QFileInfo>
+#include <QWidget>
 
 #include "app/message_boxes.h"
 #include "app/qt_text.h"
@@ -11,26 +13,31 @@
 namespace trendaro {
 namespace {
 
-// Takes the wait pointer away while a dialog waits for the user.
-class UserPointer {
+// The time of a dialog: the wait pointer is away, and afterwards the keyboard is the window's again, also
+// where no window manager gives it back.
+class DialogTime {
  public:
-  UserPointer() {
+  explicit DialogTime(QWidget* window) : window_(window) {
     while (QApplication::overrideCursor() != nullptr) {
       QApplication::restoreOverrideCursor();
       ++taken_;
     }
   }
-  ~UserPointer() {
+  ~DialogTime() {
     for (; taken_ > 0; --taken_) QApplication::setOverrideCursor(Qt::WaitCursor);
+    if (window_ != nullptr && window_->isVisible()) window_->activateWindow();
   }
-  UserPointer(const UserPointer&) = delete;
-  UserPointer& operator=(const UserPointer&) = delete;
+  DialogTime(const DialogTime&) = delete;
+  DialogTime& operator=(const DialogTime&) = delete;
 
  private:
+  QWidget* window_;
   int taken_ = 0;
 };
 
 }  // namespace
+
+WindowShell::WindowShell() : folder_(QDir::currentPath()) {}
 
 void WindowShell::attach(QWidget* window, StatusBar* status_bar) {
   window_ = window;
@@ -38,28 +45,28 @@ void WindowShell::attach(QWidget* window, StatusBar* status_bar) {
 }
 
 void WindowShell::show_message(const std::string& text, const std::string& title, MessageIcon icon) {
-  const UserPointer pointer;
+  const DialogTime time(window_);
   show_message_box(window_, qt_text(text), qt_text(title), icon);
 }
 
 bool WindowShell::ask_yes_no(const std::string& text, const std::string& title) {
-  const UserPointer pointer;
+  const DialogTime time(window_);
   return ask_yes_no_box(window_, qt_text(text), qt_text(title));
 }
 
 std::string WindowShell::ask_text(const std::string& prompt, const std::string& title,
                                   const std::string& preset) {
-  const UserPointer pointer;
+  const DialogTime time(window_);
   return utf8_text(ask_text_box(window_, qt_text(prompt), qt_text(title), qt_text(preset)));
 }
 
 std::string WindowShell::ask_open_file(const FileDialog& dialog) {
-  const UserPointer pointer;
+  const DialogTime time(window_);
   return remember(ask_open_file_box(window_, dialog, folder_));
 }
 
 std::string WindowShell::ask_save_file(const FileDialog& dialog) {
-  const UserPointer pointer;
+  const DialogTime time(window_);
   return remember(ask_save_file_box(window_, dialog, folder_));
 }
 
@@ -88,6 +95,7 @@ void WindowShell::close_window() {
 }
 
 void WindowShell::show_about() {
+  const DialogTime time(window_);
   AboutWindow(AboutWindow::Use::Dialog, window_).exec();
 }
 

@@ -14,6 +14,9 @@ class StatusBar;
 // show nowhere.
 class WindowShell : public Shell {
  public:
+  // File dialogs start in the folder that the program was started in.
+  WindowShell();
+
   // Both must outlive their use here; null takes the window away again.
   void attach(QWidget* window, StatusBar* status_bar);
 

@@ -18,6 +18,8 @@ void paint_background(QPainter& painter, const QStyleOptionViewItem& option, boo
   if (highlighted) {
     painter.fillRect(option.rect, kHighlight);
   } else if (option.state.testFlag(QStyle::State_Selected)) {
+    // The view has filled the row with the full colour; pictures and text read better on a tint of it.
+    painter.fillRect(option.rect, option.palette.color(QPalette::Base));
     QColor tint = option.palette.color(QPalette::Highlight);
     tint.setAlpha(kActiveTint);
     painter.fillRect(option.rect, tint);
