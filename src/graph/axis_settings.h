@@ -16,7 +16,7 @@ struct AxisSettings {
   bool manual_ticks = false;
   f64 tick = 0, line = 0;  // steps of ticks and grid lines
   i32 color = 0;
-  std::string title, format;
+  std::string title = {}, format = {};
   bool inverted = false;
 };
 

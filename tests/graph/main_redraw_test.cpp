@@ -4,11 +4,8 @@
 #include <gtest/gtest.h>
 
 #include "app/memory_host.h"
-#include "app/model.h"
-#include "files/loader.h"
-#include "support/curve_file.h"
+#include "support/plot_fixture.h"
 #include "support/recorder_builder.h"
-#include "support/recording_shell.h"
 
 namespace trendaro {
 namespace {
@@ -19,34 +16,8 @@ using testing::Not;
 
 constexpr f32 kNull = -1000000;
 
-class MainRedrawTest : public testing::Test {
+class MainRedrawTest : public PlotFixture {
  protected:
-  RecordingShell shell;
-  Model model{shell};
-  TemporaryFolder folder;
-
-  std::string write(const std::string& name, const FileBuilder& file) {
-    write_file(folder.file(name), file.bytes());
-    return folder.file(name);
-  }
-
-  // Adds a plot of a file to the list, as a mark would.
-  PlotRecord& add_plot(const std::string& path, i16 channel, i16 kind, i32 points) {
-    model.Plots.push_back({});
-    const auto number = static_cast<i16>(model.Plots.size());
-    PlotRecord& plot = model.Plots[number];
-    plot.Title = "Signal " + std::to_string(number) + "@" + path;
-    plot.ChannelIndex = channel;
-    plot.FileKind = kind;
-    plot.Points = points;
-    plot.TimeFromRate = 1;
-    plot.DatabaseChannel = number;
-    model.NofPlots = number;
-    ++model.LayerPlotCount[0];
-    if (kind == kKindPlain) model.HasFullDataPlot = true;
-    return plot;
-  }
-
   // Plots of the pairs of a recording whose rows stand 100 ms apart and for 20 samples each.
   std::string write_pairs() {
     RecorderBuilder file{.id = 6012, .row_count = 2, .reduce_factor = 20, .entries = {{}, {.channel = 2}}};
@@ -55,8 +26,8 @@ class MainRedrawTest : public testing::Test {
   }
 
   [[nodiscard]] const GraphProperties& shown() const { return model.PESG.shown(); }
-  [[nodiscard]] std::vector<f32> y() const { return {shown().YData->begin(), shown().YData->end()}; }
-  [[nodiscard]] std::vector<f32> x() const { return {shown().XData->begin(), shown().XData->end()}; }
+  [[nodiscard]] std::vector<f32> y() const { return y_of(model.PESG); }
+  [[nodiscard]] std::vector<f32> x() const { return x_of(model.PESG); }
 };
 
 TEST_F(MainRedrawTest, EmptyListGivesAnEmptyGraph) {

@@ -1,0 +1,212 @@
+#include "graph/compress_curve.h"
+
+#include <cmath>
+#include <random>
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "app/model.h"
+#include "support/recording_shell.h"
+
+namespace trendaro {
+namespace {
+
+using testing::Each;
+using testing::ElementsAre;
+
+constexpr f32 kNull = -1000000;
+
+struct Points {
+  std::vector<f32> y;
+  std::vector<f64> x;
+
+  friend bool operator==(const Points&, const Points&) = default;
+};
+
+class CompressCurveTest : public testing::Test {
+ protected:
+  RecordingShell shell;
+  Model model{shell};
+
+  CompressCurveTest() { model.Plots.push_back({}); }
+
+  // Compresses onto a date axis, so that x is seen in full precision.
+  Points compress(const CurveSamples& samples, i32 factor, std::size_t slot_length, i16 sign = 1) {
+    FlatArray y(slot_length, 0);
+    SampleArray x(slot_length, 0);
+    CompressCurve(model, samples, factor, {.DrawY = y, .DrawYDatabase = {}, .DrawX = {}, .DrawXII = x}, 1,
+                  sign);
+    return {{y.begin(), y.end()}, {x.begin(), x.end()}};
+  }
+  Points compress(const std::vector<f64>& y, i32 factor, std::size_t slot_length, i16 sign = 1) {
+    return compress({.y = y, .x = nullptr, .line = {.step = 1, .start = 0}}, factor, slot_length, sign);
+  }
+  void zoom(f64 low, f64 high) {
+    model.Zoomed = true;
+    model.ZoomScaleLimits[0] = {low, high, 0, 0};
+  }
+
+  // The same by a plain walk over marked samples, with every value kept at hand.
+  [[nodiscard]] Points plainly(const std::vector<f64>& y, const std::vector<f64>& x, i32 factor,
+                               std::size_t slot_length, i16 sign) const {
+    const std::size_t n = y.size();
+    std::vector<bool> in_view(n, true);
+    std::size_t viewed = n;
+    if (model.Zoomed) {
+      viewed = 0;
+      for (std::size_t i = 0; i < n; ++i) {
+        in_view[i] = x[i] > model.ZoomScaleLimits[0][0] && x[i] < model.ZoomScaleLimits[0][1];
+        if (in_view[i]) ++viewed;
+      }
+    }
+    i64 block = 2 * std::max(factor, 1);
+    if (model.Zoomed && n > 0)
+      block = std::lrint(static_cast<f64>(viewed) / static_cast<f64>(n) * static_cast<f64>(block));
+    Points points;
+    const auto put = [&](std::size_t i) {
+      points.y.push_back(static_cast<f32>((y[i] + model.Plots[1].YOffset) * sign));
+      points.x.push_back(x[i] + model.Plots[1].XOffset);
+    };
+    std::vector<std::size_t> open;
+    for (std::size_t i = 0; i < n; ++i) {
+      if (!in_view[i]) continue;
+      if (block <= 2) {
+        put(i);
+        continue;
+      }
+      open.push_back(i);
+      if (open.size() < static_cast<std::size_t>(block)) continue;
+      std::size_t low = open[0], high = open[0];
+      for (const std::size_t j : open) {
+        if (y[j] > y[high]) high = j;
+        if (y[j] < y[low]) low = j;
+      }
+      put(high > low ? low : high);
+      put(high > low ? high : low);
+      open.clear();
+    }
+    points.y.resize(slot_length, kNull);
+    points.x.resize(slot_length, kNull);
+    return points;
+  }
+};
+
+TEST_F(CompressCurveTest, RisingBlockGivesMinimumFirstAFallingOneMaximumFirst) {
+  const Points points = compress({1, 2, 3, 4, 8, 7, 6, 5}, 2, 4);
+  EXPECT_THAT(points.y, ElementsAre(1, 4, 8, 5));
+  EXPECT_THAT(points.x, ElementsAre(0, 3, 4, 7));
+}
+
+TEST_F(CompressCurveTest, FlatBlockGivesItsFirstSampleTwice) {
+  const Points points = compress({5, 5, 5, 5}, 2, 2);
+  EXPECT_THAT(points.y, ElementsAre(5, 5));
+  EXPECT_THAT(points.x, ElementsAre(0, 0));
+}
+
+TEST_F(CompressCurveTest, FirstOfEqualExtremesStays) {
+  const Points points = compress({2, 9, 1, 9, 1, 2}, 3, 2);
+  EXPECT_THAT(points.y, ElementsAre(9, 1));
+  EXPECT_THAT(points.x, ElementsAre(1, 2));
+}
+
+TEST_F(CompressCurveTest, FactorOfOneCopiesEachSample) {
+  const Points points = compress({3, 1, 2}, 1, 4);
+  EXPECT_THAT(points.y, ElementsAre(3, 1, 2, kNull));
+  EXPECT_THAT(points.x, ElementsAre(0, 1, 2, kNull));
+  EXPECT_EQ(compress({3, 1, 2}, 0, 4), points);
+}
+
+TEST_F(CompressCurveTest, BlockThatDoesNotFillUpIsDropped) {
+  const Points points = compress({1, 2, 3, 4, 99, 98, 97}, 2, 4);
+  EXPECT_THAT(points.y, ElementsAre(1, 4, kNull, kNull));
+  EXPECT_THAT(points.x, ElementsAre(0, 3, kNull, kNull));
+}
+
+TEST_F(CompressCurveTest, OffsetsAndSignApplyToEachPoint) {
+  model.Plots[1].YOffset = 0.5;
+  model.Plots[1].XOffset = 100;
+  const Points points = compress({1, 2, 3, 4}, 2, 2, -1);
+  EXPECT_THAT(points.y, ElementsAre(-1.5f, -4.5f));
+  EXPECT_THAT(points.x, ElementsAre(100, 103));
+}
+
+TEST_F(CompressCurveTest, SamplesOnTheLimitsAreOutsideOfTheWindow) {
+  zoom(2, 5);
+  const Points points = compress({0, 1, 2, 3, 4, 5, 6, 7}, 1, 4);
+  EXPECT_THAT(points.y, ElementsAre(3, 4, kNull, kNull));
+}
+
+TEST_F(CompressCurveTest, NarrowWindowShowsEachSample) {
+  std::vector<f64> samples(1000);
+  for (std::size_t i = 0; i < samples.size(); ++i) samples[i] = static_cast<f64>(i % 7);
+  zoom(99.5, 103.5);
+  const Points points = compress(samples, 100, 6);
+  EXPECT_THAT(points.x, ElementsAre(100, 101, 102, 103, kNull, kNull));
+  EXPECT_THAT(points.y, ElementsAre(2, 3, 4, 5, kNull, kNull));
+}
+
+TEST_F(CompressCurveTest, EmptyWindowGivesNullValues) {
+  zoom(2.1, 2.9);
+  EXPECT_THAT(compress({0, 1, 2, 3, 4}, 10, 3).y, Each(kNull));
+}
+
+TEST_F(CompressCurveTest, ZoomHoldsTheAxesOnTheWindow) {
+  zoom(2, 5);
+  model.ZoomScaleLimits[1] = {10, 20, 30, 40};
+  model.ZoomScaleLimits[2] = {50, 60, 70, 80};
+  model.FirstLayer = 1;
+  GraphProperties& graph = model.PESG.pending;
+  graph.ManualScaleControlX = 1;
+  graph.AllowZooming = 2;
+  compress({0, 1}, 1, 2);
+  EXPECT_EQ(graph.ManualScaleControlX, 3);
+  EXPECT_EQ(graph.ManualMinX, 2);
+  EXPECT_EQ(graph.ManualMaxX, 5);
+  // Two layers are on show and are counted from the first of them.
+  EXPECT_EQ(graph.layers[0].ManualScaleControlY, 3);
+  EXPECT_EQ(graph.layers[0].ManualMinY, 10);
+  EXPECT_EQ(graph.layers[0].ManualMaxRY, 40);
+  EXPECT_EQ(graph.layers[1].ManualMaxY, 60);
+  EXPECT_EQ(graph.layers[1].ManualMinRY, 70);
+  EXPECT_EQ(graph.layers[2].ManualScaleControlY, 0);
+}
+
+TEST_F(CompressCurveTest, HorizontalZoomLeavesTheScalesAlone) {
+  zoom(2, 5);
+  model.PESG.pending.AllowZooming = 1;
+  compress({0, 1}, 1, 2);
+  EXPECT_EQ(model.PESG.pending.ManualScaleControlX, 0);
+  EXPECT_EQ(model.PESG.pending.layers[0].ManualScaleControlY, 0);
+}
+
+TEST_F(CompressCurveTest, RandomCurvesEqualAPlainWalk) {
+  std::mt19937 random(11);
+  for (int round = 0; round < 400; ++round) {
+    const std::size_t n = random() % 300;
+    std::vector<f64> y(n), x(n);
+    for (f64& value : y) value = static_cast<f64>(random() % 20);
+    if (n > 0 && round % 7 == 0) y[random() % n] = std::nan("");
+    const TimeLine line{.step = round % 3 == 0 ? 0.25 : 2, .start = 5};
+    const bool channel = round % 2 == 0;
+    for (std::size_t i = 0; i < n; ++i) x[i] = channel ? static_cast<f64>(random() % 100) : line.at(i);
+    model.Zoomed = random() % 2 == 0;
+    const f64 low = static_cast<f64>(random() % 100);
+    model.ZoomScaleLimits[0] = {low, low + static_cast<f64>(random() % 100), 0, 0};
+    model.Plots[1].YOffset = static_cast<f32>(random() % 3);
+    model.Plots[1].XOffset = static_cast<f64>(random() % 3);
+    const i32 factor = static_cast<i32>(random() % 12);
+    const i16 sign = random() % 2 == 0 ? i16{1} : i16{-1};
+    const std::size_t slot = random() % 400;
+    const std::span<const f64> places = x;
+    const CurveSamples samples{.y = y, .x = channel ? &places : nullptr, .line = line};
+    const Points expected = plainly(y, x, factor, slot, sign), found = compress(samples, factor, slot, sign);
+    ASSERT_EQ(found.x, expected.x) << "round " << round;
+    for (std::size_t i = 0; i < slot; ++i)
+      ASSERT_TRUE(found.y[i] == expected.y[i] || (std::isnan(found.y[i]) && std::isnan(expected.y[i])))
+          << "round " << round << ", point " << i;
+  }
+}
+
+}  // namespace
+}  // namespace trendaro
