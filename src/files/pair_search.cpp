@@ -1,5 +1,6 @@
 #include "files/pair_search.h"
 
+#include <algorithm>
 #include <cassert>
 #include <cstddef>
 
@@ -31,87 +32,114 @@ ValuePair find_pair_plainly(std::span<const f64> run) {
 namespace {
 
 constexpr std::size_t kLanes = 4;
-constexpr std::size_t kStride = 4 * kLanes;
+constexpr std::size_t kSegments = 4;
+constexpr std::size_t kShortestRun = kLanes * kSegments;
 
 struct Extremes {
   f64 least = 0;
   f64 greatest = 0;
 };
 
-// `begin` is a number. Both instructions give their second operand when the first is not a number, so such
-// values are passed over as in the plain loop. Overlapping the last vectors is harmless: an extreme may be
-// met twice.
-__attribute__((target("avx2"))) Extremes find_extremes(const f64* values, std::size_t count) {
-  const __m256d start = _mm256_set1_pd(values[0]);
-  __m256d least[4] = {start, start, start, start};
-  __m256d greatest[4] = {start, start, start, start};
-  std::size_t index = 0;
-  for (; index + kStride <= count; index += kStride)
-    for (std::size_t part = 0; part < 4; ++part) {
-      const __m256d next = _mm256_loadu_pd(values + index + part * kLanes);
-      least[part] = _mm256_min_pd(next, least[part]);
-      greatest[part] = _mm256_max_pd(next, greatest[part]);
-    }
-  for (; index < count; index += kLanes) {
-    const __m256d next = _mm256_loadu_pd(values + (index + kLanes <= count ? index : count - kLanes));
-    least[0] = _mm256_min_pd(next, least[0]);
-    greatest[0] = _mm256_max_pd(next, greatest[0]);
-  }
-  const __m256d low = _mm256_min_pd(_mm256_min_pd(least[0], least[1]), _mm256_min_pd(least[2], least[3]));
-  const __m256d high =
-      _mm256_max_pd(_mm256_max_pd(greatest[0], greatest[1]), _mm256_max_pd(greatest[2], greatest[3]));
-  const __m128d low_half = _mm_min_pd(_mm256_castpd256_pd128(low), _mm256_extractf128_pd(low, 1));
-  const __m128d high_half = _mm_max_pd(_mm256_castpd256_pd128(high), _mm256_extractf128_pd(high, 1));
-  return {_mm_cvtsd_f64(_mm_min_sd(low_half, _mm_unpackhi_pd(low_half, low_half))),
-          _mm_cvtsd_f64(_mm_max_sd(high_half, _mm_unpackhi_pd(high_half, high_half)))};
+// Four stretches of one length that cover a run; neighbours may overlap.
+struct Segments {
+  std::size_t length = 0;  // a multiple of kLanes
+  const f64* begin[kSegments] = {};
+};
+
+Segments segments_of(std::span<const f64> run) {
+  const std::size_t quarter = (run.size() + kSegments - 1) / kSegments;
+  Segments segments{.length = (quarter + kLanes - 1) / kLanes * kLanes, .begin = {}};
+  for (std::size_t i = 0; i < kSegments; ++i)
+    segments.begin[i] = run.data() + std::min(i * segments.length, run.size() - segments.length);
+  return segments;
 }
 
-__attribute__((target("avx2"))) inline unsigned hits(const f64* values, __m256d least, __m256d greatest) {
-  const __m256d next = _mm256_loadu_pd(values);
-  return static_cast<unsigned>(_mm256_movemask_pd(
-      _mm256_or_pd(_mm256_cmp_pd(next, least, _CMP_EQ_OQ), _mm256_cmp_pd(next, greatest, _CMP_EQ_OQ))));
+// The lane by lane minimum of the four vectors' own lanes: minimum i belongs to vector i. Comparisons with a
+// value that is not a number cannot occur here any more.
+__attribute__((target("avx2"))) inline __m256d least_of_each(const __m256d (&of)[kSegments]) {
+  const __m256d low = _mm256_min_pd(_mm256_unpacklo_pd(of[0], of[1]), _mm256_unpackhi_pd(of[0], of[1]));
+  const __m256d high = _mm256_min_pd(_mm256_unpacklo_pd(of[2], of[3]), _mm256_unpackhi_pd(of[2], of[3]));
+  return _mm256_min_pd(_mm256_permute2f128_pd(low, high, 0x20), _mm256_permute2f128_pd(low, high, 0x31));
 }
 
-// The first value of the run that equals one of the extremes; one of them is there. Looks at whole strides,
-// because the branch that ends the search is guessed wrong about once a run.
-__attribute__((target("avx2"))) const f64* find_either(const f64* values, std::size_t count,
-                                                       Extremes wanted) {
+__attribute__((target("avx2"))) inline __m256d greatest_of_each(const __m256d (&of)[kSegments]) {
+  const __m256d low = _mm256_max_pd(_mm256_unpacklo_pd(of[0], of[1]), _mm256_unpackhi_pd(of[0], of[1]));
+  const __m256d high = _mm256_max_pd(_mm256_unpacklo_pd(of[2], of[3]), _mm256_unpackhi_pd(of[2], of[3]));
+  return _mm256_max_pd(_mm256_permute2f128_pd(low, high, 0x20), _mm256_permute2f128_pd(low, high, 0x31));
+}
+
+// Each gives its result in all lanes.
+__attribute__((target("avx2"))) inline __m256d least_everywhere(__m256d of) {
+  const __m256d halves = _mm256_min_pd(of, _mm256_permute2f128_pd(of, of, 0x01));
+  return _mm256_min_pd(halves, _mm256_permute_pd(halves, 0x5));
+}
+
+__attribute__((target("avx2"))) inline __m256d greatest_everywhere(__m256d of) {
+  const __m256d halves = _mm256_max_pd(of, _mm256_permute2f128_pd(of, of, 0x01));
+  return _mm256_max_pd(halves, _mm256_permute_pd(halves, 0x5));
+}
+
+// Number of the first lane that equals `wanted`, which some lane does.
+__attribute__((target("avx2"))) inline unsigned first_equal(__m256d lanes, __m256d wanted) {
+  return static_cast<unsigned>(
+      __builtin_ctz(static_cast<unsigned>(_mm256_movemask_pd(_mm256_cmp_pd(lanes, wanted, _CMP_EQ_OQ)))));
+}
+
+// The first value from `values` on that equals one of the extremes; one of them is there, in a stretch that
+// is a multiple of kLanes long.
+__attribute__((target("avx2"))) const f64* find_either(const f64* values, Extremes wanted) {
   const __m256d least = _mm256_set1_pd(wanted.least);
   const __m256d greatest = _mm256_set1_pd(wanted.greatest);
-  const f64* place = values;
-  for (; place + kStride <= values + count; place += kStride) {
-    unsigned mask = 0;
-    for (unsigned part = 0; part < 4; ++part)
-      mask |= hits(place + part * kLanes, least, greatest) << (part * kLanes);
-    if (mask != 0) return place + __builtin_ctz(mask);
+  for (;; values += kLanes) {
+    const __m256d next = _mm256_loadu_pd(values);
+    const int hits = _mm256_movemask_pd(
+        _mm256_or_pd(_mm256_cmp_pd(next, least, _CMP_EQ_OQ), _mm256_cmp_pd(next, greatest, _CMP_EQ_OQ)));
+    if (hits != 0) return values + __builtin_ctz(static_cast<unsigned>(hits));
   }
-  for (const f64* last = values + count - kLanes; place < last; place += kLanes)
-    if (const unsigned mask = hits(place, least, greatest); mask != 0) return place + __builtin_ctz(mask);
-  const f64* last = values + count - kLanes;
-  return last + __builtin_ctz(hits(last, least, greatest));
 }
 
-const f64* find_zero(const f64* values) {
-  while (*values != 0) ++values;
-  return values;
+// Of zeros of both signs the vectors may have met either; the earliest one counts.
+f64 earliest_equal(const f64* segment, f64 value) {
+  return value == 0 ? *find_either(segment, {value, value}) : value;
 }
 
+// A segment of its own for each accumulator: where the extremes lie in different segments, their order is
+// known without a search, whose end the processor would guess wrong once a run. The first operand of the
+// comparisons is passed over when it is not a number, as in the plain loop.
 __attribute__((target("avx2"))) ValuePair find_pair_by_vectors(std::span<const f64> run) {
   const f64 start = run.front();
   if (start != start) return {start, start};
-  const Extremes found = find_extremes(run.data(), run.size());
+  const Segments segments = segments_of(run);
+  const __m256d first = _mm256_set1_pd(start);
+  __m256d least[kSegments] = {first, first, first, first};
+  __m256d greatest[kSegments] = {first, first, first, first};
+  for (std::size_t index = 0; index < segments.length; index += kLanes)
+    for (std::size_t i = 0; i < kSegments; ++i) {
+      const __m256d next = _mm256_loadu_pd(segments.begin[i] + index);
+      least[i] = _mm256_min_pd(next, least[i]);
+      greatest[i] = _mm256_max_pd(next, greatest[i]);
+    }
+  const __m256d least_each = least_of_each(least);
+  const __m256d greatest_each = greatest_of_each(greatest);
+  const __m256d least_of_all = least_everywhere(least_each);
+  const __m256d greatest_of_all = greatest_everywhere(greatest_each);
+  const Extremes found{_mm256_cvtsd_f64(least_of_all), _mm256_cvtsd_f64(greatest_of_all)};
   if (found.least == found.greatest) return {start, start};
-  const f64* first = find_either(run.data(), run.size(), found);
-  const f64 other[2] = {found.least, found.greatest};
-  const f64 second = other[*first == found.least ? 1 : 0];
-  // The vectors may have met the zeros of both signs in any order; the earliest one counts.
-  return {*first, second == 0 ? *find_zero(first) : second};
+  const unsigned least_in = first_equal(least_each, least_of_all);
+  const unsigned greatest_in = first_equal(greatest_each, greatest_of_all);
+  bool least_first = least_in < greatest_in;
+  if (least_in == greatest_in) least_first = *find_either(segments.begin[least_in], found) == found.least;
+  // Chosen by index and not by a branch, which would be guessed wrong every other time.
+  const f64 extremes[2] = {earliest_equal(segments.begin[least_in], found.least),
+                           earliest_equal(segments.begin[greatest_in], found.greatest)};
+  const unsigned earlier = least_first ? 0 : 1;
+  return {extremes[earlier], extremes[1 - earlier]};
 }
 
 }  // namespace
 
 ValuePair find_pair(std::span<const f64> run) {
-  if (run.size() < kLanes || !__builtin_cpu_supports("avx2")) return find_pair_plainly(run);
+  if (run.size() < kShortestRun || !__builtin_cpu_supports("avx2")) return find_pair_plainly(run);
   return find_pair_by_vectors(run);
 }
 
