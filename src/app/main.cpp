@@ -4,6 +4,7 @@
 #include "app/command_line.h"
 #include "app/info_command.h"
 #include "app/reduce_command.h"
+#include "app/render_command.h"
 #include "app/run_time_error.h"
 #include "app/section_command.h"
 #include "app/values_command.h"
@@ -38,7 +39,7 @@ struct Runner {
     std::cerr << call.text;
     return kWrongCall;
   }
-  int operator()(const RenderCommand&) const { return not_built("render"); }
+  int operator()(const RenderCommand& call) const { return run_render(call, std::cerr); }
   int operator()(const InfoCommand& call) const { return run_info(call, std::cout, std::cerr); }
   int operator()(const ValuesCommand& call) const { return run_values(call, std::cout, std::cerr); }
   int operator()(const ReduceCommand& call) const { return run_reduce(call, std::cerr); }
