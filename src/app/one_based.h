@@ -3,6 +3,7 @@
 #include <cassert>
 #include <concepts>
 #include <cstddef>
+#include <initializer_list>
 #include <utility>
 #include <vector>
 
@@ -14,6 +15,7 @@ template <typename T>
 class OneBased {
  public:
   OneBased() = default;
+  OneBased(std::initializer_list<T> elements) : elements_(elements) {}
   // `count` elements, each equal to `value`.
   explicit OneBased(std::size_t count, const T& value = T()) : elements_(count, value) {}
 

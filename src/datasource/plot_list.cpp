@@ -44,8 +44,8 @@ void clear_plot_list(Model& model) {
   model.SurveyPlots.clear();
   model.NofPlots = 0;
   model.ActiveLayersChanged = false;
-  model.LayerPlotCount.fill(0);
-  model.LayerRightPlotCount.fill(0);
+  model.LayerPlotCount.assign(3, 0);
+  model.LayerRightPlotCount.assign(3, 0);
   model.HasFullDataPlot = false;
 }
 
@@ -54,9 +54,8 @@ i16 chosen_x_source(const XSourceBox& box) {
 }
 
 void count_in_layer(Model& model, const Mark& mark) {
-  const auto layer = static_cast<std::size_t>(mark.layer - 1);
-  ++model.LayerPlotCount[layer];
-  if (mark.side == 2) ++model.LayerRightPlotCount[layer];
+  ++model.LayerPlotCount[mark.layer];
+  if (mark.side == 2) ++model.LayerRightPlotCount[mark.layer];
 }
 
 // The channel that takes the plot's zoomed values. With an x channel the first one takes the x values. Behind

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <array>
 #include <string>
 
 #include "app/one_based.h"
@@ -25,12 +24,12 @@ struct PlotListState {
   OneBased<std::string> PlotDateTexts;  // date text of each plot's file
   OneBased<SampleArray> CurveCache;     // samples of a plot; empty where nothing is cached
 
-  std::array<i16, 3> LayerPlotCount{};       // all plots of layer 1 to 3, index from 0
-  std::array<i16, 3> LayerRightPlotCount{};  // right-axis plots of layer 1 to 3, index from 0
-  i16 ActiveLayers = 0;                      // layers with at least one plot
-  bool ActiveLayersChanged = false;          // the last rebuild changed that number
-  bool gMultiLayer = false;                  // more than one layer holds plots
-  bool HasFullDataPlot = false;              // a plot of kind kKindPlain exists
+  OneBased<i16> LayerPlotCount = OneBased<i16>(3);       // all plots of layer 1 to 3
+  OneBased<i16> LayerRightPlotCount = OneBased<i16>(3);  // right-axis plots of layer 1 to 3
+  i16 ActiveLayers = 0;                                  // layers with at least one plot
+  bool ActiveLayersChanged = false;                      // the last rebuild changed that number
+  bool gMultiLayer = false;                              // more than one layer holds plots
+  bool HasFullDataPlot = false;                          // a plot of kind kKindPlain exists
 
   i16 XScratchChannel = 1;         // first database channel of the import range
   i16 HighestDatabaseChannel = 0;  // highest database channel used so far

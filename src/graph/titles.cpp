@@ -40,14 +40,14 @@ void for_layers_on_show(const Model& model, GraphSurface& graph, Use&& use) {
 
 void write_left_titles(const Model& model, GraphSurface& graph) {
   const bool main_graph = is_main(model, graph);
-  if (model.LayerPlotCount[1] < 1 && model.LayerPlotCount[2] < 1) {
+  if (model.LayerPlotCount[2] < 1 && model.LayerPlotCount[3] < 1) {
     graph.pending.WorkingAxis = 0;
     graph.layer().YAxisLabel = y_title(model, main_graph, 0);
     return;
   }
   for_layers_on_show(model, graph, [&](std::size_t layer) {
-    if (model.LayerPlotCount[layer] < 1) return;
-    set_element(graph.pending.MultiAxesSubsets, graph.pending.WorkingAxis, model.LayerPlotCount[layer]);
+    if (model.LayerPlotCount[layer + 1] < 1) return;
+    set_element(graph.pending.MultiAxesSubsets, graph.pending.WorkingAxis, model.LayerPlotCount[layer + 1]);
     graph.layer().YAxisLabel = y_title(model, main_graph, layer);
   });
 }
@@ -55,7 +55,7 @@ void write_left_titles(const Model& model, GraphSurface& graph) {
 void write_right_titles(const Model& model, GraphSurface& graph) {
   const bool main_graph = is_main(model, graph);
   for_layers_on_show(model, graph, [&](std::size_t layer) {
-    const bool used = model.LayerRightPlotCount[layer] >= 1;
+    const bool used = model.LayerRightPlotCount[layer + 1] >= 1;
     graph.layer().ShowRYAxis = used;
     if (used) graph.layer().RYAxisLabel = y_title(model, main_graph, layer + 3);
   });

@@ -30,8 +30,8 @@ TEST_F(PlotListTest, OrderIsLayerThenSideThenRow) {
   RebuildPlotList(model);
   EXPECT_EQ(signals(), (Texts{"run.BIN 3", "run.BIN 5", "run.BIN 2", "run.BIN 4", "run.BIN 1"}));
   EXPECT_EQ(model.NofPlots, 5);
-  EXPECT_EQ(model.LayerPlotCount, (std::array<i16, 3>{4, 0, 1}));
-  EXPECT_EQ(model.LayerRightPlotCount, (std::array<i16, 3>{2, 0, 0}));
+  EXPECT_EQ(model.LayerPlotCount, (OneBased<i16>{4, 0, 1}));
+  EXPECT_EQ(model.LayerRightPlotCount, (OneBased<i16>{2, 0, 0}));
   EXPECT_EQ(model.Plots[3].RightAxis, 1);
   EXPECT_EQ(model.Plots[5].Layer, 3);
   EXPECT_EQ(model.ActiveLayers, 2);

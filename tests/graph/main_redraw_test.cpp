@@ -126,7 +126,7 @@ TEST_F(MainRedrawTest, RightAxisIsAThousandAboveTheMethod) {
   plot.RightAxis = 1;
   plot.PlotMethod = 3;
   plot.DisplayStyle = 1;
-  model.LayerRightPlotCount[0] = 1;
+  model.LayerRightPlotCount[1] = 1;
   model.AxisAutoTitle = true;
   RedrawKMGraph(model, false);
   EXPECT_THAT(shown().SubsetPlotMethods, ElementsAre(1003));

@@ -38,7 +38,7 @@ class PlotFixture : public testing::Test {
     model.PlotReduceFactor.resize(model.Plots.size());
     model.PlotDateTexts.resize(model.Plots.size());
     model.NofPlots = number;
-    ++model.LayerPlotCount[0];
+    ++model.LayerPlotCount[1];
     if (kind == kKindPlain) model.HasFullDataPlot = true;
     return model.Plots[number];
   }
