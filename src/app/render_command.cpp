@@ -103,10 +103,11 @@ void set_x_range(GraphSurface& graph, const RenderCommand& command) {
   PEactions(graph, kRedrawFromSettings);
 }
 
-// The application object that fonts and images need; it never asks for a display.
+// The application object that fonts and images need, where there is none yet; it never asks for a display.
 class OffscreenApplication {
  public:
   OffscreenApplication() {
+    if (QCoreApplication::instance() != nullptr) return;
     qputenv("QT_QPA_PLATFORM", "offscreen");
     application_ = std::make_unique<QGuiApplication>(argument_count_, arguments_);
   }

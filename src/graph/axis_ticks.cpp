@@ -44,7 +44,7 @@ f64 label_size(const TickRequest& request, const TextMeasure& measure, const std
 }
 
 f64 label_gap(const TickRequest& request, const TextMeasure& measure) {
-  return measure.height(TextRole::Axis) * (request.vertical ? 0.3 : 0.9);
+  return measure.height(TextRole::Axis) * (request.vertical ? 0.1 : 0.9);
 }
 
 bool labels_fit(const TickRequest& request, const TextMeasure& measure, const std::vector<Tick>& ticks) {
@@ -97,7 +97,7 @@ f64 least_step(const TickRequest& request, const TextMeasure& measure) {
   const f64 line = measure.height(TextRole::Axis);
   const f64 length = length_of(request);
   // A low axis gets its labels closer together, so that it still has some.
-  const f64 spacing = request.vertical ? std::clamp(length / 8, line * 1.35, line * 2.8) : line * 4.5;
+  const f64 spacing = request.vertical ? std::clamp(length / 8, line * 1.15, line * 2.8) : line * 4.5;
   const f64 span = scale.maximum - scale.minimum;
   const f64 size = std::max(std::abs(scale.minimum), std::abs(scale.maximum));
   return std::max(span / std::max(1.0, length / spacing), size * 16 * std::numeric_limits<f64>::epsilon());

@@ -125,6 +125,21 @@ class Coverage {
   std::vector<bool> touched_;
 };
 
+// Where a line crosses a side of the box: 0 left, 1 right, 2 top, 3 bottom. The place across that side is not
+// computed, since a line from very far away has no digits left for it.
+PixelPoint crossing(const PixelRectangle& box, int side, PixelPoint computed) {
+  switch (side) {
+    case 0:
+      return {box.x, computed.y};
+    case 1:
+      return {box.right(), computed.y};
+    case 2:
+      return {computed.x, box.y};
+    default:
+      return {computed.x, box.bottom()};
+  }
+}
+
 // The piece of the line inside the box; false where none of it is.
 bool clip_line(const PixelRectangle& box, PixelPoint& from, PixelPoint& to) {
   f64 enter = 0;
@@ -133,21 +148,26 @@ bool clip_line(const PixelRectangle& box, PixelPoint& from, PixelPoint& to) {
   const f64 down = to.y - from.y;
   const f64 speeds[] = {-across, across, -down, down};
   const f64 rooms[] = {from.x - box.x, box.right() - from.x, from.y - box.y, box.bottom() - from.y};
+  int enter_side = -1;
+  int leave_side = -1;
   for (int side = 0; side < 4; ++side) {
     if (speeds[side] == 0) {
       if (rooms[side] < 0) return false;
       continue;
     }
     const f64 part = rooms[side] / speeds[side];
-    if (speeds[side] < 0)
-      enter = std::max(enter, part);
-    else
-      leave = std::min(leave, part);
+    if (speeds[side] < 0 && part > enter) {
+      enter = part;
+      enter_side = side;
+    } else if (speeds[side] > 0 && part < leave) {
+      leave = part;
+      leave_side = side;
+    }
   }
   if (enter > leave) return false;
   const PixelPoint start = from;
-  if (leave < 1) to = {start.x + across * leave, start.y + down * leave};
-  if (enter > 0) from = {start.x + across * enter, start.y + down * enter};
+  if (leave_side >= 0) to = crossing(box, leave_side, {start.x + across * leave, start.y + down * leave});
+  if (enter_side >= 0) from = crossing(box, enter_side, {start.x + across * enter, start.y + down * enter});
   return true;
 }
 

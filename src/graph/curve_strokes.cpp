@@ -16,10 +16,18 @@ struct Column {
   bool swings = false;  // goes up and down
 };
 
+// An odd number of pixels of about `width`, so that a bar has its column in the middle.
+f64 odd_pixels(f64 width) {
+  return 1 + 2 * std::max(0.0, std::round((width - 1) / 2));
+}
+
 class StrokeBuilder {
  public:
   StrokeBuilder(const CurveOutline& outline, f64 column_width, f64 line_width)
-      : outline_(outline), column_width_(column_width), half_line_(line_width / 2) {}
+      : outline_(outline),
+        column_width_(column_width),
+        bar_width_(column_width * odd_pixels(line_width / column_width)),
+        half_line_(line_width / 2) {}
 
   void add_piece(std::size_t first, std::size_t last) {
     joined_ = false;
@@ -71,8 +79,9 @@ class StrokeBuilder {
       add_point(outline_.points[column.first]);
     }
     joined_ = false;
-    strokes_.bars.push_back({column_of(outline_.points[column.first]) * column_width_, top - half_line_,
-                             column_width_, bottom - top + 2 * half_line_});
+    const f64 middle_x = (column_of(outline_.points[column.first]) + 0.5) * column_width_;
+    strokes_.bars.push_back(
+        {middle_x - bar_width_ / 2, top - half_line_, bar_width_, bottom - top + 2 * half_line_});
   }
 
   void extend_last_bar(f64 y) {
@@ -101,7 +110,7 @@ class StrokeBuilder {
   }
 
   const CurveOutline& outline_;
-  f64 column_width_, half_line_;
+  f64 column_width_, bar_width_, half_line_;
   bool joined_ = false;
   CurveStrokes strokes_;
 };

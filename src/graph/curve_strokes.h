@@ -6,7 +6,7 @@
 
 namespace trendaro {
 
-// How an outline is drawn: bars of one pixel column each where the curve goes up and down inside a column,
+// How an outline is drawn: a bar for each pixel column where the curve goes up and down inside a column,
 // lines everywhere else. A dense curve costs a bar a column, however wildly it swings.
 struct CurveStrokes {
   std::vector<PixelRectangle> bars;

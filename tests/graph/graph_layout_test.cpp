@@ -1,0 +1,285 @@
+#include "graph/graph_layout.h"
+
+#include <string>
+
+#include <gtest/gtest.h>
+
+#include "graph/graph_surface.h"
+#include "graph/legend_layout.h"
+#include "graph/title_layout.h"
+#include "support/fixed_measure.h"
+
+namespace trendaro {
+namespace {
+
+// A graph with curves of two points from (0, 0) to (10, 10).
+GraphSurface graph_with(i32 curves) {
+  GraphSurface graph(1);
+  graph.pending.SubsetCount = curves;
+  graph.pending.PointCount = 2;
+  graph.pending.AutoPadPercent = 0;
+  FlatArray values;
+  for (i32 i = 0; i < curves; ++i) {
+    values.insert(values.end(), {0, 10});
+    set_element(graph.pending.SubsetLabels, i, "Kurve " + std::to_string(i + 1));
+    set_element(graph.pending.SubsetsToLegend, i, i);
+    set_element(graph.pending.SubsetPlotMethods, i, 0);
+  }
+  PEvset(graph, kXData, FlatArray(values));
+  PEvset(graph, kYData, FlatArray(values));
+  PEactions(graph, kTakeOverAndRedraw);
+  return graph;
+}
+
+GraphLayout layout_of(const GraphSurface& graph, f64 width = 700, f64 height = 400) {
+  return graph_layout(graph.shown(), width, height, FixedMeasure());
+}
+
+std::string dump(const PixelRectangle& box) {
+  const auto number = [](f64 value) { return std::to_string(static_cast<int>(value)); };
+  return number(box.x) + "," + number(box.y) + " " + number(box.width) + "x" + number(box.height);
+}
+
+std::string labels_of(const AxisLayout& axis) {
+  std::string text;
+  for (const PlacedText& label : axis.labels) text += (text.empty() ? "" : " ") + label.text;
+  return text;
+}
+
+// Boxes of all texts of a layout that has nothing turned.
+std::vector<PixelRectangle> text_boxes(const GraphLayout& layout) {
+  std::vector<PixelRectangle> boxes;
+  const auto add = [&](const PlacedText& text) {
+    if (!text.text.empty()) boxes.push_back(text.box);
+  };
+  for (const PlacedText& title : layout.titles) add(title);
+  for (const LegendEntry& entry : layout.legend) add(entry.name);
+  const auto add_axis = [&](const AxisLayout& axis) {
+    for (const PlacedText& label : axis.labels) add(label);
+    add(axis.title);
+  };
+  add_axis(layout.x_axis);
+  for (const LayerLayout& layer : layout.layers) {
+    if (layer.has_left) add_axis(layer.left);
+    if (layer.has_right) add_axis(layer.right);
+  }
+  return boxes;
+}
+
+bool overlap(const PixelRectangle& one, const PixelRectangle& other) {
+  return one.x < other.right() - 0.5 && other.x < one.right() - 0.5 && one.y < other.bottom() - 0.5 &&
+         other.y < one.bottom() - 0.5;
+}
+
+TEST(GraphLayoutTest, APlainGraphHasItsPartsInPlace) {
+  GraphSurface graph = graph_with(1);
+  graph.pending.MainTitle = "Ausschnitt";
+  graph.pending.XAxisLabel = "Zeit/s";
+  graph.pending.layers[0].YAxisLabel = "bar";
+  PEactions(graph, kRedrawFromSettings);
+  const GraphLayout layout = layout_of(graph);
+  ASSERT_EQ(layout.layers.size(), 1U);
+  // Margin 8. Above: title 14, gap 7, half a label 7. Below: distance 8, labels 14, gap 5, title 14, legend
+  // 14 with gap 6, margin 8. Left: margin 8, title 14, gap 5, two digits 14, distance 8. Right: 17 + 8.
+  EXPECT_EQ(dump(layout.layers[0].area), "49,36 626x295");
+  EXPECT_EQ(labels_of(layout.x_axis), "0 2 4 6 8 10");
+  EXPECT_EQ(labels_of(layout.layers[0].left), "0 2 4 6 8 10");
+  EXPECT_EQ(dump(layout.titles[0].box), "8,8 684x14");
+  EXPECT_EQ(dump(layout.layers[0].left.title.box), "8,36 14x295");
+  EXPECT_EQ(dump(layout.x_axis.title.box), "49,358 626x14");
+  ASSERT_EQ(layout.legend.size(), 1U);
+  EXPECT_EQ(layout.legend[0].name.box.y, 378);
+}
+
+TEST(GraphLayoutTest, ScalesReachFromEdgeToEdge) {
+  const GraphLayout layout = layout_of(graph_with(1));
+  const LayerLayout& layer = layout.layers[0];
+  EXPECT_DOUBLE_EQ(pixel_of(layout.x_axis.scale, 0), layer.area.x);
+  EXPECT_DOUBLE_EQ(pixel_of(layout.x_axis.scale, 10), layer.area.right());
+  EXPECT_DOUBLE_EQ(pixel_of(layer.left.scale, 0), layer.area.bottom());
+  EXPECT_DOUBLE_EQ(pixel_of(layer.left.scale, 10), layer.area.y);
+}
+
+TEST(GraphLayoutTest, InvertedAxesRunTheOtherWay) {
+  GraphSurface graph = graph_with(1);
+  graph.pending.InvertedXAxis = true;
+  graph.pending.layers[0].InvertedYAxis = true;
+  PEactions(graph, kRedrawFromSettings);
+  const GraphLayout layout = layout_of(graph);
+  EXPECT_DOUBLE_EQ(pixel_of(layout.x_axis.scale, 0), layout.layers[0].area.right());
+  EXPECT_DOUBLE_EQ(pixel_of(layout.layers[0].left.scale, 0), layout.layers[0].area.y);
+}
+
+TEST(GraphLayoutTest, AnEmptyGraphIsFrameAndTitleOnly) {
+  GraphSurface graph(1);
+  graph.pending.MainTitle = "Ausschnitt";
+  PEactions(graph, kTakeOverAndRedraw);
+  const GraphLayout layout = layout_of(graph);
+  EXPECT_FALSE(layout.has_axes);
+  ASSERT_EQ(layout.layers.size(), 1U);
+  EXPECT_EQ(layout.titles.size(), 1U);
+  EXPECT_TRUE(layout.x_axis.labels.empty());
+  EXPECT_TRUE(layout.legend.empty());
+}
+
+TEST(GraphLayoutTest, LayersAreStackedAndShareTheXAxis) {
+  GraphSurface graph = graph_with(4);
+  graph.pending.MultiAxesSubsets = {2, 0, 1, 1};
+  PEactions(graph, kTakeOverAndRedraw);
+  const GraphLayout layout = layout_of(graph);
+  ASSERT_EQ(layout.layers.size(), 3U);
+  EXPECT_EQ(layout.layers[0].layer, 0U);
+  EXPECT_EQ(layout.layers[1].layer, 2U);
+  EXPECT_EQ(layout.layers[2].layer, 3U);
+  for (std::size_t i = 1; i < 3; ++i) {
+    EXPECT_EQ(layout.layers[i].area.x, layout.layers[0].area.x);
+    EXPECT_EQ(layout.layers[i].area.width, layout.layers[0].area.width);
+    EXPECT_NEAR(layout.layers[i].area.height, layout.layers[0].area.height, 1);
+    EXPECT_NEAR(layout.layers[i].area.y - layout.layers[i - 1].area.bottom(), 16, 1);
+  }
+  EXPECT_EQ(layout.curves[1].slot, 0U);
+  EXPECT_EQ(layout.curves[2].slot, 1U);
+  EXPECT_EQ(layout.curves[3].slot, 2U);
+}
+
+TEST(GraphLayoutTest, ProportionsDivideTheHeight) {
+  GraphSurface graph = graph_with(2);
+  graph.pending.MultiAxesSubsets = {1, 1};
+  graph.pending.layers[0].LayerProportion = 75;
+  graph.pending.layers[1].LayerProportion = 25;
+  PEactions(graph, kTakeOverAndRedraw);
+  const GraphLayout layout = layout_of(graph);
+  EXPECT_NEAR(layout.layers[0].area.height, layout.layers[1].area.height * 3, 3);
+}
+
+TEST(GraphLayoutTest, RightCurvesHaveTheirOwnAxis) {
+  GraphSurface graph = graph_with(2);
+  graph.pending.SubsetPlotMethods = {0, 1002};
+  PEactions(graph, kTakeOverAndRedraw);
+  const GraphLayout layout = layout_of(graph);
+  EXPECT_TRUE(layout.layers[0].has_left);
+  EXPECT_TRUE(layout.layers[0].has_right);
+  EXPECT_TRUE(layout.curves[1].right);
+  EXPECT_EQ(layout.curves[1].method, 2);
+  EXPECT_FALSE(layout.layers[0].right.labels.empty());
+}
+
+TEST(GraphLayoutTest, TheZoomWindowTakesThePlaceOfTheLimits) {
+  GraphSurface graph = graph_with(1);
+  graph.pending.ZoomActive = true;
+  graph.pending.ZoomMinX = 2;
+  graph.pending.ZoomMaxX = 4;
+  graph.pending.layers[0].ZoomMinY = 5;
+  graph.pending.layers[0].ZoomMaxY = 6;
+  graph.pending.AllowZooming = 1;
+  PEactions(graph, kRedrawFromSettings);
+  GraphLayout layout = layout_of(graph);
+  EXPECT_EQ(layout.x_axis.scale.minimum, 2);
+  EXPECT_EQ(layout.layers[0].left.scale.minimum, 0);
+  graph.pending.AllowZooming = 2;
+  PEactions(graph, kRedrawFromSettings);
+  layout = layout_of(graph);
+  EXPECT_EQ(layout.layers[0].left.scale.minimum, 5);
+}
+
+TEST(GraphLayoutTest, AutomaticDataScalingMovesThePowerIntoTheTitle) {
+  GraphSurface graph = graph_with(1);
+  graph.pending.AutoScaleData = true;
+  graph.pending.ManualScaleControlX = 3;
+  graph.pending.ManualMinX = 0;
+  graph.pending.ManualMaxX = 50000;
+  graph.pending.XAxisLabel = "Zeit/s";
+  PEactions(graph, kRedrawFromSettings);
+  const GraphLayout layout = layout_of(graph);
+  EXPECT_EQ(layout.x_axis.title.text, "Zeit/s  ×10⁴");
+  EXPECT_EQ(labels_of(layout.x_axis), "0.0 0.5 1.0 1.5 2.0 2.5 3.0 3.5 4.0 4.5 5.0");
+}
+
+TEST(GraphLayoutTest, NothingOverlapsAtAnySize) {
+  GraphSurface graph = graph_with(9);
+  graph.pending.MainTitle = "Ein langer Haupttitel über dem Ganzen";
+  graph.pending.SubTitle = "unkomprimierte Daten";
+  graph.pending.MultiSubTitles = {"links|Mitte|rechts"};
+  graph.pending.MultiBottomTitles = {"|unten|", "noch eine"};
+  graph.pending.XAxisLabel = "Zeit/s";
+  graph.pending.MultiAxesSubsets = {3, 3, 3};
+  graph.pending.SubsetPlotMethods = {0, 1000, 0, 0, 1000, 0, 0, 0, 1000};
+  for (LayerProperties& layer : graph.pending.layers) layer.YAxisLabel = layer.RYAxisLabel = "Kraft/kN";
+  for (i16 location = 0; location < 4; ++location)
+    for (i16 style = 0; style < 2; ++style) {
+      graph.pending.LegendLocation = location;
+      graph.pending.LegendStyle = style;
+      PEactions(graph, kTakeOverAndRedraw);
+      for (const auto& [width, height] :
+           {std::pair(1600.0, 900.0), std::pair(640.0, 480.0), std::pair(300.0, 400.0),
+            std::pair(900.0, 200.0), std::pair(120.0, 80.0), std::pair(20.0, 10.0), std::pair(1.0, 1.0)}) {
+        const GraphLayout layout = layout_of(graph, width, height);
+        const auto boxes = text_boxes(layout);
+        for (std::size_t i = 0; i < boxes.size(); ++i) {
+          EXPECT_GE(boxes[i].x, -0.5);
+          EXPECT_LE(boxes[i].right(), width + 0.5);
+          EXPECT_GE(boxes[i].y, -0.5);
+          EXPECT_LE(boxes[i].bottom(), height + 0.5);
+          for (std::size_t j = 0; j < i; ++j)
+            ASSERT_FALSE(overlap(boxes[i], boxes[j])) << width << "x" << height << " legend " << location
+                                                      << ": " << dump(boxes[i]) << " and " << dump(boxes[j]);
+          for (const LayerLayout& layer : layout.layers) ASSERT_FALSE(overlap(boxes[i], layer.area));
+        }
+      }
+    }
+}
+
+TEST(LegendLayoutTest, TheListEndsAtItsMarker) {
+  GraphSurface graph = graph_with(3);
+  graph.pending.SubsetsToLegend = {2, 0, -1, 1};
+  PEactions(graph, kRedrawFromSettings);
+  EXPECT_EQ(legend_subsets(graph.shown()), (std::vector<std::size_t>{2, 0}));
+  graph.pending.SubsetsToLegend = {-1, 0};
+  PEactions(graph, kRedrawFromSettings);
+  EXPECT_TRUE(layout_of(graph).legend.empty());
+  graph.pending.SubsetsToLegend = {99, 1};
+  PEactions(graph, kRedrawFromSettings);
+  EXPECT_EQ(legend_subsets(graph.shown()), std::vector<std::size_t>{1});
+}
+
+TEST(LegendLayoutTest, OneLineHoldsAllNamesByCuttingTheLongOnes) {
+  GraphSurface graph = graph_with(4);
+  graph.pending.LegendStyle = kLegendOneLine;
+  graph.pending.SubsetLabels[1] = std::string(200, 'x');
+  PEactions(graph, kRedrawFromSettings);
+  const GraphLayout layout = layout_of(graph);
+  ASSERT_EQ(layout.legend.size(), 4U);
+  for (const LegendEntry& entry : layout.legend) EXPECT_EQ(entry.name.box.y, layout.legend[0].name.box.y);
+  EXPECT_EQ(layout.legend[0].name.text, "Kurve 1");
+  EXPECT_LT(layout.legend[1].name.text.size(), 200U);
+}
+
+TEST(LegendLayoutTest, InTheLayersItStandsInsideTheAreas) {
+  GraphSurface graph = graph_with(2);
+  graph.pending.LegendStyle = kLegendInLayers;
+  PEactions(graph, kRedrawFromSettings);
+  const GraphLayout layout = layout_of(graph);
+  ASSERT_EQ(layout.legend.size(), 2U);
+  EXPECT_TRUE(overlap(layout.legend[0].name.box, layout.layers[0].area));
+}
+
+TEST(TitleLayoutTest, BarsDivideALineIntoThreeParts) {
+  EXPECT_EQ(title_parts("abc").centre, "abc");
+  EXPECT_EQ(title_parts("|abc|").centre, "abc");
+  EXPECT_EQ(title_parts("a|b|c").left, "a");
+  EXPECT_EQ(title_parts("a|b|c").right, "c");
+  EXPECT_EQ(title_parts("a|b").left, "a");
+  EXPECT_EQ(title_parts("a|b").centre, "b");
+}
+
+TEST(ElidedTest, CutsBetweenCharactersOnly) {
+  const FixedMeasure measure;
+  EXPECT_EQ(elided("Größe", 35, TextRole::Axis, measure), "Größe");
+  EXPECT_EQ(elided("Größe", 28, TextRole::Axis, measure), "Grö…");
+  EXPECT_EQ(elided("Größe", 21, TextRole::Axis, measure), "Gr…");
+  EXPECT_EQ(elided("Größe", 7, TextRole::Axis, measure), "…");
+  EXPECT_EQ(elided("Größe", 6, TextRole::Axis, measure), "");
+}
+
+}  // namespace
+}  // namespace trendaro

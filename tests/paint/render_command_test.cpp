@@ -1,0 +1,114 @@
+#include "app/render_command.h"
+
+#include <QImage>
+#include <filesystem>
+#include <sstream>
+
+#include <gtest/gtest.h>
+
+#include "support/file_builder.h"
+#include "support/standard_builder.h"
+
+namespace trendaro {
+namespace {
+
+// A recording of two channels of 1000 samples at 1 ms: the first rises, the second has one sample that sticks
+// out.
+std::string recording() {
+  StandardFileLayout layout;
+  StandardChannel ramp;
+  ramp.name = "Drehzahl";
+  StandardChannel spike;
+  spike.name = "Kraft";
+  for (int i = 0; i < 1000; ++i) {
+    ramp.values.push_back(i);
+    spike.values.push_back(i == 700 ? 50 : 1);
+  }
+  layout.channels = {ramp, spike};
+  return layout.build().bytes();
+}
+
+class RenderCommandTest : public testing::Test {
+ protected:
+  ~RenderCommandTest() override {
+    std::error_code ignored;
+    std::filesystem::remove(command.output, ignored);
+  }
+
+  RenderCommandTest() {
+    command.output = std::filesystem::path(file.path()).replace_extension("picture.png").string();
+    command.width = 400;
+    command.height = 300;
+    command.files = {{file.path(), {}}};
+  }
+
+  int render() { return run_render(command, errors); }
+  [[nodiscard]] QImage picture() const { return QImage(QString::fromStdString(command.output)); }
+  // Colours that stand out from grey: those of curves.
+  [[nodiscard]] int coloured_pixels() const {
+    const QImage image = picture().convertToFormat(QImage::Format_RGB32);
+    int count = 0;
+    for (int y = 0; y < image.height(); ++y)
+      for (int x = 0; x < image.width(); ++x)
+        if (image.pixelColor(x, y).saturation() > 120) ++count;
+    return count;
+  }
+
+  TemporaryFile file{std::string_view(recording())};
+  RenderCommand command;
+  std::ostringstream errors;
+};
+
+TEST_F(RenderCommandTest, DrawsAllChannelsWhereNoneIsNamed) {
+  ASSERT_EQ(render(), 0) << errors.str();
+  EXPECT_EQ(picture().size(), QSize(400, 300));
+  const int both = coloured_pixels();
+  command.files[0].channels = {1};
+  ASSERT_EQ(render(), 0) << errors.str();
+  EXPECT_GT(both, coloured_pixels());
+  EXPECT_GT(coloured_pixels(), 100);
+  EXPECT_EQ(errors.str(), "");
+}
+
+TEST_F(RenderCommandTest, TheRangeOfXCutsTheCurve) {
+  command.files[0].channels = {2};
+  ASSERT_EQ(render(), 0);
+  const QImage whole = picture();
+  command.from = 0.1;
+  command.to = 0.2;
+  ASSERT_EQ(render(), 0);
+  EXPECT_NE(picture(), whole);
+}
+
+TEST_F(RenderCommandTest, AChannelThatTheFileLacksMarksNothing) {
+  command.files[0].channels = {9};
+  EXPECT_EQ(render(), 0);
+  EXPECT_EQ(coloured_pixels(), 0);
+}
+
+TEST_F(RenderCommandTest, AWrongCallIsTold) {
+  command.from = 2;
+  command.to = 1;
+  EXPECT_EQ(render(), 2);
+  EXPECT_EQ(errors.str(), "--from muss kleiner sein als --to\n");
+  command.output += ".gif";
+  EXPECT_EQ(render(), 2);
+}
+
+TEST_F(RenderCommandTest, AFileThatIsNoRecordingFails) {
+  file.rewrite("kein Messfile");
+  EXPECT_EQ(render(), 1);
+  EXPECT_FALSE(errors.str().empty());
+  EXPECT_FALSE(std::filesystem::exists(command.output));
+}
+
+TEST_F(RenderCommandTest, ATargetThatCannotBeWrittenFails) {
+  const std::string kept = command.output;
+  command.output = "/nowhere/at/all.png";
+  EXPECT_EQ(render(), 1);
+  EXPECT_NE(errors.str().find("/nowhere/at/all.png"), std::string::npos);
+  command.output = kept;
+}
+
+}  // namespace
+}  // namespace trendaro
