@@ -2,6 +2,7 @@
 
 #include <QGuiApplication>
 #include <cmath>
+#include <cstdio>
 #include <memory>
 #include <ostream>
 
@@ -103,11 +104,17 @@ void set_x_range(GraphSurface& graph, const RenderCommand& command) {
   PEactions(graph, kRedrawFromSettings);
 }
 
+// The toolkit's notes on its surroundings are of no use to the caller.
+void say_failures_only(QtMsgType type, const QMessageLogContext&, const QString& text) {
+  if (type == QtCriticalMsg || type == QtFatalMsg) std::fprintf(stderr, "%s\n", qPrintable(text));
+}
+
 // The application object that fonts and images need, where there is none yet; it never asks for a display.
 class OffscreenApplication {
  public:
   OffscreenApplication() {
     if (QCoreApplication::instance() != nullptr) return;
+    qInstallMessageHandler(say_failures_only);
     qputenv("QT_QPA_PLATFORM", "offscreen");
     application_ = std::make_unique<QGuiApplication>(argument_count_, arguments_);
   }
@@ -135,6 +142,8 @@ int run_render(const RenderCommand& command, std::ostream& errors) {
   model.TemplateFolder = kNoTemplates;
   load_main_window(model);
   set_time_unit(model, command.time_unit);
+  // A section shows all samples that it has; the whole recording keeps its extremes when it is compressed.
+  if (command.from || command.to) model.controls["mnuUseCompression"].ticked = false;
   for (const FileArgument& file : command.files)
     if (!add_file(model, shell, file, errors)) return 1;
   set_x_range(model.PESG, command);

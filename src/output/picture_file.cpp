@@ -9,43 +9,15 @@
 #include <QSvgGenerator>
 #include <algorithm>
 #include <array>
-#include <unordered_map>
 
 #include "graph/graph_painter.h"
 
 namespace trendaro {
 namespace {
 
-constexpr int kPaletteSize = 256;
 constexpr int kPixelsPerInch = 96;
 constexpr int kJpegQuality = 92;
-constexpr int kPngCompression = 40;  // of 100: smaller files would take many times as long
-
-// The image with one byte a pixel, where it has no more colours than that can tell; else as it is.
-QImage with_palette(const QImage& image) {
-  QImage reduced(image.size(), QImage::Format_Indexed8);
-  if (reduced.isNull()) return image;
-  std::unordered_map<QRgb, uchar> indices;
-  QList<QRgb> colors;
-  QRgb former = 0;
-  uchar former_index = 0;
-  for (int y = 0; y < image.height(); ++y) {
-    const auto* line = reinterpret_cast<const QRgb*>(image.constScanLine(y));
-    uchar* target = reduced.scanLine(y);
-    for (int x = 0; x < image.width(); ++x) {
-      if (colors.isEmpty() || line[x] != former) {
-        const auto [place, fresh] = indices.try_emplace(line[x], static_cast<uchar>(colors.size()));
-        if (fresh && colors.size() == kPaletteSize) return image;
-        if (fresh) colors.append(line[x]);
-        former = line[x];
-        former_index = place->second;
-      }
-      target[x] = former_index;
-    }
-  }
-  reduced.setColorTable(colors);
-  return reduced;
-}
+constexpr int kPngCompression = 40;  // of 100: the last fifth of the size would take four times as long
 
 QByteArray encoded(const QImage& image, const char* format, int quality, int compression) {
   QByteArray bytes;
@@ -126,7 +98,7 @@ QByteArray graph_picture(const GraphProperties& shown, PictureKind kind, QSize s
   if (size.isEmpty()) return {};
   switch (kind) {
     case PictureKind::Png:
-      return encoded(with_palette(graph_image(shown, size)), "png", -1, kPngCompression);
+      return encoded(graph_image(shown, size), "png", -1, kPngCompression);
     case PictureKind::Bmp:
       return encoded(graph_image(shown, size), "bmp", -1, -1);
     case PictureKind::Jpeg:

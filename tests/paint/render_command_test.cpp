@@ -80,6 +80,27 @@ TEST_F(RenderCommandTest, TheRangeOfXCutsTheCurve) {
   EXPECT_NE(picture(), whole);
 }
 
+TEST_F(RenderCommandTest, ASectionOfALongRecordingShowsEachSample) {
+  StandardFileLayout layout;
+  StandardChannel toggling;
+  for (int i = 0; i < 200000; ++i) toggling.values.push_back(i % 2);
+  layout.channels = {toggling};
+  file.rewrite(layout.build().bytes());
+  // Point numbers times the unit factor: 20 samples of 10 ups and downs.
+  command.from = 100;
+  command.to = 100.02;
+  ASSERT_EQ(render(), 0) << errors.str();
+  const QImage image = picture().convertToFormat(QImage::Format_RGB32);
+  int crossings = 0;
+  bool inside = false;
+  for (int x = 0; x < image.width(); ++x) {
+    const bool coloured = image.pixelColor(x, image.height() / 2).saturation() > 60;
+    if (coloured && !inside) ++crossings;
+    inside = coloured;
+  }
+  EXPECT_NEAR(crossings, 20, 1);
+}
+
 TEST_F(RenderCommandTest, AChannelThatTheFileLacksMarksNothing) {
   command.files[0].channels = {9};
   EXPECT_EQ(render(), 0);
