@@ -2,6 +2,7 @@
 #include <iostream>
 
 #include "app/command_line.h"
+#include "app/command_output.h"
 #include "app/info_command.h"
 #include "app/reduce_command.h"
 #include "app/render_command.h"
@@ -33,7 +34,7 @@ struct Runner {
   }
   int operator()(const PrintText& call) const {
     std::cout << call.text;
-    return 0;
+    return finish_output(std::cout, std::cerr);
   }
   int operator()(const WrongCall& call) const {
     std::cerr << call.text;

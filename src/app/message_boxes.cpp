@@ -2,6 +2,7 @@
 
 #include <QFileDialog>
 #include <QInputDialog>
+#include <QLabel>
 #include <QMessageBox>
 #include <QPushButton>
 
@@ -9,6 +10,9 @@
 
 namespace trendaro {
 namespace {
+
+// Long prompts wrap at this width, in pixels.
+constexpr int kPromptWidth = 460;
 
 QMessageBox::Icon box_icon(MessageIcon icon) {
   switch (icon) {
@@ -87,6 +91,10 @@ QString ask_text_box(QWidget* parent, const QString& prompt, const QString& titl
   box.setObjectName(QStringLiteral("InputBox"));
   box.setWindowTitle(title);
   box.setLabelText(prompt);
+  for (QLabel* label : box.findChildren<QLabel*>()) {
+    label->setWordWrap(true);
+    label->setMinimumWidth(kPromptWidth);
+  }
   box.setTextValue(preset);
   box.setOkButtonText(QStringLiteral("OK"));
   box.setCancelButtonText(QStringLiteral("Abbrechen"));

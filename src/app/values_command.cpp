@@ -5,6 +5,7 @@
 #include <cmath>
 #include <limits>
 #include <ostream>
+#include <sstream>
 #include <vector>
 
 #include "app/command_output.h"
@@ -46,11 +47,12 @@ void print_bytes(const SampleArray& values, std::ostream& output) {
 
 int run_values(const ValuesCommand& command, std::ostream& output, std::ostream& errors) {
   ignore_broken_pipes();
-  ConsoleShell shell(errors);
+  std::ostringstream messages;  // told behind the values that were read all the same
+  ConsoleShell shell(messages);
   Model model(shell);
   const LoadStatus status = LoadMeasurementFile(model, 1, command.path, command.channel, 0);
   if (status != LoadStatus::Done && status != LoadStatus::ReadFailed) {
-    errors << load_failure_text(status) << '\n';
+    errors << messages.str() << load_failure_text(status) << '\n';
     return 1;
   }
   if (model.FileChannelNames.has(command.channel)) {
@@ -60,6 +62,7 @@ int run_values(const ValuesCommand& command, std::ostream& output, std::ostream&
       print_lines(model.FileChannelValues, output);
   }
   const int written = finish_output(output, errors);
+  errors << messages.str();
   return status == LoadStatus::Done ? written : 1;
 }
 

@@ -1,5 +1,6 @@
 #include "files/reducer.h"
 
+#include <algorithm>
 #include <cmath>
 #include <exception>
 
@@ -18,10 +19,12 @@ constexpr i16 kReducibleBlockId = 5056;
 // Passes on only every whole percent that is reached, for a display drawn at once would be the slowest part.
 ReduceProgress percent_steps(const ReduceProgress& progress) {
   return [&progress, told = -1](f64 fraction) mutable {
-    const int percent = static_cast<int>(fraction * 100);
+    // Offsets that lie lead behind the end of a file.
+    const f64 done = std::clamp(fraction, 0.0, 1.0);
+    const int percent = static_cast<int>(done * 100);
     if (percent == told) return;
     told = percent;
-    progress(fraction);
+    progress(done);
   };
 }
 

@@ -32,6 +32,11 @@ def raw(values):
     return struct.pack("<%dd" % len(values), *values)
 
 
+def content(path):
+    with open(path, "rb") as file:
+        return file.read()
+
+
 class WithFolder(unittest.TestCase):
     def setUp(self):
         folder = tempfile.TemporaryDirectory()
@@ -177,7 +182,7 @@ class Pictures(WithFolder):
         for source, picture in ((path, flat), (with_spike, spiked)):
             result = trendaro("render", "--output", picture, "--size", "800x500", source)
             self.assertEqual(result.returncode, 0, result.stderr)
-        self.assertNotEqual(open(flat, "rb").read(), open(spiked, "rb").read())
+        self.assertNotEqual(content(flat), content(spiked))
 
     def test_every_ending_has_its_format(self):
         path = self.file("lauf.bin", standard_file(5010, two_channels()))
@@ -186,7 +191,7 @@ class Pictures(WithFolder):
             picture = os.path.join(self.folder, "bild." + ending)
             result = trendaro("render", "--output", picture, path + ":1")
             self.assertEqual(result.returncode, 0, result.stderr)
-            self.assertEqual(open(picture, "rb").read(len(start)), start)
+            self.assertEqual(content(picture)[:len(start)], start)
 
     def test_unwritable_picture_fails_with_words(self):
         path = self.file("lauf.bin", standard_file(5010, two_channels()))
