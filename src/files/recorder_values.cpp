@@ -13,7 +13,7 @@ namespace {
 constexpr f32 kRawScale32 = 1.0F / 1966080000.0F;
 constexpr f32 kRawScale16 = 256.0F / 7680000.0F;
 
-constexpr i64 kReadBytes = i64{1} << 20;
+constexpr i64 kReadBytes = i64{1} << 21;
 constexpr i64 kFreeRows = 1'000'000;
 constexpr i64 kClaimedToPresentRows = 8;
 
