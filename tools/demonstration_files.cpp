@@ -123,7 +123,7 @@ bool write_reduced_recording(const std::string& path, const Run& run) {
 void write_parameters(ByteWriter& file, std::size_t signal) {
   file.write_i32(static_cast<i32>(kParamRecordBytes));
   const i64 begin = file.position();
-  file.write_f64(kStartDay);
+  file.write_f64(0);  // samples count from the beginning of the recording
   file.write_f64(1000.0 / kBenchRate);
   write_zeros(file, 84 - 16);
   write_fixed_text(file, bench_signals[signal].unit, 8, ' ');
