@@ -1,7 +1,5 @@
 #include "datasource/plot_carry_over.h"
 
-#include <algorithm>
-#include <string_view>
 #include <utility>
 
 #include "app/attempt.h"
@@ -11,16 +9,11 @@
 namespace trendaro {
 namespace {
 
-std::string_view file_part(const PlotRecord& plot) {
-  const std::string_view title = plot.Title;
-  return title.substr(std::min(title.find('@'), title.size()));
-}
-
-// While original samples are on show the former plot stands on a channel of the original file, the new one on
-// the pair of the reduced file.
-bool same_channel(const PlotRecord& former, const PlotRecord& plot, bool original_data) {
+// While original samples are on show the former plot stands on a channel of the original file, `index` on the
+// pair of the reduced file.
+bool same_channel(const PlotRecord& former, i16 index, bool original_data) {
   const i32 channel = former.ChannelIndex;
-  return (original_data ? 2 * channel - 1 : channel) == plot.ChannelIndex;
+  return (original_data ? 2 * channel - 1 : channel) == index;
 }
 
 void move_annotations(Model& model, i16 from, i16 to) {
@@ -52,15 +45,15 @@ FormerPlots take_former_plots(Model& model) {
 }
 
 bool same_file(const PlotRecord& a, const PlotRecord& b) {
-  return equal_ignoring_case(file_part(a), file_part(b));
+  return equal_ignoring_case(plot_path(a), plot_path(b));
 }
 
-void carry_over(Model& model, FormerPlots& former, i16 number) {
+void carry_over(Model& model, FormerPlots& former, i16 number, i16 index) {
   PlotRecord& plot = model.Plots[number];
   former.cache_from.resize(static_cast<std::size_t>(number));
   for (std::size_t j = 1; j <= former.plots.size(); ++j) {
     const PlotRecord& candidate = former.plots[j];
-    if (!same_channel(candidate, plot, model.OriginalDataMode) || !same_file(candidate, plot)) continue;
+    if (!same_channel(candidate, index, model.OriginalDataMode) || !same_file(candidate, plot)) continue;
     copy_settings(candidate, plot);
     former.cache_from[number] = static_cast<i16>(j);
     move_annotations(model, static_cast<i16>(j), number);

@@ -23,8 +23,9 @@ FormerPlots take_former_plots(Model& model);
 bool same_file(const PlotRecord& a, const PlotRecord& b);
 
 // Gives the new plot `number` what the user set on the former plots of the same signal, and moves their
-// annotations to it. Of several former plots the last one wins.
-void carry_over(Model& model, FormerPlots& former, i16 number);
+// annotations to it. Of several former plots the last one wins. `index` is that of the plot's mark; plots of
+// the database carry no channel of their own and are never found again.
+void carry_over(Model& model, FormerPlots& former, i16 number, i16 index);
 
 // Gives every new plot the samples that it carried over; those of plots that have gone are released.
 void carry_over_caches(Model& model, FormerPlots& former);

@@ -150,7 +150,7 @@ void add_plot(Model& model, FormerPlots& former, const MarkedRow& marked, i16 x_
   else
     plot.FileKind = kKindDatabase;
   plot.Points = points_of(plot, row);
-  carry_over(model, former, number);
+  carry_over(model, former, number, marked.mark.index);
   check_zoom_capacity(model, plot.DatabaseChannel);
   load_parameters(model, row.path, plot);
   plot.TimeFromRate = model.xSrc.ListIndex == 0 ? 1 : 0;
@@ -206,7 +206,7 @@ void RebuildPlotList(Model& model) {
   drop_orphaned_annotations(model);
   model.NofPlots = static_cast<i16>(model.Plots.size());
   resize_companions(model);
-  if (model.xSrc.ListIndex != 1) free_x_cache(model);
+  free_x_cache(model);
   if (model.NofPlots == 0) {
     model.CurrentLayer = 1;
     ToolbarHandler(model, false);

@@ -38,9 +38,11 @@ struct PlotRecord {
   i16 Cached = 0;    // the curve cache holds this plot's samples
 };
 
-// The text ahead of the first "@" of a plot's Title; the whole Title without one.
+// The signal's name out of a plot's Title: the text ahead of the "@" of the path; the whole Title without
+// one.
 std::string plot_signal(const PlotRecord& plot);
-// The text behind the first "@"; empty without one.
+// The path out of a plot's Title, empty without an "@". It starts behind the first "@" that a root follows
+// ("/", "\\", "C:\\"), or behind the first "@" where the path is relative.
 std::string plot_path(const PlotRecord& plot);
 
 }  // namespace trendaro

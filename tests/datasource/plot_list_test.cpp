@@ -286,6 +286,22 @@ TEST_F(PlotListTest, OriginalChannelsMatchTheirPairs) {
   EXPECT_EQ(model.Plots[1].LineType, 6);
 }
 
+TEST_F(PlotListTest, DatabaseChannelsAreNeverTakenForEachOther) {
+  model.IOChannelCount = 2;
+  InitDataSourceGrid(model);
+  write_mark(2);
+  RebuildPlotList(model);
+  model.Plots[1].LineType = 7;
+  model.Annotations.push_back(annotation_on(1));
+  model.AnnotationCount = 1;
+  clear_mark(model.Grid, 2);
+  write_mark(3);
+  RebuildPlotList(model);
+  ASSERT_EQ(model.NofPlots, 1);
+  EXPECT_EQ(model.Plots[1].LineType, 0);
+  EXPECT_EQ(model.AnnotationCount, 0);
+}
+
 TEST_F(PlotListTest, SurveyTakesTheCurveWithoutUnitAndCache) {
   add_file("run.BIN", 2);
   write_mark(2);

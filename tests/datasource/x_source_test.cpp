@@ -81,6 +81,42 @@ TEST_F(XSourceTest, ChangeOfTheSourceLeavesTheZoom) {
   EXPECT_FALSE(model.Zoomed);
 }
 
+class SharedXChannelTest : public ListFixture {
+ protected:
+  // Two files whose first channel is x; the second one of each is drawn.
+  SharedXChannelTest() {
+    add_samples("a.BIN", {1, 2, 3, 4});
+    add_samples("b.BIN", {100, 200, 300, 400});
+    activate_row(model, 2);
+    mnuSetX(model);
+    mark(3);
+    mark(6);
+  }
+  void add_samples(const std::string& name, const std::vector<f64>& x) {
+    write_file(folder.file(name), recording_bytes({{"x", x}, {"y", {5, 6, 7, 8}}}));
+    AddFileToGrid(model, folder.file(name), false);
+  }
+  std::vector<f32> drawn_x() const {
+    const auto& drawn = *model.PESG.pending.XData;
+    return {drawn.begin(), drawn.end()};
+  }
+};
+
+TEST_F(SharedXChannelTest, CurvesOfOneViewShareTheXOfTheFirst) {
+  EXPECT_EQ(drawn_x(), (std::vector<f32>{1, 2, 3, 4, 1, 2, 3, 4}));
+}
+
+TEST_F(SharedXChannelTest, RemovedFileTakesItsXAlong) {
+  activate_row(model, 1);
+  RemoveFileFromGrid(model);
+  EXPECT_EQ(drawn_x(), (std::vector<f32>{100, 200, 300, 400}));
+}
+
+TEST_F(SharedXChannelTest, UnmarkedCurveTakesItsXAlong) {
+  unmark(3);
+  EXPECT_EQ(drawn_x(), (std::vector<f32>{100, 200, 300, 400}));
+}
+
 TEST_F(XSourceTest, SameEntryAgainDoesNothing) {
   add_file("run.REB", 2, 8);
   mark(2);
