@@ -69,6 +69,14 @@ std::string number_text(i64 value) {
   return std::to_string(value);
 }
 
+std::string count_text(f64 count) {
+  constexpr int kDigits = 15;
+  std::array<char, 32> buffer;
+  const auto result =
+      std::to_chars(buffer.data(), buffer.data() + buffer.size(), count, std::chars_format::general, kDigits);
+  return {buffer.data(), result.ptr};
+}
+
 std::string fixed_text(f64 value, int decimals) {
   std::array<char, 400> buffer;  // the largest f64 has 309 digits ahead of the point
   const auto result =

@@ -19,6 +19,9 @@ i32 round_to_i32(f64 value);
 std::string number_text(f64 value);
 std::string number_text(i64 value);
 
+// A count in plain digits up to 15 of them: what arithmetic leaves behind the last whole point is hidden.
+std::string count_text(f64 count);
+
 // Fixed notation with `decimals` digits behind the ".".
 std::string fixed_text(f64 value, int decimals);
 

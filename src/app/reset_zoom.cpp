@@ -1,5 +1,3 @@
-#include <array>
-#include <charconv>
 #include <cmath>
 #include <string>
 
@@ -12,14 +10,6 @@
 
 namespace trendaro {
 namespace {
-
-// A point count as the box shows it: 15 digits hide what the arithmetic leaves behind the last whole point.
-std::string count_text(f64 count) {
-  std::array<char, 32> digits{};
-  const auto end =
-      std::to_chars(digits.data(), digits.data() + digits.size(), count, std::chars_format::general, 15).ptr;
-  return {digits.data(), end};
-}
 
 void leave_graph_zoom(Model& model) {
   PEactions(model.PESG, kLeaveZoom);

@@ -23,21 +23,29 @@ bool file_row_is_active(const ChannelRows& list) {
   return list.rows.has(list.active_row) && list.rows[list.active_row].kind == RowKind::File;
 }
 
-// All rows of the file, or none.
-bool add_block(Model& model, LoadStatus status, const std::string& path) {
+// Appends the rows of the file under the lock; a failure leaves some of them and is told.
+bool append_block(Model& model, LoadStatus status, const std::string& path, bool noListEntry) {
   const Raised lock(model.ButtonLock);
-  const PausedList paused(model.Grid);
   const i32 old_rows = model.Grid.MaxRows();
   const bool added = attempt([&] {
     if (status != LoadStatus::Done) throw RunTimeError{static_cast<i16>(status)};
-    if (model.NofFiles == std::numeric_limits<i16>::max()) throw RunTimeError{kOverflow};
     append_file_rows(model, path);
+    if (!noListEntry && model.NofFiles == std::numeric_limits<i16>::max()) throw RunTimeError{kOverflow};
   });
   if (added)
     model.Grid.top_row = old_rows + 1;
-  else if (model.Grid.MaxRows() > old_rows)
-    erase_rows(model.Grid, old_rows + 1, model.Grid.MaxRows() - old_rows);
+  else
+    model.shell.show_message("Fehler beim Laden der Datei aufgetreten.", kProgramTitle, MessageIcon::Stop);
   return added;
+}
+
+// All rows of the file, or none.
+bool add_block(Model& model, LoadStatus status, const std::string& path, bool noListEntry) {
+  const PausedList paused(model.Grid);
+  const i32 old_rows = model.Grid.MaxRows();
+  if (append_block(model, status, path, noListEntry)) return true;
+  if (model.Grid.MaxRows() > old_rows) erase_rows(model.Grid, old_rows + 1, model.Grid.MaxRows() - old_rows);
+  return false;
 }
 
 }  // namespace
@@ -57,11 +65,7 @@ void AddFileToGrid(Model& model, const std::string& path, bool noListEntry) {
     model.shell.show_message("Diese Datei enthält kein gültiges Format", kProgramTitle, MessageIcon::None);
     return;
   }
-  if (!add_block(model, status, path)) {
-    model.shell.show_message("Fehler beim Laden der Datei aufgetreten.", kProgramTitle, MessageIcon::Stop);
-    return;
-  }
-  if (noListEntry) return;
+  if (!add_block(model, status, path, noListEntry) || noListEntry) return;
   ++model.NofFiles;
   model.FileList.resize(static_cast<std::size_t>(model.NofFiles));
   model.FileList[model.NofFiles] = path;

@@ -57,11 +57,12 @@ void redraw_without_removed(Model& model) {
   RedrawKMGraph(model, false);
   if (!model.HasFullDataPlot) {
     if (was_zoomed || !model.controls["mnuShowSurvGraph"].enabled) bring_survey_back(model);
-    RedrawSurvGraph(model, false);
     ReducFormatGUI(model, false);
   }
+  // Without a zoom also where plain files hide the survey: it is to hold no curve of the removed file.
+  if (!was_zoomed || !model.HasFullDataPlot) RedrawSurvGraph(model, false);
   model.controls["ZoomPointsBox"].text =
-      number_text(static_cast<f64>(model.MaxViewPoints) * model.ActiveReduceFactor / 2);
+      count_text(static_cast<f64>(model.MaxViewPoints) * model.ActiveReduceFactor / 2);
 }
 
 }  // namespace

@@ -70,5 +70,17 @@ TEST(NumberTextTest, ReadsBackToTheSameValue) {
   EXPECT_EQ(fixed_text(5, 0), "5");
 }
 
+TEST(CountTextTest, LargeCountsStandInPlainDigits) {
+  EXPECT_EQ(count_text(0), "0");
+  EXPECT_EQ(count_text(100000), "100000");
+  EXPECT_EQ(count_text(1000000), "1000000");
+  EXPECT_EQ(count_text(999999999999999), "999999999999999");
+  EXPECT_EQ(count_text(2.5), "2.5");
+}
+
+TEST(CountTextTest, RestOfTheArithmeticIsHidden) {
+  EXPECT_EQ(count_text(0.1 + 0.2), "0.3");
+}
+
 }  // namespace
 }  // namespace trendaro

@@ -3,6 +3,7 @@
 #include <filesystem>
 #include <fstream>
 
+#include "app/commands.h"
 #include "datasource/list_fixture.h"
 
 namespace trendaro {
@@ -87,6 +88,11 @@ TEST_F(FileListTest, MenuAsksForAFile) {
   shell.files.push_back(make_file("run.BIN", 1));
   mnuOpenFile(model);
   EXPECT_EQ(shell.calls.front(), "open: Datensätze aus Datei einfügen");
+  ASSERT_EQ(shell.dialogs.size(), 1U);
+  Texts filters;
+  for (const FileFilter& filter : shell.dialogs[0].filters)
+    filters.push_back(filter.caption + "|" + filter.pattern);
+  EXPECT_EQ(filters, (Texts{"*.ST*|*.ST*", "*.REB|*.REB", "*.ME*|*.ME*", "*.BIN*|*.BIN*", "*.*|*.*"}));
   EXPECT_EQ(model.NofFiles, 1);
 }
 
@@ -130,10 +136,30 @@ TEST_F(FileListTest, WithoutListEntryOnlyTheRowsCome) {
 }
 
 TEST_F(FileListTest, FullFileCounterRefusesTheFile) {
+  add_file("other.BIN", 1);
   model.NofFiles = 32767;
-  AddFileToGrid(model, make_file("run.BIN", 1), false);
-  EXPECT_EQ(model.Grid.MaxRows(), 0);
+  i32 rows_during_message = 0;
+  bool locked_during_message = false;
+  shell.during_message = [&] {
+    rows_during_message = model.Grid.MaxRows();
+    locked_during_message = model.ButtonLock;
+  };
+  AddFileToGrid(model, make_file("run.BIN", 2), false);
   EXPECT_EQ(shell.messages(), (Texts{"Trendaro: Fehler beim Laden der Datei aufgetreten."}));
+  // The rows go after the message: two of the first file, three of the refused one.
+  EXPECT_EQ(rows_during_message, 5);
+  EXPECT_TRUE(locked_during_message);
+  EXPECT_EQ(row_names(), (Texts{"other.BIN", "other.BIN 1"}));
+  EXPECT_EQ(model.NofFiles, 32767);
+  EXPECT_FALSE(model.ButtonLock);
+  EXPECT_TRUE(model.Grid.redraw);
+}
+
+TEST_F(FileListTest, FullFileCounterLetsRowsWithoutAnEntryIn) {
+  model.NofFiles = 32767;
+  AddFileToGrid(model, make_file("run.BIN", 1), true);
+  EXPECT_EQ(model.Grid.MaxRows(), 2);
+  EXPECT_TRUE(shell.messages().empty());
 }
 
 TEST_F(FileListTest, FileAddedTwiceAndRemovedOnceLeavesOneBlock) {
@@ -204,6 +230,84 @@ TEST_F(FileListTest, RemovalOfTheOnlyPlainFileBringsTheSurveyBack) {
   EXPECT_TRUE(model.controls["mnuShowSurvGraph"].ticked);
   EXPECT_TRUE(model.controls["PESGSurvey"].visible);
   EXPECT_TRUE(model.controls["TB_SCROLLLEFT"].visible);
+}
+
+TEST_F(FileListTest, RemovalWithAZoomLeavesItAndShowsTheSurvey) {
+  add_file("run.REB", 1, 8);
+  add_file("other.REB", 1, 8);
+  mark(2);
+  mark(4);
+  run_command(model, "mnuShowSurvGraph");
+  ASSERT_FALSE(model.controls["PESGSurvey"].visible);
+  model.Zoomed = true;
+  model.PESG.pending.ScrollingHorzZoom = true;
+  model.PESG.pending.ScrollingVertZoom = true;
+  shell.calls.clear();
+  model.Grid.active_row = 1;
+  RemoveFileFromGrid(model);
+  EXPECT_FALSE(model.Zoomed);
+  EXPECT_TRUE(model.controls["mnuShowSurvGraph"].ticked);
+  EXPECT_TRUE(model.controls["PESGSurvey"].visible);
+  EXPECT_FALSE(model.PESG.pending.ScrollingHorzZoom);
+  EXPECT_FALSE(model.PESG.pending.ScrollingVertZoom);
+  EXPECT_EQ(survey_redraws(), 1);
+}
+
+TEST_F(FileListTest, RemovalWithAZoomLeavesAShownSurveyShown) {
+  add_file("run.REB", 1, 8);
+  add_file("other.REB", 1, 8);
+  mark(2);
+  mark(4);
+  model.Zoomed = true;
+  model.Grid.active_row = 1;
+  RemoveFileFromGrid(model);
+  EXPECT_TRUE(model.controls["mnuShowSurvGraph"].ticked);
+  EXPECT_TRUE(model.controls["PESGSurvey"].visible);
+}
+
+TEST_F(FileListTest, RemovalWithoutAZoomLeavesASurveyHiddenByTheUser) {
+  add_file("run.REB", 1, 8);
+  add_file("other.REB", 1, 8);
+  mark(2);
+  mark(4);
+  run_command(model, "mnuShowSurvGraph");
+  shell.calls.clear();
+  model.Grid.active_row = 1;
+  RemoveFileFromGrid(model);
+  EXPECT_FALSE(model.controls["PESGSurvey"].visible);
+  EXPECT_EQ(survey_redraws(), 1);
+}
+
+TEST_F(FileListTest, RemovalBesidePlainFilesRedrawsTheHiddenSurvey) {
+  add_file("run.BIN", 1);
+  add_file("other.BIN", 1);
+  add_file("third.BIN", 1);
+  for (const i32 row : {2, 4, 6}) mark(row);
+  shell.calls.clear();
+  model.Grid.active_row = 1;
+  RemoveFileFromGrid(model);
+  EXPECT_EQ(survey_redraws(), 1);
+  EXPECT_FALSE(model.controls["PESGSurvey"].visible);
+  EXPECT_FALSE(model.controls["mnuShowSurvGraph"].enabled);
+  model.Zoomed = true;
+  shell.calls.clear();
+  RemoveFileFromGrid(model);
+  EXPECT_EQ(signals(), (Texts{"third.BIN 1"}));
+  EXPECT_EQ(survey_redraws(), 0);
+}
+
+TEST_F(FileListTest, RemovalShowsALargeCountInPlainDigits) {
+  const std::vector<f64> samples(200000, 1.5);
+  for (const char* name : {"run.REB", "other.REB"}) {
+    write_file(folder.file(name), recording_bytes({{"signal", samples}}, 10));
+    AddFileToGrid(model, folder.file(name), false);
+  }
+  mark(2);
+  mark(4);
+  model.Grid.active_row = 1;
+  RemoveFileFromGrid(model);
+  // 200000 stored samples, each for half of 10.
+  EXPECT_EQ(model.controls["ZoomPointsBox"].text, "1000000");
 }
 
 TEST_F(FileListTest, RemovalMovesTheHighlightedRowAlong) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <deque>
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -18,12 +19,17 @@ class RecordingShell : public Shell {
   std::deque<std::string> files;
   // The icons of the messages shown, in order.
   std::vector<MessageIcon> icons;
+  // The file dialogs shown, in order.
+  std::vector<FileDialog> dialogs;
+  // Runs while a message is on screen.
+  std::function<void()> during_message = [] {};
   int window_closings = 0;
   int wait_pointers = 0;  // switched on less switched off
 
   void show_message(const std::string& text, const std::string& title, MessageIcon icon) override {
     calls.push_back("message: " + title + ": " + text);
     icons.push_back(icon);
+    during_message();
   }
   bool ask_yes_no(const std::string& text, const std::string& title) override {
     calls.push_back("question: " + title + ": " + text);
@@ -36,10 +42,12 @@ class RecordingShell : public Shell {
   }
   std::string ask_open_file(const FileDialog& dialog) override {
     calls.push_back("open: " + dialog.title);
+    dialogs.push_back(dialog);
     return take(files);
   }
   std::string ask_save_file(const FileDialog& dialog) override {
     calls.push_back("save: " + dialog.title);
+    dialogs.push_back(dialog);
     return take(files);
   }
   void show_status(int panel, const std::string& text) override {
