@@ -34,6 +34,7 @@ void paint_name(QPainter& painter, const QStyleOptionViewItem& option, const QMo
   painter.setPen(highlighted ? QColor(Qt::white) : option.palette.color(QPalette::Text));
   const QRect place = option.rect.adjusted(kNameMargin, 0, -kNameMargin, 0);
   const QString name = index.data(Qt::DisplayRole).toString();
+  // All rows are one line high; the tip of the cell holds the whole name.
   const QString shown = QFontMetrics(font).elidedText(name, Qt::ElideMiddle, place.width());
   painter.drawText(place, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine, shown);
 }

@@ -21,7 +21,7 @@ constexpr int kRowMargin = 6;
 
 ChannelGrid::ChannelGrid(ChannelRows& rows, const GridState& state, QWidget* parent)
     : QTableView(parent), rows_(rows), table_(new ChannelTable(rows, state, this)) {
-  set_look();
+  InitGridLayout();
   setModel(table_);
   setItemDelegate(new ChannelDelegate(this));
   for (int column : {0, 1}) setColumnWidth(column, kPictureColumnWidth);
@@ -31,7 +31,7 @@ ChannelGrid::ChannelGrid(ChannelRows& rows, const GridState& state, QWidget* par
   connect(verticalScrollBar(), &QScrollBar::valueChanged, this, &ChannelGrid::note_top_row);
 }
 
-void ChannelGrid::set_look() {
+void ChannelGrid::InitGridLayout() {
   setObjectName(QStringLiteral("Grid"));
   setAccessibleName(QStringLiteral("Kanalliste"));
   horizontalHeader()->hide();

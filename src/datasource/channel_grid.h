@@ -41,7 +41,8 @@ class ChannelGrid : public QTableView {
   bool viewportEvent(QEvent* event) override;
 
  private:
-  void set_look();
+  // The properties that never change. Three columns show; the others stand in the records alone.
+  void InitGridLayout();
   void toggle(int position);
   void mirror_active_row();
   void mirror_top_row();

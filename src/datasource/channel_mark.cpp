@@ -73,13 +73,14 @@ void mark_channel(Model& model, i32 row) {
   model.LastClickedRow = row;
   set_mark(model.Grid, row, {index, model.CurrentLayer, model.CurrentSide});
   model.CurveCache.resize(static_cast<std::size_t>(model.NofPlots) + 1);
-  // In a section the redraw zooms in x alone, for as long as it lasts.
+  // In a section the redraw zooms in x alone, for as long as it lasts. The mode of before comes back even
+  // when the redraw has left the section.
   const i16 zooming = model.PESG.pending.AllowZooming;
-  const bool narrowed = model.Zoomed && zooming != 1;
-  if (narrowed) model.PESG.pending.AllowZooming = 1;
+  const bool was_zoomed = model.Zoomed;
+  if (was_zoomed) model.PESG.pending.AllowZooming = 1;
   RebuildPlotList(model);
   redraw_after_mark(model);
-  if (narrowed) model.PESG.pending.AllowZooming = zooming;
+  if (was_zoomed) model.PESG.pending.AllowZooming = zooming;
 }
 
 void unmark_channel(Model& model, i32 row) {

@@ -12,11 +12,12 @@ namespace {
 constexpr i16 kCheckColumn = 1;
 constexpr i16 kNameColumn = 3;
 
-// Shows or hides the head of the list, down to its first file. A file in row 1 ends the walk at once, so the
-// first file of a list cannot be closed.
+// Shows or hides what stands below row 1, down to the first file. Row 1 itself stays, so that it can be
+// opened again. A file in row 1 ends the walk at once, so the first file of a list cannot be closed.
 void open_or_close_head(ChannelRows& list, bool open) {
-  for (ChannelRow& row : list.rows) {
-    if (row.kind == RowKind::File) return;
+  if (list.rows[1].kind == RowKind::File) return;
+  for (i32 i = 2; i <= list.MaxRows() && list.rows[i].kind != RowKind::File; ++i) {
+    ChannelRow& row = list.rows[i];
     row.hidden = !open;
     if (open && row.kind == RowKind::Group) row.check = 1;
   }
@@ -64,15 +65,24 @@ void right_click_cell(Model& model, i32 row, i16 column) {
   ++model.Grid.revision;
 }
 
-void mnuPOP1(Model& model) {
-  const ChannelRows& list = model.Grid;
-  const ChannelRow row = list.rows.has(list.active_row) ? list.rows[list.active_row] : ChannelRow();
+RowOffer offer_of_active_row(const ChannelRows& list, bool original_data) {
+  RowOffer offer;
+  if (!list.rows.has(list.active_row)) return offer;
+  const ChannelRow& row = list.rows[list.active_row];
   const bool file = row.kind == RowKind::File;
-  const bool channel = list.rows.has(list.active_row) && is_channel(row.kind);
-  enable_control(model, "mnuShowChanInfo", !file);
-  enable_control(model, "mnuPRemoveFile", file && !model.OriginalDataMode);
-  enable_control(model, "mnuSetX", channel);
-  enable_control(model, "mnuCfgPlot", channel && row.check == 1);
+  offer.channel_information = !file;
+  offer.remove_file = file && !original_data;
+  offer.set_x = is_channel(row.kind);
+  offer.configure_plot = offer.set_x && row.check == 1;
+  return offer;
+}
+
+void mnuPOP1(Model& model) {
+  const RowOffer offer = offer_of_active_row(model.Grid, model.OriginalDataMode);
+  enable_control(model, "mnuShowChanInfo", offer.channel_information);
+  enable_control(model, "mnuPRemoveFile", offer.remove_file);
+  enable_control(model, "mnuSetX", offer.set_x);
+  enable_control(model, "mnuCfgPlot", offer.configure_plot);
 }
 
 std::string text_tip(Model& model, i32 row, i16 column) {

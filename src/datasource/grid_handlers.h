@@ -6,6 +6,7 @@
 
 namespace trendaro {
 
+struct ChannelRows;
 struct Model;
 
 // Builds the first rows of the list and reads the limits of the host's database; without a host the limits
@@ -21,6 +22,15 @@ void activate_row(Model& model, i32 row);
 
 // A right click on a cell: activates the row, highlights a signal or file row (SelectedRow).
 void right_click_cell(Model& model, i32 row, i16 column);
+
+// What the pop-up menu of the list offers for a row.
+struct RowOffer {
+  bool channel_information = true;  // mnuShowChanInfo
+  bool remove_file = false;         // mnuPRemoveFile
+  bool set_x = false;               // mnuSetX
+  bool configure_plot = false;      // mnuCfgPlot
+};
+RowOffer offer_of_active_row(const ChannelRows& list, bool original_data);
 
 // The pop-up menu of the list opens: enables its entries for the active row.
 void mnuPOP1(Model& model);

@@ -1,5 +1,9 @@
 #include "datasource/grid_handlers.h"
 
+#include <algorithm>
+#include <string_view>
+
+#include "app/commands.h"
 #include "datasource/list_fixture.h"
 
 namespace trendaro {
@@ -7,6 +11,13 @@ namespace {
 
 using GridHandlersTest = ListFixture;
 using Texts = std::vector<std::string>;
+
+// Entries whose work is not built stay disabled, whatever a handler asks for.
+bool has_work(std::string_view entry) {
+  return std::ranges::any_of(commands(), [&](const Command& command) {
+    return command.name != nullptr && entry == command.name && command.run != nullptr;
+  });
+}
 
 constexpr char kPlainStatus[] =
     "status 1: Nichtkomprimierter Kanal wird angezeigt. Zoom in Originalwerte nicht möglich!";
@@ -84,6 +95,7 @@ TEST_F(GridHandlersTest, HeadingOfTheLiveLayoutOpensDownToTheFirstFile) {
   InitDataSourceGrid(model);
   add_file("run.BIN", 1);
   click_check_cell(model, 1, 0);
+  EXPECT_FALSE(model.Grid.rows[1].hidden);
   EXPECT_TRUE(model.Grid.rows[2].hidden);
   EXPECT_TRUE(model.Grid.rows[4].hidden);
   EXPECT_FALSE(model.Grid.rows[5].hidden);
@@ -93,6 +105,16 @@ TEST_F(GridHandlersTest, HeadingOfTheLiveLayoutOpensDownToTheFirstFile) {
   EXPECT_FALSE(model.Grid.rows[1].hidden);
   EXPECT_FALSE(model.Grid.rows[4].hidden);
   EXPECT_EQ(model.Grid.rows[2].check, 1);
+}
+
+TEST_F(GridHandlersTest, GroupInTheFirstRowClosesAllGroupsAndStays) {
+  model.IOChannelCount = 12;
+  InitDataSourceGrid(model);
+  click_check_cell(model, 1, 0);
+  EXPECT_FALSE(model.Grid.rows[1].hidden);
+  for (i32 row = 2; row <= 14; ++row) EXPECT_TRUE(model.Grid.rows[row].hidden) << row;
+  click_check_cell(model, 1, 1);
+  for (i32 row = 1; row <= 14; ++row) EXPECT_FALSE(model.Grid.rows[row].hidden) << row;
 }
 
 TEST_F(GridHandlersTest, GroupRowHidesItsChannels) {
@@ -145,12 +167,27 @@ TEST_F(GridHandlersTest, LastPlainFileUnmarkedBringsTheSurveyBack) {
   EXPECT_EQ(shell.calls.back(), "status 1: ");
 }
 
+TEST_F(GridHandlersTest, OriginalDataKeepsTheFirstStatusPanel) {
+  add_file("run.REB", 1, 8);
+  model.OriginalDataMode = true;
+  click_check_cell(model, 1, 1);
+  EXPECT_TRUE(shell.calls.empty());
+  model.OriginalDataMode = false;
+  click_check_cell(model, 1, 1);
+  EXPECT_EQ(shell.calls, (Texts{"status 1: "}));
+}
+
 TEST_F(GridHandlersTest, LastUnmarkReleasesTheZoomTools) {
   add_file("run.REB", 1, 8);
   mark(2);
   for (const char* tool : {"TB_ZOOMHORZ", "TB_ZOOMVERT", "TB_ZOOMRECT"}) model.controls[tool].tag = "1";
   model.controls["ZoomPointsBox"].back_color = kGreen;
+  const Texts entries = {"mnuDBOffset", "mnuXUnit", "mnuNullValues"};
+  for (const std::string& entry : entries) model.controls[entry].enabled = false;
   unmark(2);
+  EXPECT_TRUE(model.controls["mnuDBOffset"].enabled);
+  EXPECT_TRUE(model.controls["mnuXUnit"].enabled);
+  EXPECT_EQ(model.controls["mnuNullValues"].enabled, has_work("mnuNullValues"));
   EXPECT_EQ(model.controls["TB_ZOOMHORZ"].tag, "");
   EXPECT_EQ(model.controls["TB_ZOOMHORZ"].image, "HZOOMUP");
   EXPECT_EQ(model.controls["TB_ZOOMVERT"].image, "VZOOMUP");
@@ -177,6 +214,20 @@ TEST_F(GridHandlersTest, NewLayerLeavesTheZoom) {
   EXPECT_FALSE(model.Zoomed);
 }
 
+TEST_F(GridHandlersTest, ZoomModeComesBackAfterALeftZoom) {
+  for (const i16 mode : std::initializer_list<i16>{1, 2, 3}) {
+    ClearGraph(model);
+    while (model.Grid.MaxRows() > 0) RemoveFileFromGrid(model);
+    add_file("run.REB", 2, 8);
+    mark(2);
+    model.Zoomed = true;
+    model.PESG.pending.AllowZooming = mode;
+    mark(3, 2, 1);
+    EXPECT_FALSE(model.Zoomed);
+    EXPECT_EQ(model.PESG.pending.AllowZooming, mode);
+  }
+}
+
 TEST_F(GridHandlersTest, ZoomInsideOfTheDataStays) {
   add_file("run.REB", 2, 8);
   mark(2);
@@ -187,6 +238,16 @@ TEST_F(GridHandlersTest, ZoomInsideOfTheDataStays) {
   EXPECT_TRUE(model.Zoomed);
   EXPECT_EQ(model.controls["ZoomPointsBox"].text, "1");
   EXPECT_EQ(model.PESG.pending.AllowZooming, 3);
+}
+
+TEST_F(GridHandlersTest, LastMarkTakenAwayInAZoomLeavesItNoted) {
+  add_file("run.REB", 1, 8);
+  mark(2);
+  model.Zoomed = true;
+  model.controls["ZoomPointsBox"].text = "3";
+  unmark(2);
+  EXPECT_TRUE(model.Zoomed);
+  EXPECT_EQ(model.controls["ZoomPointsBox"].text, "3");
 }
 
 TEST_F(GridHandlersTest, ZoomBehindTheDataIsLeft) {
@@ -250,6 +311,41 @@ TEST_F(GridHandlersTest, PopUpOffersWhatTheRowCanDo) {
   EXPECT_FALSE(enabled("mnuPRemoveFile"));
   EXPECT_TRUE(enabled("mnuSetX"));
   EXPECT_FALSE(enabled("mnuCfgPlot"));
+  EXPECT_EQ(enabled("mnuShowChanInfo"), has_work("mnuShowChanInfo"));
+}
+
+TEST_F(GridHandlersTest, PopUpSwitchesOffWhatARowCannotDo) {
+  add_file("run.BIN", 1);
+  for (const char* entry : {"mnuSetX", "mnuCfgPlot", "mnuShowChanInfo"}) model.controls[entry].enabled = true;
+  mnuPOP1(model);
+  for (const char* entry : {"mnuSetX", "mnuCfgPlot", "mnuShowChanInfo"})
+    EXPECT_FALSE(model.controls[entry].enabled) << entry;
+}
+
+TEST_F(GridHandlersTest, MarkedChannelsAloneCanBeConfigured) {
+  model.IOChannelCount = 1;
+  InitDataSourceGrid(model);  // a group and its channel
+  add_file("run.BIN", 1);
+  write_mark(4);
+  const auto offer = [&](i32 row) {
+    activate_row(model, row);
+    return offer_of_active_row(model.Grid, false);
+  };
+  EXPECT_TRUE(offer(4).configure_plot);
+  EXPECT_TRUE(offer(4).channel_information);
+  EXPECT_TRUE(offer(4).set_x);
+  EXPECT_FALSE(offer(4).remove_file);
+  EXPECT_FALSE(offer(2).configure_plot);
+  EXPECT_TRUE(offer(2).set_x);
+  write_mark(2);
+  EXPECT_TRUE(offer(2).configure_plot);
+  // The check cells of group and file stand on 1 as well.
+  EXPECT_FALSE(offer(1).configure_plot);
+  EXPECT_FALSE(offer(1).set_x);
+  EXPECT_TRUE(offer(1).channel_information);
+  EXPECT_FALSE(offer(3).configure_plot);
+  EXPECT_FALSE(offer(3).channel_information);
+  EXPECT_TRUE(offer(3).remove_file);
 }
 
 }  // namespace
