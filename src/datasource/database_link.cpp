@@ -20,10 +20,16 @@ HostDatabase& database_of(Model& model) {
   return model.Host->DB();
 }
 
-// The last three characters of ParamText lie behind the part that is copied.
+// The last three characters of ParamText lie behind the part that is copied. A channel without parameters
+// leaves the other one without any.
 void copy_leading_parameters(Model& model, i16 from, i16 to) {
   constexpr std::size_t kCopiedText = 12;
-  ChannelParamRecord copy = model.ChannelParams[from];
+  const auto source = model.ChannelParams.find(from);
+  if (source == model.ChannelParams.end()) {
+    model.ChannelParams.erase(to);
+    return;
+  }
+  ChannelParamRecord copy = source->second;
   ChannelParamRecord& target = model.ChannelParams[to];
   std::copy(target.ParamText.begin() + kCopiedText, target.ParamText.end(),
             copy.ParamText.begin() + kCopiedText);

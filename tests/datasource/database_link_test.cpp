@@ -155,7 +155,27 @@ TEST_F(DatabaseLinkTest, EndOfTheRecordIsNotCopied) {
   EXPECT_EQ(model.ChannelParams[30].Reserved2[0], 'c');
 }
 
-TEST_F(DatabaseLinkTest, ChannelBehindTheDatabaseIsFoundByTheNextRebuild) {
+TEST_F(DatabaseLinkTest, PlotWithoutParametersLeavesTheNewChannelWithout) {
+  make_plots(1);
+  model.ChannelParams.clear();
+  model.ChannelParams[30] = {};
+  offset("30");
+  EXPECT_FALSE(model.ChannelParams.contains(1));
+  EXPECT_FALSE(model.ChannelParams.contains(30));
+}
+
+TEST_F(DatabaseLinkTest, ChannelBehindTheDatabaseIsNotAsked) {
+  make_plots(2);
+  model.controls["PointsBox"].text = "500";
+  host.set_length(97, 4);
+  host.set_capacity(97, 10);
+  offset("96");
+  EXPECT_TRUE(shell.messages().empty());
+  EXPECT_FALSE(model.OccupiedWarned);
+  EXPECT_FALSE(model.ZoomLengthWarned);
+}
+
+TEST_F(DatabaseLinkTest, ChannelBehindTheDatabaseIsFoundIsFoundByTheNextRebuild) {
   make_plots(2);
   offset("96");
   EXPECT_EQ(channels(), (std::vector<i16>{96, 97}));
