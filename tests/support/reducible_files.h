@@ -20,7 +20,7 @@ struct SampleChannel {
 inline std::string numbered_record(std::size_t bytes = 152) {
   std::string record(bytes, '\0');
   for (std::size_t i = 0; i < bytes; ++i) record[i] = static_cast<char>(i % 120 + 1);
-  record[122] = 0;  // blocks carry their own lengths
+  if (record.size() > 122) record[122] = 0;  // blocks carry their own lengths
   return record;
 }
 
