@@ -12,6 +12,7 @@
 #include "datasource/file_list.h"
 #include "datasource/grid_handlers.h"
 #include "datasource/plot_list.h"
+#include "files/channel_info_handlers.h"
 #include "files/reduce_handlers.h"
 #include "graph/cache_handlers.h"
 
@@ -162,7 +163,7 @@ constexpr auto kCommands = std::to_array<Command>({
     {"mnuPOP1", "Kanalliste", nullptr, nullptr},
     {"mnuSetX", "Als x-Datensatz verwenden", "mnuPOP1", mnuSetX},
     {"mnuCfgPlot", "Kurve einrichten", "mnuPOP1", nullptr},
-    {"mnuShowChanInfo", "Kanalinformationen darstellen", "mnuPOP1", nullptr},
+    {"mnuShowChanInfo", "Kanalinformationen darstellen", "mnuPOP1", mnuShowChanInfo},
     {"mnuPRemoveFile", "Datei entfernen", "mnuPOP1", mnuPRemoveFile},
 
     {"mnuPOP2", "Beschriftung", nullptr, nullptr},

@@ -10,6 +10,7 @@
 #include "datasource/channel_rows.h"
 #include "datasource/plot_list_state.h"
 #include "datasource/x_source.h"
+#include "files/channel_info_rows.h"
 #include "files/loader_result.h"
 #include "graph/graph_surface.h"
 #include "graph/view_state.h"
@@ -30,6 +31,7 @@ struct HostLink {
 // All state of the program. One instance, made by `main` or a test; handlers take it by reference.
 struct Model : HostLink,
                LoaderResult,
+               ChannelInfoState,
                GridState,
                PlotListState,
                ZoomWindow,

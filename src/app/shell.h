@@ -1,10 +1,12 @@
 #pragma once
 
+#include <functional>
 #include <optional>
 #include <string>
 #include <vector>
 
 #include "app/types.h"
+#include "files/channel_info_rows.h"
 
 namespace trendaro {
 
@@ -20,6 +22,14 @@ struct FileDialog {
   std::string title;
   std::vector<FileFilter> filters;
   std::string default_name;
+};
+
+// The form with channel information, frmChanInfo.
+struct ChannelInfoForm {
+  std::string caption;
+  const std::vector<ChannelInfoRow>& rows;
+  std::function<void()> copy;   // for its button that copies the rows
+  std::function<void()> print;  // for its button that prints them
 };
 
 // What handlers ask of the user and tell the user. The window shows dialogs, the command line writes to
@@ -44,6 +54,12 @@ class Shell {
   virtual void show_progress(f64 fraction) = 0;
   // The hourglass pointer on or off.
   virtual void show_wait_pointer(bool on) = 0;
+  // Shows the form until the user closes it.
+  virtual void show_channel_info(const ChannelInfoForm& form) = 0;
+  // Puts a text on the clipboard.
+  virtual void copy_text(const std::string& text) = 0;
+  // Prints the rows below a centred bold line, on the printer that the user chooses.
+  virtual void print_channel_info(const std::string& headline, const std::vector<ChannelInfoRow>& rows) = 0;
   // Closes the main window as if the user had; the close question comes with it.
   virtual void close_window() = 0;
   // Name and version of the program, modal; nothing where there is no window.

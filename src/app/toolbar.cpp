@@ -7,6 +7,7 @@
 #include "app/commands.h"
 #include "app/model.h"
 #include "datasource/file_list.h"
+#include "files/channel_info_handlers.h"
 
 namespace trendaro {
 namespace {
@@ -66,7 +67,8 @@ constexpr auto kButtons = std::to_array<ToolButton>({
     holder("TB_SCROLLPOINTS", "Punktanzahl, um die der Zoomausschnitt verschoben wird", "StepBox"),
     button("TB_SCROLLRIGHT", "Zoomausschnitt nach rechts verschieben", "SCROLLRIGHT", nullptr, nullptr),
     separator("TB_SEPARATOR29"),
-    button("TB_INFO", "Informationen aller dargestellten Kanäle anzeigen", "INFO", nullptr, nullptr),
+    button("TB_INFO", "Informationen aller dargestellten Kanäle anzeigen", "INFO", nullptr,
+           show_info_of_plots),
     button("TB_CURSOR", "Cursor-Modus ein/ausschalten", "CURSUP_XP", "CURSDN_XP", nullptr),
     button("TB_ANNOTATION", "Annotationen erzeugen", "ANNOTATION", nullptr, nullptr),
 });

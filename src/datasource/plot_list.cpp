@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <array>
 #include <limits>
-#include <vector>
 
 #include "app/attempt.h"
 #include "app/model.h"
@@ -20,25 +19,6 @@ namespace {
 constexpr i16 kLayers = 3;
 constexpr i16 kSides = 2;
 constexpr std::size_t kMostPlots = static_cast<std::size_t>(std::numeric_limits<i16>::max());
-
-struct MarkedRow {
-  i32 row;
-  Mark mark;
-};
-
-// The marked rows in the order of the plots: layer, then side, then row.
-std::vector<MarkedRow> marks_in_plot_order(const ChannelRows& list) {
-  std::array<std::vector<MarkedRow>, kLayers * kSides> passes;
-  for (const i32 row : list.marked) {
-    const auto mark = parse_mark(list.rows[row].mark);
-    if (!mark || mark->layer < 1 || mark->layer > kLayers || mark->side < 1 || mark->side > kSides) continue;
-    passes[static_cast<std::size_t>((mark->layer - 1) * kSides + mark->side - 1)].push_back({row, *mark});
-  }
-  std::vector<MarkedRow> order;
-  for (const auto& pass : passes) order.insert(order.end(), pass.begin(), pass.end());
-  if (order.size() > kMostPlots) order.resize(kMostPlots);
-  return order;
-}
 
 void clear_plot_list(Model& model) {
   model.SurveyPlots.clear();
@@ -194,6 +174,19 @@ void count_layers(Model& model) {
 }
 
 }  // namespace
+
+std::vector<MarkedRow> marks_in_plot_order(const ChannelRows& list) {
+  std::array<std::vector<MarkedRow>, kLayers * kSides> passes;
+  for (const i32 row : list.marked) {
+    const auto mark = parse_mark(list.rows[row].mark);
+    if (!mark || mark->layer < 1 || mark->layer > kLayers || mark->side < 1 || mark->side > kSides) continue;
+    passes[static_cast<std::size_t>((mark->layer - 1) * kSides + mark->side - 1)].push_back({row, *mark});
+  }
+  std::vector<MarkedRow> order;
+  for (const auto& pass : passes) order.insert(order.end(), pass.begin(), pass.end());
+  if (order.size() > kMostPlots) order.resize(kMostPlots);
+  return order;
+}
 
 void RebuildPlotList(Model& model) {
   FormerPlots former = take_former_plots(model);

@@ -1,12 +1,26 @@
 #pragma once
 
+#include <vector>
+
+#include "app/types.h"
+#include "datasource/mark.h"
+
 namespace trendaro {
 
+struct ChannelRows;
 struct Model;
+
+struct MarkedRow {
+  i32 row;
+  Mark mark;
+};
 
 // Turns the marks of the channel list into Plots and SurveyPlots, in the order layer, side, row. What the
 // user set on a curve is carried over from the former list by signal and file. The caller redraws.
 void RebuildPlotList(Model& model);
+
+// The marked rows of the list in the order of the plots: layer, side, row.
+std::vector<MarkedRow> marks_in_plot_order(const ChannelRows& list);
 
 // Empties both graphs and keeps the list.
 void RemovePlots(Model& model);

@@ -63,6 +63,7 @@ i32 read_channel_header(ByteCursor& cursor, i16 number, bool requested, ChannelP
   if (requested) {
     result.ChannelParams[0] = record;
     result.FileDateText = texts.has_date ? number_text(texts.channel_date) : texts.date;
+    result.FileChannelComment = texts.comment;
     header.kept = std::move(texts);
   }
   return param_length;

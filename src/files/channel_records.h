@@ -58,9 +58,9 @@ struct ChannelExtraRecord {
   u8 ScalingMode = 0;  // 0 none, 1 in the hardware, 2 computed by the host, 3 thermocouple or resistance
   u8 ScalingKind = 0;  // with mode 2: 0 table, 1 polynomial, 2 formula, 3 strain gauge
   u8 CoefficientCount = 0;
-  std::vector<f64> Coefficients;  // table pairs, polynomial coefficients or gauge factors
-  i16 ThermoType = 0;             // with mode 3: 101 to 110
-  std::string FormulaText;        // UTF-8, with kind 2
+  std::vector<f64> Coefficients = {};  // table pairs, polynomial coefficients or gauge factors
+  i16 ThermoType = 0;                  // with mode 3: 101 to 110
+  std::string FormulaText = {};        // UTF-8, with kind 2
 
   friend bool operator==(const ChannelExtraRecord&, const ChannelExtraRecord&) = default;
 };

@@ -1,16 +1,13 @@
 #include "files/dataset_header_text.h"
 
-#include <array>
-#include <charconv>
 #include <string_view>
 
-#include "app/attempt.h"
 #include "app/model.h"
 #include "app/numbers.h"
 #include "app/paths.h"
-#include "app/text_codepage.h"
 #include "files/dataset_header.h"
 #include "files/file_conversions.h"
+#include "files/parameter_text.h"
 #include "files/parameter_words.h"
 
 namespace trendaro {
@@ -23,25 +20,6 @@ void add_line(std::string& text, std::string_view head, std::string_view value) 
 template <typename T>
 T element_or_default(const OneBased<T>& list, i16 index) {
   return list.has(index) ? list[index] : T();
-}
-
-std::string single_text(f32 value) {
-  std::array<char, 32> buffer;
-  const auto result = std::to_chars(buffer.data(), buffer.data() + buffer.size(), value);
-  return {buffer.data(), result.ptr};
-}
-
-// A channel without an interval has no rate.
-std::string interval_text(f64 milliseconds) {
-  std::string text = fixed_text(milliseconds, 2) + " ms";
-  if (milliseconds != 0) text += " (" + single_text(static_cast<f32>(1000 / milliseconds)) + " Hz)";
-  return text;
-}
-
-std::string measuring_range(Model& model, f32 range) {
-  i16 id = 0;
-  attempt([&] { id = round_to_i16(range); });
-  return parameter_word(model, id);
 }
 
 void add_channel_lines(std::string& text, const Model& model, i16 channel) {
@@ -62,15 +40,14 @@ void add_file_lines(std::string& text, const Model& model, const std::string& pa
 
 void add_parameter_lines(std::string& text, Model& model) {
   const ChannelParamRecord params = model.ChannelParams[0];
-  const std::string_view serial(params.AmplifierSerial.data(), params.AmplifierSerial.size());
   add_line(text, "dt: ", interval_text(params.SampleInterval));
   add_line(text, "Gerätekanal: ",
            std::to_string(params.HardwareChannel) + " - " + std::to_string(params.HardwareSubChannel));
-  add_line(text, "Serien-Nr.: ", utf8_from_codepage(CutAtNul(serial)));
+  add_line(text, "Serien-Nr.: ", amplifier_serial(params));
   add_line(text, "Typ: ", parameter_word(model, params.AmplifierType));
   add_line(text, "Anschlußplatte: ", parameter_word(model, params.ConnectionBoard));
   add_line(text, "Aufnehmertyp: ", parameter_word(model, params.TransducerType));
-  add_line(text, "Meßbereich: ", measuring_range(model, params.MeasuringRange));
+  add_line(text, "Meßbereich: ", measuring_range_word(model, params.MeasuringRange));
 }
 
 }  // namespace

@@ -67,6 +67,7 @@ FileGroup recognise(Model& model, const InputFile& file) {
 void forget_former_file(LoaderResult& result) {
   result.FileDateText.clear();
   result.FileCommentText.clear();
+  result.FileChannelComment.clear();
   result.ChannelParams.erase(0);
   result.ChannelExtras.erase(0);
 }

@@ -36,7 +36,8 @@ struct LoaderResult {
   i32 FileReduceFactor = 0;  // recorder 6002, 6012: samples of the measurement file behind one stored sample
   i32 FileReduceBlock = 0;   // standard from 5010: samples behind one minimum and maximum; 0 in a full file
   std::string FileDateText;
-  std::string FileCommentText;  // recorder files
+  std::string FileCommentText;     // recorder files
+  std::string FileChannelComment;  // of the requested channel; a recording's where its channel has none
 
   // Index 0: the channel requested last; index n: database channel n. A map, because a mode 2 load may name
   // any database channel; absent entries are defaults.

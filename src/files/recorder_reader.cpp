@@ -64,6 +64,9 @@ void describe(LoaderResult& result, const RecorderHeader& header, const Recorder
   result.FileHeaderPoints.clear();
   result.FileChannelKinds.clear();
   result.FileChannelFormats.clear();
+  if (requested != nullptr)
+    result.FileChannelComment =
+        requested->name.comment.empty() ? header.comment_text : requested->name.comment;
   describe_columns(result, header);
   describe_parameters(result, header, requested);
 }

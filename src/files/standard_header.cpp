@@ -76,7 +76,10 @@ void read_channel_header(ByteCursor& cursor, i16 id, i16 number, bool requested,
     texts.has_date = true;
     if (requested) result.FileDateText = number_text(texts.channel_date);
   }
-  if (requested) header.kept = std::move(texts);
+  if (requested) {
+    result.FileChannelComment = texts.comment;
+    header.kept = std::move(texts);
+  }
   if (id >= kWithParamRecord) {
     read_param_record(cursor, record);
     result.FileChannelRates[number] = static_cast<f32>(record.SampleInterval);

@@ -51,7 +51,6 @@ struct RedrawState {
   bool NoDataRefresh = false;
   bool NoLegend = false;  // the legend is switched off
   bool VerboseMode = false;
-  i16 NofHeaders = 0;
   i16 GraphStyleValue = 0;  // 0 becomes 3 at start
 
   bool DisplayCompression = false;

@@ -79,6 +79,12 @@ TEST_F(DatasetHeaderTextTest, FileLinesStandAlone) {
                        "\r\nKommentar: " + model.FileCommentText + "\r\n");
 }
 
+TEST_F(DatasetHeaderTextTest, FileDoesNotShowTheDateOfAnother) {
+  model.FileDateText = "44260";
+  model.FileCommentText = "anderswo";
+  EXPECT_TRUE(text({}, 0, "run.REB").ends_with("\r\nDatum: \r\nKommentar: \r\n"));
+}
+
 TEST_F(DatasetHeaderTextTest, PairsCountHalf) {
   EXPECT_NE(text({}, 0, "run.sto").find("Kanalzahl: 0\r\n"), std::string::npos);
 }

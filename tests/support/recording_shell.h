@@ -23,6 +23,9 @@ class RecordingShell : public Shell {
   std::vector<FileDialog> dialogs;
   // Runs while a message is on screen.
   std::function<void()> during_message = [] {};
+  // The rows of the last form with channel information, and what the user does there.
+  std::vector<ChannelInfoRow> info_rows;
+  std::vector<std::function<void(const ChannelInfoForm&)>> info_presses;
   int window_closings = 0;
   int wait_pointers = 0;  // switched on less switched off
 
@@ -55,6 +58,15 @@ class RecordingShell : public Shell {
   }
   void show_progress(f64) override {}
   void show_wait_pointer(bool on) override { wait_pointers += on ? 1 : -1; }
+  void show_channel_info(const ChannelInfoForm& form) override {
+    calls.push_back("channel info: " + form.caption);
+    info_rows = form.rows;
+    for (const auto& press : info_presses) press(form);
+  }
+  void copy_text(const std::string& text) override { calls.push_back("copy: " + text); }
+  void print_channel_info(const std::string& headline, const std::vector<ChannelInfoRow>& rows) override {
+    calls.push_back("print " + std::to_string(rows.size()) + " rows: " + headline);
+  }
   void close_window() override { ++window_closings; }
 
   // The messages alone.

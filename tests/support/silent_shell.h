@@ -17,6 +17,9 @@ class SilentShell : public Shell {
   void show_status(int, const std::string&) override {}
   void show_progress(f64) override {}
   void show_wait_pointer(bool) override {}
+  void show_channel_info(const ChannelInfoForm&) override {}
+  void copy_text(const std::string&) override {}
+  void print_channel_info(const std::string&, const std::vector<ChannelInfoRow>&) override {}
   void close_window() override {}
 };
 
