@@ -113,6 +113,8 @@ void Kelmira::connect_list() {
           [this](int row) { run([&] { activate_row(model_, row); }); });
   connect(&grid, &ChannelGrid::cell_right_clicked, this, &Kelmira::open_channel_menu);
   connect(&grid, &ChannelGrid::removal_asked, this, &Kelmira::remove_active_file);
+  connect(&grid, &ChannelGrid::scroll_asked, this,
+          [this](bool right) { run([&] { press_scroll_key(model_, right); }); });
   grid.tip = [this](i32 row, i16 column) {
     QString text;
     attempt([&] { text = qt_text(text_tip(model_, row, column)); });

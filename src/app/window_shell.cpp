@@ -1,6 +1,7 @@
 #include "app/window_shell.h"
 
 #include <QApplication>
+#include <QClipboard>
 #include <QDir>
 #include <QFileInfo>
 #include <QWidget>
@@ -8,6 +9,8 @@
 #include "app/message_boxes.h"
 #include "app/qt_text.h"
 #include "app/status_bar.h"
+#include "files/channel_info_dialog.h"
+#include "files/channel_info_print.h"
 #include "output/about_window.h"
 
 namespace trendaro {
@@ -88,6 +91,21 @@ void WindowShell::show_wait_pointer(bool on) {
     QApplication::setOverrideCursor(Qt::WaitCursor);
   else
     QApplication::restoreOverrideCursor();
+}
+
+void WindowShell::show_channel_info(const ChannelInfoForm& form) {
+  const DialogTime time(window_);
+  ChannelInfoDialog(form, window_).exec();
+}
+
+void WindowShell::copy_text(const std::string& text) {
+  QGuiApplication::clipboard()->setText(qt_text(text));
+}
+
+void WindowShell::print_channel_info(const std::string& headline, const std::vector<ChannelInfoRow>& rows) {
+  QWidget* front = QApplication::activeWindow();
+  const DialogTime time(front);
+  ask_and_print(front, qt_text(headline), rows);
 }
 
 void WindowShell::close_window() {

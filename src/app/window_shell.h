@@ -29,6 +29,9 @@ class WindowShell : public Shell {
   void show_status(int panel, const std::string& text) override;
   void show_progress(f64 fraction) override;
   void show_wait_pointer(bool on) override;
+  void show_channel_info(const ChannelInfoForm& form) override;
+  void copy_text(const std::string& text) override;
+  void print_channel_info(const std::string& headline, const std::vector<ChannelInfoRow>& rows) override;
   void close_window() override;
   void show_about() override;
 

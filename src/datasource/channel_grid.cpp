@@ -1,21 +1,31 @@
 #include "datasource/channel_grid.h"
 
+#include <QApplication>
 #include <QContextMenuEvent>
 #include <QHeaderView>
 #include <QHelpEvent>
 #include <QKeyEvent>
 #include <QScrollBar>
 #include <QToolTip>
+#include <algorithm>
 
 #include "app/pane_layout.h"
+#include "app/qt_text.h"
 #include "app/raised.h"
 #include "datasource/channel_delegate.h"
+#include "datasource/channel_search.h"
 
 namespace trendaro {
 namespace {
 
 constexpr int kPictureColumnWidth = 24;  // pixels
 constexpr int kRowMargin = 6;
+
+// A tip is plain text; the escaped form keeps a "<" in a channel name from becoming markup.
+QString plain_tip(QString text) {
+  text.remove(u'\r').replace(QChar(u'\0'), u' ');
+  return QStringLiteral("<p style='white-space:pre'>%1</p>").arg(text.trimmed().toHtmlEscaped());
+}
 
 }  // namespace
 
@@ -73,6 +83,8 @@ void ChannelGrid::mirror_active_row() {
 }
 
 void ChannelGrid::mirror_top_row() {
+  executeDelayedItemsLayout();  // otherwise the scroll bar does not reach added rows
+  updateGeometries();
   const int position = table_->position_of(rows_.top_row);
   if (position >= 0 && table_->row_at(rowAt(0)) != rows_.top_row)
     scrollTo(table_->index(position, 0), QAbstractItemView::PositionAtTop);
@@ -108,19 +120,45 @@ void ChannelGrid::contextMenuEvent(QContextMenuEvent* event) {
 void ChannelGrid::keyPressEvent(QKeyEvent* event) {
   switch (event->key()) {
     case Qt::Key_Space:
-      if (currentIndex().isValid()) toggle(currentIndex().row());
-      return;
+      return press_space();
     case Qt::Key_Delete:
       Q_EMIT removal_asked();
       return;
     case Qt::Key_Left:
     case Qt::Key_Right:
-      // The list has no cell cursor; whoever stands above may scroll the graph with these keys.
-      event->ignore();
+      Q_EMIT scroll_asked(event->key() == Qt::Key_Right);
       return;
     default:
       QTableView::keyPressEvent(event);
   }
+}
+
+bool ChannelGrid::typing() const {
+  return since_typed_.isValid() && since_typed_.elapsed() < QApplication::keyboardInputInterval();
+}
+
+bool ChannelGrid::go_to_name(const QString& beginning, i32 from) {
+  const i32 row = find_channel(rows_, from, utf8_text(beginning));
+  if (row > 0) setCurrentIndex(table_->index(table_->position_of(row), 0));
+  return row > 0;
+}
+
+void ChannelGrid::keyboardSearch(const QString& text) {
+  typed_ = typing() ? typed_ + text : text;
+  since_typed_.start();
+  if (typed_.size() > text.size() && go_to_name(typed_, rows_.active_row)) return;
+  // The same letter again and again goes from name to name.
+  if (typed_ == text.repeated(typed_.size() / std::max<qsizetype>(text.size(), 1)))
+    go_to_name(text, rows_.active_row + 1);
+}
+
+// A blank may belong to the name that is being typed.
+void ChannelGrid::press_space() {
+  const QString longer = typed_ + QLatin1Char(' ');
+  if (typing() && find_channel(rows_, rows_.active_row, utf8_text(longer)) > 0)
+    keyboardSearch(QStringLiteral(" "));
+  else if (currentIndex().isValid())
+    toggle(currentIndex().row());
 }
 
 bool ChannelGrid::viewportEvent(QEvent* event) {
@@ -130,13 +168,10 @@ bool ChannelGrid::viewportEvent(QEvent* event) {
   const QString text = cell.isValid() && tip
                            ? tip(table_->row_at(cell.row()), static_cast<i16>(cell.column() + 1))
                            : QString();
-  // A tip is plain text; the escaped form keeps a "<" in a channel name from becoming markup.
   if (text.isEmpty())
     QToolTip::hideText();
   else
-    QToolTip::showText(help->globalPos(),
-                       QStringLiteral("<p style='white-space:pre'>%1</p>").arg(text.toHtmlEscaped()),
-                       viewport(), visualRect(cell));
+    QToolTip::showText(help->globalPos(), plain_tip(text), viewport(), visualRect(cell));
   return true;
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QElapsedTimer>
 #include <QTableView>
 #include <functional>
 
@@ -23,6 +24,10 @@ class ChannelGrid : public QTableView {
   // Width of column 3 for the present width of the list.
   void fit_name_column();
 
+  // Letters typed one soon after the other make up the beginning of a name; the next shown channel whose name
+  // begins so becomes active.
+  void keyboardSearch(const QString& text) override;
+
   // Gives the tip of a cell when the pointer rests on it; empty for none.
   std::function<QString(i32 row, i16 column)> tip;
 
@@ -33,6 +38,8 @@ class ChannelGrid : public QTableView {
   void cell_right_clicked(int row, int column, const QPoint& global_position);
   // The key that removes the active file.
   void removal_asked();
+  // The keys that move a zoomed section to the left or to the right.
+  void scroll_asked(bool right);
 
  protected:
   void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
@@ -44,12 +51,18 @@ class ChannelGrid : public QTableView {
   // The properties that never change. Three columns show; the others stand in the records alone.
   void InitGridLayout();
   void toggle(int position);
+  void press_space();
+  [[nodiscard]] bool typing() const;
+  // False when no name begins with `beginning`.
+  bool go_to_name(const QString& beginning, i32 from);
   void mirror_active_row();
   void mirror_top_row();
   void note_top_row();
 
   ChannelRows& rows_;
   ChannelTable* table_;
+  QString typed_;  // beginning of a name, as far as it was typed
+  QElapsedTimer since_typed_;
   bool mirroring_ = false;  // changes of the view come from the records, not from the user
 };
 

@@ -28,6 +28,7 @@ void erase_rows(ChannelRows& list, i32 first, i32 count) {
   list.marked.merge(moved);
   list.active_row = std::min(list.active_row, list.MaxRows());
   list.top_row = std::clamp(list.top_row, 1, std::max(list.MaxRows(), 1));
+  ++list.shape;
   ++list.revision;
 }
 
@@ -54,6 +55,7 @@ i32 end_of_children(const ChannelRows& list, i32 row) {
 void show_children(ChannelRows& list, i32 row, bool shown) {
   const i32 end = end_of_children(list, row);
   for (i32 child = row + 1; child < end; ++child) list.rows[child].hidden = !shown;
+  ++list.shape;
   ++list.revision;
 }
 

@@ -38,6 +38,7 @@ struct ChannelRows {
   i32 top_row = 1;       // first row on screen
   bool redraw = true;    // off while handlers change many rows
   u64 revision = 0;      // raised by every change of rows, so that the window knows when to mirror
+  u64 shape = 0;         // raised when rows are removed, hidden or shown; not by rows added at the bottom
 
   [[nodiscard]] i32 MaxRows() const { return static_cast<i32>(rows.size()); }
 };

@@ -35,17 +35,35 @@ ChannelTable::ChannelTable(const ChannelRows& rows, const GridState& state, QObj
 void ChannelTable::mirror() {
   if (mirrored_ == rows_.revision) return;
   mirrored_ = rows_.revision;
+  if (shape_ != rows_.shape || rows_seen_ > rows_.MaxRows())
+    show_all_anew();
+  else
+    show_added();
+  if (!shown_.empty()) Q_EMIT dataChanged(index(0, 0), index(rowCount() - 1, kColumns - 1));
+}
+
+void ChannelTable::show_all_anew() {
   std::vector<i32> shown;
   shown.reserve(rows_.rows.size());
   for (i32 row = 1; row <= rows_.MaxRows(); ++row)
     if (!rows_.rows[row].hidden) shown.push_back(row);
-  if (shown != shown_) {
-    beginResetModel();
-    shown_ = std::move(shown);
-    endResetModel();
-  } else if (!shown_.empty()) {
-    Q_EMIT dataChanged(index(0, 0), index(rowCount() - 1, kColumns - 1));
-  }
+  shape_ = rows_.shape;
+  rows_seen_ = rows_.MaxRows();
+  if (shown == shown_) return;
+  beginResetModel();
+  shown_ = std::move(shown);
+  endResetModel();
+}
+
+void ChannelTable::show_added() {
+  std::vector<i32> added;
+  for (i32 row = rows_seen_ + 1; row <= rows_.MaxRows(); ++row)
+    if (!rows_.rows[row].hidden) added.push_back(row);
+  rows_seen_ = rows_.MaxRows();
+  if (added.empty()) return;
+  beginInsertRows({}, rowCount(), rowCount() + static_cast<int>(added.size()) - 1);
+  shown_.insert(shown_.end(), added.begin(), added.end());
+  endInsertRows();
 }
 
 i32 ChannelTable::row_at(int position) const {

@@ -23,7 +23,8 @@ class ChannelTable : public QAbstractTableModel {
 
   ChannelTable(const ChannelRows& rows, const GridState& state, QObject* parent = nullptr);
 
-  // Brings the table in line with the records. Costs a walk over the rows only when they were changed.
+  // Brings the table in line with the records. Costs a walk over all rows only when some were removed, hidden
+  // or shown; rows added at the bottom and marks cost no more in a long list.
   void mirror();
 
   // The row at a position; 0 for a position that shows none.
@@ -36,11 +37,15 @@ class ChannelTable : public QAbstractTableModel {
   [[nodiscard]] QVariant data(const QModelIndex& index, int role) const override;
 
  private:
+  void show_all_anew();
+  void show_added();
   [[nodiscard]] QIcon icon(const std::string& key) const;
 
   const ChannelRows& rows_;
   const GridState& state_;
   u64 mirrored_ = 0;        // revision of the rows that are on show
+  u64 shape_ = 0;           // and their shape
+  i32 rows_seen_ = 0;       // rows of the list that the positions below cover
   std::vector<i32> shown_;  // rows by position, rising
   mutable QHash<QByteArray, QIcon> icons_;
 };

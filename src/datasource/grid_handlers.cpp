@@ -3,6 +3,7 @@
 #include "app/commands.h"
 #include "app/model.h"
 #include "app/raised.h"
+#include "app/toolbar.h"
 #include "datasource/channel_mark.h"
 #include "files/dataset_header_text.h"
 
@@ -16,6 +17,7 @@ constexpr i16 kNameColumn = 3;
 // opened again. A file in row 1 ends the walk at once, so the first file of a list cannot be closed.
 void open_or_close_head(ChannelRows& list, bool open) {
   if (list.rows[1].kind == RowKind::File) return;
+  ++list.shape;
   for (i32 i = 2; i <= list.MaxRows() && list.rows[i].kind != RowKind::File; ++i) {
     ChannelRow& row = list.rows[i];
     row.hidden = !open;
@@ -92,6 +94,10 @@ std::string text_tip(Model& model, i32 row, i16 column) {
   const ChannelRow& cells = model.Grid.rows[row];
   if (is_channel(cells.kind)) return DatasetHeaderText(model, cells.path, mark_index(cells.mark));
   return cells.kind == RowKind::File ? DatasetHeaderText(model, cells.path, 0) : "";
+}
+
+void press_scroll_key(Model& model, bool right) {
+  if (model.Zoomed) click_tool(model, right ? "TB_SCROLLRIGHT" : "TB_SCROLLLEFT");
 }
 
 }  // namespace trendaro
