@@ -56,6 +56,7 @@ Kelmira::Kelmira(Model& model, WindowShell& shell)
   setCentralWidget(panes_);
   setStatusBar(status_bar_);
   setAcceptDrops(true);
+  setAttribute(Qt::WA_AlwaysShowToolTips);  // also where no window manager makes a window active
   resize(kFirstSize);
   connect_menus();
   connect_tool_bar();
