@@ -38,8 +38,12 @@ f64 leading_number(std::string_view text) {
   if (first == std::string_view::npos || (text[first] != '.' && (text[first] < '0' || text[first] > '9')))
     return 0;
   f64 value = 0;
-  std::from_chars(text.data(), text.data() + text.size(), value);
-  return value;
+  const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value);
+  if (error != std::errc::result_out_of_range) return value;
+  const std::string_view number(text.data(), static_cast<std::size_t>(end - text.data()));
+  const bool tiny =
+      number.find("e-") != std::string_view::npos || number.find("E-") != std::string_view::npos;
+  return tiny ? 0 : std::copysign(std::numeric_limits<f64>::max(), first > 0 ? -1.0 : 1.0);
 }
 
 }  // namespace

@@ -8,7 +8,7 @@
 namespace trendaro {
 
 // The number a user typed. The first "," counts as "."; behind an "x" or "X" the text is hexadecimal. The
-// longest number at the start is taken; a text without one gives 0.
+// longest number at the start is taken; a text without one gives 0. Beyond the range it is the largest f64.
 f64 ParseNumber(std::string_view text);
 
 // The nearest integer, ties to even. Throws RunTimeError{kOverflow} when it does not fit, and for a NaN.

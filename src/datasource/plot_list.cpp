@@ -53,7 +53,7 @@ i16 database_channel(Model& model, i16 number, i16 x_source) {
 
 // Each extension is looked for in a place of its own, so that of the plain names only "ST1" is found; the
 // others stand on their file as full data.
-i16 PlotFileKind(const std::string& path) {
+PlotFileKind kind_of_file(const std::string& path) {
   if (upper_piece(path, 0) == "STO" || upper_piece(path, 1) == "ST1" || upper_piece(path, 2) == "ST2")
     return kKindReducedPairs;
   return upper_piece(path, 1) == "REB" ? kKindReducedBlock : kKindPlain;
@@ -63,7 +63,7 @@ void describe_signal(Model& model, PlotRecord& plot, const ChannelRow& row, i16 
   plot.Title = row.name + "@" + row.path;
   plot.ChannelIndex = mark_index(row.mark);
   plot.XSource = x_source;
-  plot.FileKind = PlotFileKind(row.path);
+  plot.FileKind = kind_of_file(row.path);
   if (plot.FileKind == kKindPlain) model.HasFullDataPlot = true;
 }
 

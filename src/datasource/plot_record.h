@@ -6,20 +6,24 @@
 
 namespace trendaro {
 
+// What a plot's samples come from, one of the constants below.
+using PlotFileKind = i16;
+
 // Kinds of a plot's source. The kinds Database and DatabaseFromBlock exist only while a zoom shows original
 // samples.
-inline constexpr i16 kKindDatabase = 0;           // was kReducedPairs; samples lie in DatabaseChannel
-inline constexpr i16 kKindReducedPairs = 1;       // "STO", "ST1", "ST2": two stored channels make one signal
-inline constexpr i16 kKindPlain = 2;              // full data
-inline constexpr i16 kKindReducedBlock = 3;       // "REB"
-inline constexpr i16 kKindDatabaseFromBlock = 4;  // was kReducedBlock
+inline constexpr PlotFileKind kKindDatabase = 0;  // was kReducedPairs; samples lie in DatabaseChannel
+inline constexpr PlotFileKind kKindReducedPairs =
+    1;                                         // "STO", "ST1", "ST2": two stored channels make one signal
+inline constexpr PlotFileKind kKindPlain = 2;  // full data
+inline constexpr PlotFileKind kKindReducedBlock = 3;       // "REB"
+inline constexpr PlotFileKind kKindDatabaseFromBlock = 4;  // was kReducedBlock
 
 // One curve in a graph.
 struct PlotRecord {
   f64 SampleStart = 0;  // first x value of the curve
   i16 Layer = 1;        // y layer, 1 to 3
   std::string Title;    // signal name, "@", full path; from the "@" on it identifies the source file
-  i16 FileKind = kKindPlain;
+  PlotFileKind FileKind = kKindPlain;
   i16 XSource = 0;       // channel that gives x, 0 for the time base
   i16 ChannelIndex = 0;  // channel inside the file, from 1; the odd number of a reduced pair
   i32 Color = 0;         // 0x00BBGGRR

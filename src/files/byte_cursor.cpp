@@ -35,7 +35,8 @@ bool ByteCursor::fill(i64 count) {
   next_fill_ = in_sequence ? std::min(next_fill_ * 2, kLongestFill) : kShortestFill;
   if (static_cast<i64>(buffer_.size()) < next_fill_) buffer_.resize(static_cast<std::size_t>(next_fill_));
   const ReadResult result = file_.read_at(position_, buffer_.data(), next_fill_);
-  device_failed_ = device_failed_ || result.failed;
+  // What was read ahead of need may yet arrive, or never be asked for.
+  device_failed_ = device_failed_ || (result.failed && result.bytes < count);
   buffer_begin_ = position_;
   buffer_end_ = position_ + result.bytes;
   return result.bytes >= count;

@@ -8,7 +8,7 @@ namespace trendaro {
 // was caught while reading, never 0.
 enum class [[nodiscard]] LoadStatus : i16{
     Done = 0,
-    ReadFailed = -99,        // reading values failed; the message was shown
+    ReadFailed = -99,        // reading values failed; LoadMeasurementFile has shown the message
     NotOpened = -100,        // the file could not be opened
     NotMeasurement = -1000,  // no id, or an id that is not of the family
 };

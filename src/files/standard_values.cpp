@@ -114,7 +114,10 @@ LoadStatus load_standard_values(Model& model, ByteCursor& cursor, const Standard
         read_requested(model, cursor, model.FileHeaderPoints[slot], mode, database_channel);
     if (status != LoadStatus::Done) return status;
   }
-  if (cursor.device_failed()) return failed_read(model);
+  if (cursor.device_failed()) {
+    if (!is_numeric_channel(model, channel)) model.FileChannelValues.clear();
+    return failed_read(model);
+  }
   if (mode != 2) return LoadStatus::Done;
   SampleArray().swap(model.FileChannelValues);
   if (header.kept.found) describe_database_channel(model, header.kept, database_channel);
@@ -130,6 +133,7 @@ LoadStatus load_standard_range(const LoaderResult& result, ByteCursor& cursor, c
   if (first < 0 || first >= points || count <= 0) return LoadStatus::Done;
   DataPart data(result, cursor, header);
   for (std::size_t slot = 0; slot < wanted_slot; ++slot) data.pass(slot);
+  if (cursor.device_failed()) return LoadStatus::ReadFailed;
   data.enter(wanted_slot);
   cursor.skip(first * kSampleBytes);
   const i64 there = std::min({count, points - first, cursor.left() / kSampleBytes});

@@ -44,6 +44,12 @@ TEST(ParseNumberTest, TextWithoutANumberIsZero) {
   EXPECT_EQ(ParseNumber("+"), 0);
 }
 
+TEST(ParseNumberTest, NumbersOutOfRangeAreTheLargestOrNothing) {
+  EXPECT_EQ(ParseNumber("1e999"), std::numeric_limits<f64>::max());
+  EXPECT_EQ(ParseNumber("-1e999"), std::numeric_limits<f64>::lowest());
+  EXPECT_EQ(ParseNumber("1e-999"), 0);
+}
+
 TEST(RoundingTest, TiesGoToTheEvenNeighbour) {
   EXPECT_EQ(round_to_i32(0.5), 0);
   EXPECT_EQ(round_to_i32(1.5), 2);

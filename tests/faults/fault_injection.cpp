@@ -1,9 +1,11 @@
 #include "faults/fault_injection.h"
 
+#include <algorithm>
 #include <cerrno>
 #include <cstdarg>
 #include <cstddef>
 #include <cstdlib>
+#include <limits>
 #include <new>
 
 #include <dirent.h>
@@ -49,6 +51,12 @@ ssize_t transferred(std::size_t count, Transfer transfer) {
   if (injection.plan.fault == Fault::Interrupted) return failure(EINTR);
   if (injection.plan.fault == Fault::Partial) return transfer((count + 1) / 2);
   return failure(EIO);
+}
+
+// Bytes from a position to the bad place of the plan.
+long long sound_bytes_from(long long position) {
+  if (!injection.at_work || injection.plan.bad_place < 0) return std::numeric_limits<long long>::max();
+  return std::max(injection.plan.bad_place - position, 0LL);
 }
 
 void* allocated(std::size_t bytes) {
@@ -107,6 +115,9 @@ ssize_t __wrap_read(int descriptor, void* bytes, std::size_t count) {
   return trendaro::transferred(count, [&](std::size_t most) { return __real_read(descriptor, bytes, most); });
 }
 ssize_t __wrap_pread(int descriptor, void* bytes, std::size_t count, off_t position) {
+  const long long sound = trendaro::sound_bytes_from(position);
+  if (sound == 0) return trendaro::failure(EIO);
+  count = std::min(count, static_cast<std::size_t>(sound));
   return trendaro::transferred(
       count, [&](std::size_t most) { return __real_pread(descriptor, bytes, most, position); });
 }

@@ -13,6 +13,7 @@ struct FaultPlan {
   Fault fault = Fault::Error;
   int first = 0;              // number of the call that is struck, from 1; 0 strikes none
   bool from_then_on = false;  // so are all calls behind it
+  long long bad_place = -1;   // reads by position fail from this byte of a file on; -1: no such place
 };
 
 // Lets the plan work for the lifetime of the object. Calls outside of it are not counted.

@@ -93,13 +93,13 @@ struct FailedLoad {
   std::size_t values;
 };
 
-FailedLoad load_with_error(const std::string& path, i16 channel, int first) {
+FailedLoad load_with_error(const std::string& path, i16 channel, FaultPlan plan, i16 mode = 1) {
   RecordingShell shell;
   Model model(shell);
   LoadStatus status = LoadStatus::Done;
   {
-    const FaultsAtWork faults({.fault = Fault::Error, .first = first});
-    status = LoadMeasurementFile(model, 1, path, channel, 0);
+    const FaultsAtWork faults(plan);
+    status = LoadMeasurementFile(model, mode, path, channel, 0);
   }
   return {status, shell.messages(), model.FileChannelValues.size()};
 }
@@ -170,7 +170,7 @@ TEST(FaultsTest, AnErrorAmongTheValuesIsToldOnceAsAFailedRead) {
   const TemporaryFile file(standard_file());
   int failed_reads = 0;
   for (int first = 1;; ++first) {
-    const FailedLoad load = load_with_error(file.path(), 2, first);
+    const FailedLoad load = load_with_error(file.path(), 2, {.fault = Fault::Error, .first = first});
     if (struck_calls() == 0) break;
     if (load.status != LoadStatus::ReadFailed) {
       EXPECT_TRUE(load.messages.empty()) << "call " << first;
@@ -181,6 +181,22 @@ TEST(FaultsTest, AnErrorAmongTheValuesIsToldOnceAsAFailedRead) {
     EXPECT_LT(load.values, 9000u);
   }
   EXPECT_GE(failed_reads, 1);
+}
+
+TEST(FaultsTest, ABadPlaceOnTheDiskCostsOnlyWhatLiesBehindIt) {
+  const FileBuilder whole = standard_file();
+  const TemporaryFile file(whole);
+  const auto values_begin = static_cast<long long>(whole.size()) - 10000 * 8;
+  for (const int sound : {0, 1, 100, 511, 999}) {
+    const FaultPlan plan{.bad_place = values_begin + sound * 8 + 3};
+    EXPECT_EQ(load_with_error(file.path(), 1, plan, 0).status, LoadStatus::Done) << sound;
+    const FailedLoad load = load_with_error(file.path(), 1, plan);
+    EXPECT_EQ(load.status, LoadStatus::ReadFailed) << sound;
+    EXPECT_EQ(load.messages.size(), 1u);
+    EXPECT_EQ(load.values, static_cast<std::size_t>(sound));
+  }
+  const FaultPlan behind{.bad_place = values_begin + 8000};
+  EXPECT_EQ(load_with_error(file.path(), 1, behind).status, LoadStatus::Done);
 }
 
 TEST(FaultsTest, LoadingABlockFile) {

@@ -201,6 +201,10 @@ TEST_F(BlockReaderTest, ChannelsThatAFixedFileLacksSelectNothing) {
   for (const i16 channel : std::initializer_list<i16>{-1, 0, 3, 32767}) {
     EXPECT_EQ(load(bytes, 1, channel), LoadStatus::Done);
     EXPECT_EQ(values(), std::vector<f64>{42});
+    EXPECT_EQ(model.FileChannelPoints, (std::vector<i32>{-1, -1, 0}));
+    EXPECT_EQ(load(bytes, 2, channel, 5), LoadStatus::Done);
+    EXPECT_TRUE(kernel.calls.empty());
+    model.FileChannelValues = {42};
   }
 }
 
