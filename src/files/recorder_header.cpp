@@ -96,9 +96,9 @@ void read_closing_block(RecorderHeader& header, const ByteView& view, i32 carry_
 
 std::optional<RecorderHeader> read_recorder_header(const InputFile& file) {
   RecorderHeader header;
+  const ReadResult id = file.read_at(0, &header.id, sizeof header.id);
+  if (id.failed || id.bytes < i64{sizeof header.id} || !is_recorder_id(header.id)) return std::nullopt;
   header.bytes = read_start(file, kRecorderFixedBytes);
-  header.id = ByteView{header.bytes}.number<i32>(0);
-  if (!is_recorder_id(header.id)) return std::nullopt;
   read_fixed_fields(header, ByteView{header.bytes});
 
   header.bytes =

@@ -70,9 +70,10 @@ struct RecorderHeader {
   [[nodiscard]] f64 interval() const { return 1000.0 / rate_hertz; }
 };
 
-// Reads the header; nothing when the file does not begin with the id of a recording. Reads no more than the
-// header, and no more than the file holds. Throws RunTimeError for counts that no recording can have: a
-// negative one, or channel numbers beyond i16.
+// Reads the header; nothing when the file does not begin with the id of a recording, or the id cannot be
+// read. Reads no more than the header, and no more than the file holds. Throws RunTimeError for counts that
+// no recording can have (a negative one, or channel numbers beyond i16) and for an error of the device behind
+// the id.
 std::optional<RecorderHeader> read_recorder_header(const InputFile& file);
 
 }  // namespace trendaro

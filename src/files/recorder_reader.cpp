@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cstddef>
 #include <exception>
+#include <optional>
 #include <span>
 #include <vector>
 
@@ -41,12 +42,10 @@ void describe_columns(LoaderResult& result, const RecorderHeader& header) {
 void describe_parameters(LoaderResult& result, const RecorderHeader& header,
                          const RecorderColumn* requested) {
   ChannelParamRecord& parameters = result.ChannelParams[0];
-  const i16 signal = parameters.MeasuredSignal;
+  parameters = {};
   if (requested != nullptr) {
-    parameters = requested->has_settings()
-                     ? recorder_settings(ByteView{header.bytes}, requested->settings_block)
-                     : ChannelParamRecord{};
-    parameters.MeasuredSignal = signal;
+    if (requested->has_settings())
+      parameters = recorder_settings(ByteView{header.bytes}, requested->settings_block);
     parameters.HardwareChannel = static_cast<i16>(requested->entry_channel);
     parameters.HardwareSubChannel = static_cast<i16>(requested->sub_channel);
     parameters.SampleInterval = header.interval();
@@ -69,6 +68,16 @@ void describe(LoaderResult& result, const RecorderHeader& header, const Recorder
         requested->name.comment.empty() ? header.comment_text : requested->name.comment;
   describe_columns(result, header);
   describe_parameters(result, header, requested);
+}
+
+// Reads the header. Where that fails, nothing of the file before it stays either.
+std::optional<RecorderHeader> read_header(LoaderResult& result, const InputFile& file) {
+  try {
+    return read_recorder_header(file);
+  } catch (...) {
+    describe(result, {}, nullptr);
+    throw;
+  }
 }
 
 const RecorderColumn* find_column(const RecorderHeader& header, i16 channel) {
@@ -97,7 +106,7 @@ void add_time_carry(const InputFile& file, const RecorderHeader& header, i32 car
 }
 
 void load_values(LoaderResult& result, const InputFile& file, const RecorderHeader& header, i16 channel) {
-  const i64 rows = checked_row_count(file, header);
+  const i64 rows = row_count_to_hold(file, header);
   SampleArray& values = result.FileChannelValues;
   values.clear();
   values.resize(static_cast<std::size_t>(rows));
@@ -149,7 +158,7 @@ void write_to_database(Model& model, const InputFile& file, const RecorderHeader
                        i32 database_channel) {
   if (model.Kernel == nullptr) throw RunTimeError{kHostMemberMissing};
   const RecorderColumn& column = *find_column(header, channel);
-  const i64 rows = header.row_count < 0 ? 0 : checked_row_count(file, header);
+  const i64 rows = std::max(0, header.row_count);
   if (header.of_doubles())
     write_double_channel(model, file, header, channel, rows, database_channel);
   else
@@ -175,7 +184,7 @@ LoadStatus read_recorder(Model& model, const std::string& path, i16 channel, Rea
     model.FileReduceBlock = 0;
     const InputFile file(path);
     if (!file.is_open()) return LoadStatus::NotOpened;
-    const auto header = read_recorder_header(file);
+    const auto header = read_header(model, file);
     if (!header) return LoadStatus::NotMeasurement;
     const RecorderColumn* requested = find_column(*header, channel);
     describe(model, *header, requested);
@@ -202,7 +211,8 @@ LoadStatus LoadRecorderRange(Model& model, const std::string& path, i16 channel,
                              SampleArray& destination) {
   destination.clear();
   return read_recorder(model, path, channel, [&](const InputFile& file, const RecorderHeader& header) {
-    const i64 rows = checked_row_count(file, header);
+    if (header.row_count < 0) throw RunTimeError{kIndexOutOfRange};
+    const i64 rows = header.row_count;
     if (first < 0 || count <= 0 || first >= rows) return;
     destination.resize(static_cast<std::size_t>(std::min(count, rows - first)));
     read_recorder_values(file, header, channel, first, destination);

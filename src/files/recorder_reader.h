@@ -12,14 +12,16 @@ struct Model;
 
 // LoadMeasurementFile for recorder files (ids 6001, 6002, 6011, 6012). Opens the file itself; `channel`
 // counts output channels from 1. A failure inside gives its number as status, never 0; nothing is thrown.
+// Mode 1 refuses a count of rows that is far from what the file holds; mode 2 and ranges need no memory for
+// it and give zeros behind the end of the file.
 LoadStatus LoadRecorderFile(Model& model, i16 mode, const std::string& path, i16 channel,
                             i32 databaseChannel);
 
 // The samples `first` (from 0) to `first + count - 1` of one output channel, the same numbers that mode 1
 // gives there, fewer where the channel ends earlier. Touches the header and the bytes of those samples alone;
 // the model's result area then describes the file as after mode 0. A channel that the file lacks gives an
-// empty `destination` and no error. Status as LoadRecorderFile; nothing is thrown. A time channel of doubles
-// is summed to its end here, where mode 1 fails.
+// empty `destination` and no error; otherwise it has up to `count` elements. Status as LoadRecorderFile;
+// nothing is thrown. A time channel of doubles is summed to its end here, where mode 1 fails.
 LoadStatus LoadRecorderRange(Model& model, const std::string& path, i16 channel, i64 first, i64 count,
                              SampleArray& destination);
 

@@ -10,7 +10,7 @@ namespace trendaro {
 // One bit of a recorder entry's signal mask.
 struct RecorderSignal {
   i16 parameter;          // parameter id for MeasuredSignal
-  std::string_view word;  // behind the channel's name, with its blank
+  std::string_view word;  // as a user reads it, with its blank; no part of a channel's name
 };
 
 // Bit 0 to 5.

@@ -17,6 +17,10 @@ constexpr i64 kReadBytes = i64{1} << 21;
 constexpr i64 kFreeRows = 1'000'000;
 constexpr i64 kClaimedToPresentRows = 8;
 
+bool is_known_format(i32 sample_format) {
+  return sample_format == kSamplesI32 || sample_format == kSamplesI16 || sample_format == kSamplesF32;
+}
+
 i64 sample_bytes(const RecorderHeader& header) {
   if (header.of_doubles()) return sizeof(f64);
   return header.sample_format == kSamplesI16 ? sizeof(i16) : sizeof(i32);
@@ -98,8 +102,6 @@ void read_raw_values(const Source& source, i32 sample_format, std::span<f64> des
     case kSamplesF32:
       read_samples<f32>(source, destination, [](f32 raw, f32, f32) { return f64{raw}; });
       break;
-    default:
-      std::fill(destination.begin(), destination.end(), 0.0);
   }
 }
 
@@ -128,7 +130,7 @@ f64 physical_time_word(u16 raw, f32 scale, f32 offset) {
   return f64{kRawScale16} * raw * f64{scale} - f64{offset};
 }
 
-i64 checked_row_count(const InputFile& file, const RecorderHeader& header) {
+i64 row_count_to_hold(const InputFile& file, const RecorderHeader& header) {
   if (header.row_count < 0) throw RunTimeError{kIndexOutOfRange};
   const i64 data_bytes = std::max<i64>(0, file.size() - std::max(0, header.data_offset));
   const i64 rows_there = data_bytes / std::max<i64>(1, row_bytes(header));
@@ -145,12 +147,15 @@ void read_recorder_values(const InputFile& file, const RecorderHeader& header, i
     if (is_time) add_double_values(file, header, channel + 1, first, destination);
     return;
   }
-  if (header.data_offset < 0) {
+  if (destination.empty()) return;
+  if (header.data_offset < 0 || !is_known_format(header.sample_format)) {
     std::fill(destination.begin(), destination.end(), 0.0);
     return;
   }
   if (is_time && index + 1 >= header.columns.size()) throw RunTimeError{kIndexOutOfRange};
   const i64 place = header.data_offset + static_cast<i64>(index) * sample_bytes(header);
+  // In a reduced recording the column behind a time column may be the other half of its envelope; it is added
+  // all the same.
   const RecorderColumn* carry = is_time ? &header.columns[index + 1] : nullptr;
   read_raw_values({file, place, row_bytes(header), first, header.columns[index], carry}, header.sample_format,
                   destination);

@@ -14,15 +14,15 @@ f64 physical_i32(i32 raw, f32 scale, f32 offset);
 f64 physical_i16(i16 raw, f32 scale, f32 offset);
 f64 physical_time_word(u16 raw, f32 scale, f32 offset);  // i16 samples of time channels count without a sign
 
-// The number of rows, after it was held against the file: a recording may lack the end of its data part, but
-// one that claims far more than eight times what is there (and more than a million rows) throws
+// The number of rows, for which memory may be taken: a recording may lack the end of its data part, but one
+// that claims far more than eight times what is there (and more than a million rows) throws
 // RunTimeError{kOutOfMemory}. Throws RunTimeError{kIndexOutOfRange} for a negative number.
-i64 checked_row_count(const InputFile& file, const RecorderHeader& header);
+i64 row_count_to_hold(const InputFile& file, const RecorderHeader& header);
 
 // The values of output channel `channel` (from 1, one that the header has) from row `first` (0 or more) on,
 // one for each element of `destination`. A time channel comes with its carry, the column behind it. What the
-// file does not hold is 0. Throws RunTimeError{kIndexOutOfRange} for a time channel of raw samples without a
-// column behind it.
+// file does not hold is 0, and so is all of an unknown sample format. Throws RunTimeError{kIndexOutOfRange}
+// for a time channel of raw samples without a column behind it.
 void read_recorder_values(const InputFile& file, const RecorderHeader& header, i32 channel, i64 first,
                           std::span<f64> destination);
 

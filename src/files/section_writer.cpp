@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <cstring>
 #include <exception>
 #include <limits>
 #include <optional>
@@ -29,14 +30,12 @@ constexpr i64 kDateTextBytes = 24;
 constexpr i64 kRowCountPlace = 12;
 constexpr f64 kMillisecondsADay = 86400000;
 
-// The header of the source: everything up to the end of the comments, as far as it is there.
+// What the header of the source says.
 struct SectionHeader {
-  std::string bytes;
   i32 entry_count = 0;
   i32 sample_format = 0;
   i32 rate_code = 0;
   i32 data_offset = 0;
-  i64 date_place = 0;
 };
 
 ByteView view_of(const std::string& bytes) {
@@ -50,6 +49,20 @@ std::string read_start(const InputFile& file, i64 count) {
   return bytes;
 }
 
+// Copies the fixed fields, as far as they are there, with the number of rows in its place.
+SectionHeader copy_fixed_fields(const InputFile& source, ByteWriter& target, i32 row_count) {
+  std::string bytes = read_start(source, kRecorderFixedBytes);
+  const ByteView view = view_of(bytes);
+  const SectionHeader header = {.entry_count = view.number<i32>(4),
+                                .sample_format = view.number<i32>(16),
+                                .rate_code = view.number<i32>(20),
+                                .data_offset = view.number<i32>(24)};
+  if (view.holds(kRowCountPlace, sizeof row_count))
+    std::memcpy(bytes.data() + kRowCountPlace, &row_count, sizeof row_count);
+  target.write_bytes(bytes);
+  return header;
+}
+
 // Both kinds of time entries have no settings block here; they stand last in the table.
 i32 entries_with_settings(const ByteView& view, i32 entry_count) {
   i32 count = entry_count;
@@ -58,49 +71,47 @@ i32 entries_with_settings(const ByteView& view, i32 entry_count) {
   return count;
 }
 
-SectionHeader read_section_header(const InputFile& source) {
-  SectionHeader header;
-  header.bytes = read_start(source, kRecorderFixedBytes);
-  const ByteView fixed = view_of(header.bytes);
-  header.entry_count = fixed.number<i32>(4);
-  header.sample_format = fixed.number<i32>(16);
-  header.rate_code = fixed.number<i32>(20);
-  header.data_offset = fixed.number<i32>(24);
-  if (header.entry_count < 0 || header.entry_count > std::numeric_limits<i16>::max())
-    throw RunTimeError{kOverflow};
-
-  const i64 table_end = kRecorderFixedBytes + kRecorderEntryBytes * header.entry_count;
-  header.bytes = read_start(
-      source, table_end + kSettingsBytes * header.entry_count + kRecorderDateBytes + kRecorderCommentBytes);
-  header.date_place =
-      table_end + kSettingsBytes * entries_with_settings(view_of(header.bytes), header.entry_count);
-  const auto whole = static_cast<std::size_t>(header.date_place + kRecorderDateBytes + kRecorderCommentBytes);
-  if (header.bytes.size() > whole) header.bytes.resize(whole);
-  if (!view_of(header.bytes).holds(header.date_place, kRecorderDateBytes)) throw RunTimeError{kDeviceError};
-  return header;
-}
-
 // The date in the recorder's own form, or as an earlier section carries it.
-f64 read_date(const SectionHeader& header) {
-  const std::string text =
-      CutAtNul(utf8_from_codepage(view_of(header.bytes).text(header.date_place, kDateTextBytes)));
+f64 read_date(std::string_view field) {
+  const std::string text = CutAtNul(utf8_from_codepage(field));
   std::optional<f64> date = day_number_from_text(RecorderDateToText(text));
   if (!date) date = day_number_from_text(text);
   if (!date) throw RunTimeError{kTypeMismatch};
   return *date;
 }
 
-void put_row_count(SectionHeader& header, i32 row_count) {
-  std::memcpy(header.bytes.data() + kRowCountPlace, &row_count, sizeof row_count);
-}
-
-void put_date(SectionHeader& header, i32 first_row) {
-  const f64 interval = 1000.0 / f64{recorder_rate(header.rate_code)};
-  std::string text =
-      codepage_from_utf8(date_time_text(read_date(header) + interval * first_row / kMillisecondsADay));
+// The date field of a section whose first row is `first_row` of a source that began at `date`.
+std::string section_date(f64 date, i32 rate_code, i32 first_row) {
+  const f64 interval = 1000.0 / f64{recorder_rate(rate_code)};
+  std::string text = codepage_from_utf8(date_time_text(date + interval * first_row / kMillisecondsADay));
   if (text.empty()) throw RunTimeError{kOverflow};
   text.resize(kRecorderDateBytes, '\0');
-  header.bytes.replace(static_cast<std::size_t>(header.date_place), text.size(), text);
+  return text;
+}
+
+// Copies what stands between the fixed fields and the samples, in the order of the file, so that a failure
+// leaves the target with what lies ahead of it.
+void copy_description(const InputFile& source, ByteWriter& target, const SectionHeader& header,
+                      i32 first_row) {
+  if (header.entry_count < 0 || header.entry_count > std::numeric_limits<i16>::max())
+    throw RunTimeError{kOverflow};
+  const i64 table_end = kRecorderFixedBytes + kRecorderEntryBytes * header.entry_count;
+  std::string bytes = read_start(
+      source, table_end + kSettingsBytes * header.entry_count + kRecorderDateBytes + kRecorderCommentBytes);
+  const ByteView view = view_of(bytes);
+  const i64 date_place = table_end + kSettingsBytes * entries_with_settings(view, header.entry_count);
+  const auto stretch = [&](i64 begin, i64 count) {
+    const auto place = static_cast<std::size_t>(begin);
+    return place < bytes.size() ? std::string_view(bytes).substr(place, static_cast<std::size_t>(count))
+                                : std::string_view();
+  };
+  target.write_bytes(stretch(kRecorderFixedBytes, date_place - kRecorderFixedBytes));
+  if (!view.holds(date_place, kDateTextBytes)) throw RunTimeError{kDeviceError};
+  const f64 date = read_date(stretch(date_place, kDateTextBytes));
+  target.write_bytes(section_date(date, header.rate_code, first_row));
+  std::string comments(stretch(date_place + kRecorderDateBytes, kRecorderCommentBytes));
+  comments.resize(kRecorderCommentBytes, '\0');
+  target.write_bytes(comments);
 }
 
 i64 sample_bytes(i32 sample_format) {
@@ -132,18 +143,19 @@ void copy_rows(const InputFile& source, ByteWriter& target, const SectionHeader&
 }
 
 void write_section(const InputFile& source, ByteWriter& target, i32 first_row, i32 row_count) {
-  SectionHeader header = read_section_header(source);
-  put_row_count(header, row_count);
-  put_date(header, first_row);
+  const SectionHeader header = copy_fixed_fields(source, target, row_count);
+  copy_description(source, target, header, first_row);
   if (header.data_offset < 0) throw RunTimeError{kInvalidArgument};
-  target.write_bytes(header.bytes);
   target.seek(header.data_offset);
   copy_rows(source, target, header, first_row, row_count);
   if (!target.finish()) throw RunTimeError{kDeviceError};
 }
 
+// 0 where the id cannot be read.
 i32 read_id(const InputFile& source) {
-  return view_of(read_start(source, sizeof(i32))).number<i32>(0);
+  i32 id = 0;
+  const ReadResult read = source.read_at(0, &id, sizeof id);
+  return !read.failed && read.bytes == i64{sizeof id} ? id : 0;
 }
 
 }  // namespace

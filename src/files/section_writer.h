@@ -11,7 +11,7 @@ enum class [[nodiscard]] SectionStatus : i16{
     Done = 1,
     NotOpened = -1,        // a file could not be opened, or both names mean the same file
     Failed = -10,          // something went wrong while copying; the target stays as far as it got
-    NotRecording = -1000,  // neither a recording nor a reduced one of raw samples; the target is empty
+    NotRecording = -1000,  // no recording of raw samples, reduced or not, or unreadable; the target is empty
 };
 
 // What the user is told; empty for Done.
@@ -23,7 +23,7 @@ std::string section_failure_text(SectionStatus status);
 //
 // A row is as wide as the channel table is long: one signal an entry. The header of the section names
 // `rowCount` rows even where the source has fewer; the missing ones are zero bytes. A reduced recording has
-// another header, and its section is of no use.
+// another header, and its section is of no use. Comments that the source lacks are zero bytes too.
 SectionStatus WriteSectionFile(const std::string& source, const std::string& target, i32 firstRow,
                                i32 rowCount);
 

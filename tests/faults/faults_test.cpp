@@ -1,3 +1,4 @@
+#include <algorithm>
 #include <cmath>
 #include <filesystem>
 #include <functional>
@@ -7,6 +8,7 @@
 #include "app/model.h"
 #include "faults/fault_injection.h"
 #include "files/loader.h"
+#include "files/recorder_reader.h"
 #include "files/reducer.h"
 #include "files/section_writer.h"
 #include "support/file_builder.h"
@@ -220,6 +222,35 @@ TEST(FaultsTest, LoadingARecordingOfRawSamples) {
 TEST(FaultsTest, LoadingARecordingOfDoubles) {
   const TemporaryFile file(recording(6011));
   expect_faults_are_told(load(file.path(), 2));
+}
+
+// Status of `operation` with one call after the other struck.
+template <typename Run>
+auto statuses_of(Run run) {
+  std::vector<decltype(run())> statuses;
+  for (int first = 1; first < 1000; ++first) {
+    {
+      const FaultsAtWork faults({.fault = Fault::Error, .first = first});
+      statuses.push_back(run());
+    }
+    if (struck_calls() == 0) break;
+  }
+  return statuses;
+}
+
+TEST(FaultsTest, AnIdThatCannotBeReadIsThatOfNoRecording) {
+  const TemporaryFile file(recording(6001));
+  RecordingShell shell;
+  Model model(shell);
+  const auto loads = statuses_of([&] { return LoadRecorderFile(model, 1, file.path(), 2, 0); });
+  EXPECT_EQ(std::count(loads.begin(), loads.end(), LoadStatus::NotMeasurement), 1);
+  EXPECT_EQ(loads.back(), LoadStatus::Done);
+
+  const TemporaryFolder folder;
+  const std::string target = folder.file("lauf.MEA");
+  const auto sections = statuses_of([&] { return WriteSectionFile(file.path(), target, 100, 700); });
+  EXPECT_EQ(std::count(sections.begin(), sections.end(), SectionStatus::NotRecording), 1);
+  EXPECT_EQ(sections.back(), SectionStatus::Done);
 }
 
 TEST(FaultsTest, LoadingRangesOfAStandardFile) {

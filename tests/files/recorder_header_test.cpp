@@ -93,6 +93,23 @@ TEST(RecorderHeaderTest, DefaultNameTakesTheSubChannelOfTheColumnBefore) {
   for (std::size_t i = 0; i < 5; ++i) EXPECT_EQ(header->columns[i].sub_channel, expected[i]) << i;
 }
 
+TEST(RecorderHeaderTest, MasksUpTo256KeepTheSubChannel) {
+  RecorderBuilder recording;
+  recording.entries = {{.mask = 0x020001}, {.mask = 0x41}, {.mask = 0xC1}};
+  const auto header = read(recording.build());
+  ASSERT_EQ(header->columns.size(), 3u);
+  for (const RecorderColumn& column : header->columns) EXPECT_EQ(column.sub_channel, 2);
+}
+
+TEST(RecorderHeaderTest, SubChannelHasEightBits) {
+  RecorderBuilder recording;
+  recording.entries = {{.mask = 0x01FF0001}, {.mask = 0x7E010001}};
+  const auto header = read(recording.build());
+  ASSERT_EQ(header->columns.size(), 2u);
+  EXPECT_EQ(header->columns[0].sub_channel, 255);
+  EXPECT_EQ(header->columns[1].sub_channel, 1);
+}
+
 TEST(RecorderHeaderTest, MaskOfExactly256NamesNoSubChannelAndNoSignal) {
   RecorderBuilder recording;
   recording.entries = {{.channel = 3, .mask = 256}, {.channel = 4, .mask = 1}};

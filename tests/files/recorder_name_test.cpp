@@ -19,6 +19,8 @@ TEST(RecorderNameTest, SemicolonDividesNameAndComment) {
   const RecorderName name = split("\"Kraft;links; oben\"");
   EXPECT_EQ(name.name, "Kraft");
   EXPECT_EQ(name.comment, "links; oben");
+  EXPECT_EQ(split("\"A;b\"").name, "A");
+  EXPECT_EQ(split("\"A;b\"").comment, "b");
 }
 
 TEST(RecorderNameTest, SemicolonInFirstPlaceDividesNothing) {

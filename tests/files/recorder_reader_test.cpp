@@ -22,6 +22,18 @@ RecorderBuilder small_recording() {
   return recording;
 }
 
+void expect_same_description(const Model& one, const Model& other) {
+  EXPECT_EQ(one.FileChannelCount, other.FileChannelCount);
+  EXPECT_EQ(one.FileReduceFactor, other.FileReduceFactor);
+  EXPECT_EQ(one.FileChannelNames, other.FileChannelNames);
+  EXPECT_EQ(one.FileChannelUnits, other.FileChannelUnits);
+  EXPECT_EQ(one.FileChannelRates, other.FileChannelRates);
+  EXPECT_EQ(one.FileChannelPoints, other.FileChannelPoints);
+  EXPECT_EQ(one.FileDateText, other.FileDateText);
+  EXPECT_EQ(one.FileCommentText, other.FileCommentText);
+  EXPECT_EQ(one.ChannelParams.at(0), other.ChannelParams.at(0));
+}
+
 TEST_F(RecorderReaderTest, DescribesEveryColumn) {
   model.FileId = 77;
   ASSERT_EQ(load(small_recording().build(), 0, 0), LoadStatus::Done);
@@ -51,6 +63,43 @@ TEST_F(RecorderReaderTest, EachLoadReplacesTheOneBefore) {
   EXPECT_EQ(model.FileChannelPoints, (std::vector<i32>{9, 0}));
   EXPECT_EQ(model.FileChannelRates[1], 1000.0F);
   EXPECT_EQ(model.FileReduceFactor, 40);
+}
+
+TEST_F(RecorderReaderTest, NothingOfTheFileBeforeShowsThrough) {
+  RecorderBuilder time_only;
+  time_only.entries = {{.channel = 17}, {.channel = 18}};
+  RecorderBuilder hardware;
+  hardware.entries = {{.channel = 5, .mask = 2}};
+  for (const i32 id : {6001, 6002, 6011, 6012})
+    for (const i16 channel : {i16{0}, i16{1}})
+      for (RecorderBuilder* recording : {&time_only, &hardware}) {
+        SCOPED_TRACE(std::to_string(id) + ", channel " + std::to_string(channel));
+        recording->id = id;
+        for (const std::string& bytes :
+             {recording->build().bytes(), recording->build().bytes().substr(0, 60)}) {
+          ASSERT_EQ(load(small_recording().build(), 0, 2), LoadStatus::Done);
+          ASSERT_EQ(model.ChannelParams[0].AmplifierType, 5000);
+          file.rewrite(bytes);
+          ASSERT_EQ(LoadRecorderFile(model, 0, file.path(), channel, 0), LoadStatus::Done);
+          Model fresh(shell);
+          ASSERT_EQ(LoadRecorderFile(fresh, 0, file.path(), channel, 0), LoadStatus::Done);
+          expect_same_description(model, fresh);
+          EXPECT_EQ(model.ChannelParams[0].AmplifierType, 0);
+          EXPECT_EQ(model.ChannelParams[0].MeasuredSignal, recording == &hardware ? 215 : 0);
+        }
+      }
+}
+
+TEST_F(RecorderReaderTest, HeaderThatFailsLeavesNothingOfTheFileBefore) {
+  for (const i32 count : {-5, 0x7FFFFFFF}) {
+    ASSERT_EQ(load(small_recording().build(), 0, 2), LoadStatus::Done);
+    file.rewrite(small_recording().build().patch<i32>(4, count).bytes());
+    ASSERT_GT(static_cast<i16>(LoadRecorderFile(model, 0, file.path(), 2, 0)), 0);
+    EXPECT_EQ(model.FileChannelCount, 0);
+    EXPECT_TRUE(model.FileChannelNames.empty());
+    EXPECT_EQ(model.FileDateText, "");
+    EXPECT_EQ(model.ChannelParams[0], ChannelParamRecord{});
+  }
 }
 
 TEST_F(RecorderReaderTest, KeepsTheParametersOfTheRequestedColumn) {

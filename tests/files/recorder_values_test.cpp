@@ -131,8 +131,12 @@ TEST_F(RecorderValuesTest, TimeWordsOf16BitsHaveNoSign) {
   recording.entries = {{.channel = 17, .scale = 30000, .offset = 5},
                        {.channel = 18, .scale = 30000 * 65536.0F}};
   recording.data.i16_field(-1).i16_field(-2);
-  // 65535 - 5 + 65534 x 65536, and the carry column for itself is signed.
-  EXPECT_NEAR(load_values(recording, 1).at(0) / (65530.0 + 65534.0 * 65536.0), 1.0, 1e-7);
+  // About 65535 - 5 + 65534 x 65536, and the carry column for itself is signed. Formed in f32, the time would
+  // be off by more than a hundred.
+  const f64 factor = f64{256.0F / 7680000.0F};
+  const f64 expected = factor * 65535.0 * 30000.0 - 5.0 + factor * 65534.0 * (30000.0 * 65536.0);
+  EXPECT_DOUBLE_EQ(load_values(recording, 1).at(0), expected);
+  EXPECT_NEAR(expected / (65530.0 + 65534.0 * 65536.0), 1.0, 1e-7);
   EXPECT_NEAR(load_values(recording, 2).at(0) / (-2 * 65536.0), 1.0, 1e-6);
 }
 
@@ -143,6 +147,22 @@ TEST_F(RecorderValuesTest, TimeChannelInTheLastColumnCannotBeRead) {
   static_cast<void>(load_values(recording, 2));
   EXPECT_EQ(status, run_time_error(kIndexOutOfRange));
   EXPECT_FLOAT_EQ(static_cast<f32>(load_values(recording, 1).at(0)), 3.0F);
+}
+
+TEST_F(RecorderValuesTest, TimeChannelInTheLastColumnNeedsNoCarryWhereNothingIsRead) {
+  RecorderBuilder recording{.row_count = 2, .sample_format = 9};
+  recording.entries = {{.channel = 17}};
+  recording.data.i16_field(3).i16_field(4);
+  EXPECT_EQ(load_values(recording, 1), (std::vector<f64>{0, 0}));
+  EXPECT_EQ(status, LoadStatus::Done);
+  EXPECT_EQ(range(1, 1, 5), (std::vector<f64>{0}));
+
+  for (const i32 format : {1253, 1255, 1257}) {
+    recording.sample_format = format;
+    recording.row_count = 0;
+    EXPECT_TRUE(load_values(recording, 1).empty());
+    EXPECT_EQ(status, LoadStatus::Done) << format;
+  }
 }
 
 TEST_F(RecorderValuesTest, UnknownFormatsLeaveZeros) {
@@ -175,15 +195,19 @@ TEST_F(RecorderValuesTest, EveryCutOfTheDataLeavesZerosBehindItsEnd) {
 }
 
 TEST_F(RecorderValuesTest, DoublesStandChannelAfterChannel) {
-  RecorderBuilder recording{.id = 6011, .row_count = 3};
-  recording.entries = {{.scale = 5, .offset = 6, .mask = 3}, {.channel = 2}};
-  recording.data.values({1, 2, 3, 4, 5, 6, 7, 8, 9});
-  EXPECT_EQ(load_values(recording, 1), (std::vector<f64>{1, 2, 3}));
-  EXPECT_EQ(load_values(recording, 2), (std::vector<f64>{4, 5, 6}));
-  EXPECT_EQ(load_values(recording, 3), (std::vector<f64>{7, 8, 9}));
-  recording.data = FileBuilder().values({1, 2, 3, 4});
-  EXPECT_EQ(load_values(recording, 2), (std::vector<f64>{4, 0, 0}));
-  EXPECT_EQ(load_values(recording, 3), (std::vector<f64>{0, 0, 0}));
+  for (const i32 id : {6011, 6012}) {
+    SCOPED_TRACE(id);
+    RecorderBuilder recording{.id = id, .row_count = 3, .reduce_factor = 50};
+    recording.entries = {{.scale = 5, .offset = 6, .mask = 3}, {.channel = 2}};
+    recording.data.values({1, 2, 3, 4, 5, 6, 7, 8, 9});
+    EXPECT_EQ(load_values(recording, 1), (std::vector<f64>{1, 2, 3}));
+    EXPECT_EQ(load_values(recording, 2), (std::vector<f64>{4, 5, 6}));
+    EXPECT_EQ(load_values(recording, 3), (std::vector<f64>{7, 8, 9}));
+    EXPECT_EQ(range(3, 1, 1), (std::vector<f64>{8}));
+    recording.data = FileBuilder().values({1, 2, 3, 4});
+    EXPECT_EQ(load_values(recording, 2), (std::vector<f64>{4, 0, 0}));
+    EXPECT_EQ(load_values(recording, 3), (std::vector<f64>{0, 0, 0}));
+  }
 }
 
 // A recording of doubles with a time channel and its carry.
@@ -220,21 +244,61 @@ TEST_F(RecorderValuesTest, RangeOfATimeOfDoublesIsSummedToTheEnd) {
   EXPECT_EQ(range_status, LoadStatus::Done);
 }
 
-TEST_F(RecorderValuesTest, RowsThatAreFarFromThereAreAnError) {
+TEST_F(RecorderValuesTest, RangeOfATimeOfDoublesLongerThanTheReadBufferHasNoSeams) {
+  file.rewrite(time_of_doubles(300000).build().bytes());
+  const auto read = range(1, 7, 400000);
+  ASSERT_EQ(range_status, LoadStatus::Done);
+  ASSERT_EQ(read.size(), 299993u);
+  for (i32 row = 7; row < 300000; ++row)
+    ASSERT_EQ(read[static_cast<std::size_t>(row - 7)], 1001.0 * row + 0.25) << row;
+}
+
+TEST_F(RecorderValuesTest, RowsThatAreFarFromThereTakeNoMemory) {
   RecorderBuilder recording = counting_recording(2, 1);
   recording.row_count = std::numeric_limits<i32>::max();
   static_cast<void>(load_values(recording, 1));
   EXPECT_EQ(status, run_time_error(kOutOfMemory));
-  EXPECT_TRUE(range(1, 0, 2).empty());
-  EXPECT_EQ(range_status, run_time_error(kOutOfMemory));
-  EXPECT_EQ(load(recording.build(), 2, 1), run_time_error(kOutOfMemory));
-  EXPECT_TRUE(kernel.calls.empty());
   EXPECT_EQ(load(recording.build(), 0, 1), LoadStatus::Done);
   EXPECT_EQ(model.FileChannelPoints[0], std::numeric_limits<i32>::max());
 
   recording.row_count = -1;
   static_cast<void>(load_values(recording, 1));
   EXPECT_EQ(status, run_time_error(kIndexOutOfRange));
+  EXPECT_TRUE(range(1, 0, 2).empty());
+  EXPECT_EQ(range_status, run_time_error(kIndexOutOfRange));
+}
+
+TEST_F(RecorderValuesTest, RangesOfARecordingBrokenOffEarlyAreItsSamplesAndZeros) {
+  constexpr i32 kMost = std::numeric_limits<i32>::max();
+  RecorderBuilder recording = counting_recording(3, 1);
+  recording.row_count = kMost;
+  file.rewrite(recording.build().bytes());
+  const auto read = range(1, 1, 4);
+  ASSERT_EQ(range_status, LoadStatus::Done);
+  ASSERT_EQ(read.size(), 4u);
+  EXPECT_FLOAT_EQ(static_cast<f32>(read[0]), 7.0F);
+  EXPECT_FLOAT_EQ(static_cast<f32>(read[1]), 14.0F);
+  EXPECT_EQ(read[2], 0);
+  EXPECT_EQ(read[3], 0);
+  EXPECT_EQ(range(1, kMost - 2, 10), (std::vector<f64>{0, 0}));
+
+  recording.id = 6011;
+  recording.data = FileBuilder().values({1.5, 2.5});
+  file.rewrite(recording.build().bytes());
+  EXPECT_EQ(range(1, 0, 3), (std::vector<f64>{1.5, 2.5, 0}));
+}
+
+TEST_F(RecorderValuesTest, DatabaseTakesARecordingBrokenOffEarly) {
+  RecorderBuilder recording{.row_count = 1'200'001, .sample_format = 1257};
+  recording.entries = {{}};
+  recording.data.f32_field(1.5F).f32_field(-2);
+  static_cast<void>(load_values(recording, 1));
+  ASSERT_EQ(status, run_time_error(kOutOfMemory));
+  ASSERT_EQ(load(recording.build(), 2, 1), LoadStatus::Done);
+  ASSERT_EQ(kernel.calls.size(), 2401u + 3u);
+  EXPECT_TRUE(kernel.calls[0].starts_with("write 0 (append -1): 1.5 -2 0 0 "));
+  EXPECT_TRUE(kernel.calls[0].ends_with(" 0 0 0"));
+  EXPECT_EQ(kernel.calls[2400], "write 0 (append -1): 0");
 }
 
 TEST_F(RecorderValuesTest, DataOffsetsOutsideOfTheFileLeaveZeros) {

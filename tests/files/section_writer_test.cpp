@@ -1,5 +1,6 @@
 #include "files/section_writer.h"
 
+#include <cstring>
 #include <filesystem>
 #include <limits>
 
@@ -73,6 +74,7 @@ TEST_F(SectionWriterTest, DateMovesWithTheFirstRow) {
   EXPECT_EQ(date_at(recording, 0), "05.03.2021 12:34:56");
   EXPECT_EQ(date_at(recording, 300), "05.03.2021 12:34:59");
   EXPECT_EQ(date_at(recording, 8640000), "06.03.2021 12:34:56");
+  EXPECT_EQ(date_at(recording, 200 * 864000), "25.03.2021 12:34:56");
   recording.rate_code = 6350;  // every two seconds
   EXPECT_EQ(date_at(recording, 30), "05.03.2021 12:35:56");
   recording.rate_code = 0;
@@ -88,12 +90,58 @@ TEST_F(SectionWriterTest, SectionOfASectionKeepsItsDate) {
   EXPECT_EQ(model.FileDateText, "05.03.2021 12:34:58");
 }
 
-TEST_F(SectionWriterTest, DateThatIsNoneIsAFailure) {
+TEST_F(SectionWriterTest, LastTwoBytesOfTheDateFieldAreNoPartOfTheDate) {
+  RecorderBuilder recording = source_recording();
+  recording.date = "Fri Mar 05 12:34:56 2021XY";
+  EXPECT_EQ(date_at(recording, 0), "05.03.2021 12:34:56");
+}
+
+// The source up to `size`, with the number of rows that the section has.
+std::string start_of(const std::string& source, std::size_t size, i32 row_count) {
+  std::string start = source.substr(0, size);
+  std::memcpy(start.data() + 12, &row_count, sizeof row_count);
+  return start;
+}
+
+TEST_F(SectionWriterTest, DateThatIsNoneIsAFailureBehindTheSettings) {
   RecorderBuilder recording = source_recording();
   for (const std::string date : {"", "Fri Xyz 05 12:34:56 2021", "heute"}) {
     recording.date = date;
-    EXPECT_EQ(write(recording.build().bytes(), 0, 1), SectionStatus::Failed) << date;
+    const std::string bytes = recording.build().bytes();
+    EXPECT_EQ(write(bytes, 0, 3), SectionStatus::Failed) << date;
+    EXPECT_EQ(read_file(target()), start_of(bytes, 32 + 40 + 450, 3)) << date;
   }
+}
+
+TEST_F(SectionWriterTest, FailureLeavesTheTargetAsFarAsItGot) {
+  const std::string bytes = source_recording().build().bytes();
+  for (const std::size_t size : {20, 32, 50, 72, 400}) {
+    EXPECT_EQ(write(bytes.substr(0, size), 0, 3), SectionStatus::Failed);
+    EXPECT_EQ(read_file(target()), start_of(bytes, size, 3));
+  }
+  EXPECT_EQ(write(bytes.substr(0, 14), 0, 3), SectionStatus::Failed);
+  EXPECT_EQ(read_file(target()), bytes.substr(0, 14));
+
+  std::string without_place = bytes;
+  const i32 negative = -1;
+  std::memcpy(without_place.data() + 24, &negative, sizeof negative);
+  EXPECT_EQ(write(without_place, 0, 3), SectionStatus::Failed);
+  std::string expected = start_of(without_place, 32 + 40 + 450 + 186, 3);
+  expected.replace(32 + 40 + 450, 26, std::string("05.03.2021 12:34:56") + std::string(7, '\0'));
+  EXPECT_EQ(read_file(target()), expected);
+}
+
+TEST_F(SectionWriterTest, CommentsThatTheSourceLacksAreZeros) {
+  RecorderBuilder recording{.sample_format = 1254};
+  recording.entries = {{}};
+  recording.comment = std::string(160, 'k');
+  const std::size_t comments = 32 + 20 + 225 + 26;
+  const std::string bytes = recording.build().bytes();
+  ASSERT_EQ(write(bytes.substr(0, comments + 10), 0, 1), SectionStatus::Done);
+  EXPECT_EQ(read_file(target()).substr(comments), std::string(10, 'k') + std::string(150, '\0'));
+  ASSERT_EQ(write(bytes.substr(0, comments - 2), 0, 1), SectionStatus::Done);
+  EXPECT_EQ(read_file(target()).substr(comments - 26),
+            std::string("05.03.2021 12:34:56") + std::string(7 + 160, '\0'));
 }
 
 TEST_F(SectionWriterTest, RowCountIsTheAskedOneEvenWhereTheSourceEnds) {
@@ -205,7 +253,7 @@ TEST_F(SectionWriterTest, EveryCutOfTheHeaderIsToldAsAFailure) {
   recording.entries = {{.channel = 1}};
   recording.data.i16_field(1).i16_field(2);
   const std::string bytes = recording.build().bytes();
-  const std::size_t date_end = 32 + 20 + 225 + 26;
+  const std::size_t date_end = 32 + 20 + 225 + 24;
   file.rewrite(bytes);
   for (std::size_t size = bytes.size() + 1; size-- > 0;) {
     std::filesystem::resize_file(file.path(), size);
