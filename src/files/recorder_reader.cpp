@@ -63,6 +63,7 @@ void describe(LoaderResult& result, const RecorderHeader& header, const Recorder
   result.FileHeaderPoints.clear();
   result.FileChannelKinds.clear();
   result.FileChannelFormats.clear();
+  result.FileChannelComment.clear();
   if (requested != nullptr)
     result.FileChannelComment =
         requested->name.comment.empty() ? header.comment_text : requested->name.comment;

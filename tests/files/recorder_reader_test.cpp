@@ -31,6 +31,7 @@ void expect_same_description(const Model& one, const Model& other) {
   EXPECT_EQ(one.FileChannelPoints, other.FileChannelPoints);
   EXPECT_EQ(one.FileDateText, other.FileDateText);
   EXPECT_EQ(one.FileCommentText, other.FileCommentText);
+  EXPECT_EQ(one.FileChannelComment, other.FileChannelComment);
   EXPECT_EQ(one.ChannelParams.at(0), other.ChannelParams.at(0));
 }
 

@@ -115,7 +115,7 @@ TEST_F(SectionWriterTest, DateThatIsNoneIsAFailureBehindTheSettings) {
 
 TEST_F(SectionWriterTest, FailureLeavesTheTargetAsFarAsItGot) {
   const std::string bytes = source_recording().build().bytes();
-  for (const std::size_t size : {20, 32, 50, 72, 400}) {
+  for (const std::size_t size : {20U, 32U, 50U, 72U, 400U}) {
     EXPECT_EQ(write(bytes.substr(0, size), 0, 3), SectionStatus::Failed);
     EXPECT_EQ(read_file(target()), start_of(bytes, size, 3));
   }
