@@ -63,10 +63,9 @@ TEST_F(StatusBarTest, LongTextDoesNotWidenTheWindow) {
 
 TEST_F(StatusBarTest, WithoutAWindowNothingShowsAndNothingBreaks) {
   window.reset();
-  window_shell.show_status(1, "nobody");
-  window_shell.show_progress(0.5);
-  window_shell.close_window();
-  SUCCEED();
+  EXPECT_NO_THROW(window_shell.show_status(1, "nobody"));
+  EXPECT_NO_THROW(window_shell.show_progress(0.5));
+  EXPECT_NO_THROW(window_shell.close_window());
 }
 
 TEST_F(StatusBarTest, WaitPointersNest) {
