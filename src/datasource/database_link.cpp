@@ -103,8 +103,8 @@ void mnuDBOffset(Model& model) {
       "Datenbasiskanal, ab dem die Originaldaten in die Datenbasis importiert werden:", "Datenbasis-Offset",
       std::to_string(model.XScratchChannel));
   if (answer.empty()) return;
-  const i16 channel = round_to_i16(ParseNumber(answer));
-  if (channel >= 1) model.XScratchChannel = channel;
+  const f64 channel = ParseNumber(answer);
+  if (channel >= 1) model.XScratchChannel = round_to_i16(channel);
   model.MaxZoomPoints = round_to_i32(ParseNumber(model.controls["PointsBox"].text));
   if (model.NofPlots == 0) return;
   const RangeCheck check = move_plots(model);

@@ -44,10 +44,12 @@ i16 database_channel(Model& model, i16 number, i16 x_source) {
   const i32 channel = model.XScratchChannel + number - (x_source == 0 ? 1 : 0);
   if (channel <= model.MaxDatabaseChannels) return static_cast<i16>(channel);
   model.XScratchChannel = 1;
-  model.shell.show_message(
-      "Alle Datenbasiskanäle sind belegt. Es wird ab dem ersten Kanal importiert, alte Daten werden "
-      "überschrieben.",
-      kProgramTitle, MessageIcon::Stop);
+  attempt([&] {
+    model.shell.show_message(
+        "Alle Datenbasiskanäle sind belegt. Es wird ab dem ersten Kanal importiert, alte Daten werden "
+        "überschrieben.",
+        kProgramTitle, MessageIcon::Stop);
+  });
   return 1;
 }
 
@@ -130,9 +132,9 @@ void add_plot(Model& model, FormerPlots& former, const MarkedRow& marked, i16 x_
   else
     plot.FileKind = kKindDatabase;
   plot.Points = points_of(plot, row);
-  carry_over(model, former, number, marked.mark.index);
+  attempt([&] { carry_over(model, former, number, marked.mark.index); });
   check_zoom_capacity(model, plot.DatabaseChannel);
-  load_parameters(model, row.path, plot);
+  attempt([&] { load_parameters(model, row.path, plot); });
   plot.TimeFromRate = model.xSrc.ListIndex == 0 ? 1 : 0;
   plot.Color = palette_color(color_index);
   model.SurveyPlots[number] = survey_copy(plot);

@@ -27,12 +27,20 @@ i32 row_after_removal(i32 row, i32 first, i32 end) {
   return row < end ? 0 : row - (end - first);
 }
 
+// In row 1 nothing opens a closed file, so one that comes to stand there is opened.
+void open_first_file(ChannelRows& list) {
+  if (!list.rows.has(1) || list.rows[1].kind != RowKind::File) return;
+  list.rows[1].check = 1;
+  show_children(list, 1, true);
+}
+
 // Removes the file's rows and tells whether one of its signals was marked.
 bool remove_rows(Model& model, i32 first, i32 end) {
   const PausedList paused(model.Grid);
   const auto mark = model.Grid.marked.lower_bound(first);
   const bool was_marked = mark != model.Grid.marked.end() && *mark < end;
   erase_rows(model.Grid, first, end - first);
+  if (first == 1) open_first_file(model.Grid);
   model.SelectedRow = row_after_removal(model.SelectedRow, first, end);
   model.LastClickedRow = row_after_removal(model.LastClickedRow, first, end);
   return was_marked;

@@ -80,8 +80,7 @@ void ChannelInfoDialog::fit_to_rows() {
   const QMargins margins = layout()->contentsMargins();
   const QSize wished(grid_->columnWidth(kNameColumn) + grid_->columnWidth(kValueColumn) + bar + frame,
                      rows * grid_->verticalHeader()->defaultSectionSize() + frame);
-  const QSize others(margins.left() + margins.right(),
-                     margins.top() + margins.bottom() + sizeHint().height() - grid_->sizeHint().height());
+  const QSize others(margins.left() + margins.right(), sizeHint().height() - grid_->sizeHint().height());
   const QScreen* screen = QGuiApplication::primaryScreen();
   const QSize most = screen == nullptr ? wished + others : screen->availableSize() * 9 / 10;
   resize((wished + others).boundedTo(most));

@@ -39,7 +39,8 @@ void add_file_lines(std::string& text, const Model& model, const std::string& pa
 }
 
 void add_parameter_lines(std::string& text, Model& model) {
-  const ChannelParamRecord params = model.ChannelParams[0];
+  const auto read = model.ChannelParams.find(0);
+  const ChannelParamRecord params = read == model.ChannelParams.end() ? ChannelParamRecord() : read->second;
   add_line(text, "dt: ", interval_text(params.SampleInterval));
   add_line(text, "Gerätekanal: ",
            std::to_string(params.HardwareChannel) + " - " + std::to_string(params.HardwareSubChannel));

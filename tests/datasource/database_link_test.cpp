@@ -113,6 +113,23 @@ TEST_F(DatabaseLinkTest, AnswerThatIsNoNumberKeepsTheChannelAndRunsOn) {
   EXPECT_EQ(channels(), (std::vector<i16>{9}));
 }
 
+TEST_F(DatabaseLinkTest, AnswerBelowOneKeepsTheChannelAndRunsOn) {
+  make_plots(1);
+  model.XScratchChannel = 9;
+  for (const char* answer : {"0", "0,6", "-1", "-40000"}) {
+    model.Plots[1].DatabaseChannel = 50;
+    offset(answer);
+    EXPECT_EQ(model.XScratchChannel, 9) << answer;
+    EXPECT_EQ(channels(), (std::vector<i16>{9})) << answer;
+  }
+}
+
+TEST_F(DatabaseLinkTest, AnswerIsRoundedToTheNearestEvenChannel) {
+  make_plots(1);
+  offset("12,5");
+  EXPECT_EQ(channels(), (std::vector<i16>{12}));
+}
+
 TEST_F(DatabaseLinkTest, WithoutPlotsOnlyTheNumbersAreTaken) {
   model.controls["PointsBox"].text = "750";
   host.refuses = true;
@@ -175,7 +192,7 @@ TEST_F(DatabaseLinkTest, ChannelBehindTheDatabaseIsNotAsked) {
   EXPECT_FALSE(model.ZoomLengthWarned);
 }
 
-TEST_F(DatabaseLinkTest, ChannelBehindTheDatabaseIsFoundIsFoundByTheNextRebuild) {
+TEST_F(DatabaseLinkTest, ChannelBehindTheDatabaseIsFoundByTheNextRebuild) {
   make_plots(2);
   offset("96");
   EXPECT_EQ(channels(), (std::vector<i16>{96, 97}));

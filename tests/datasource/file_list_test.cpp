@@ -310,6 +310,33 @@ TEST_F(FileListTest, RemovalShowsALargeCountInPlainDigits) {
   EXPECT_EQ(model.controls["ZoomPointsBox"].text, "1000000");
 }
 
+TEST_F(FileListTest, ClosedFileThatMovesUpIntoTheFirstRowIsOpened) {
+  add_file("run.BIN", 1);
+  add_file("other.BIN", 2);
+  add_file("third.BIN", 1);
+  click_check_cell(model, 3, 0);
+  click_check_cell(model, 6, 0);
+  model.Grid.active_row = 1;
+  RemoveFileFromGrid(model);
+  EXPECT_EQ(model.Grid.rows[1].check, 1);
+  EXPECT_FALSE(model.Grid.rows[2].hidden);
+  EXPECT_FALSE(model.Grid.rows[3].hidden);
+  // A closed file in another row can be opened by a click and stays closed.
+  EXPECT_EQ(model.Grid.rows[4].check, 0);
+  EXPECT_TRUE(model.Grid.rows[5].hidden);
+}
+
+TEST_F(FileListTest, RemovalOfALaterFileLeavesClosedFilesClosed) {
+  add_file("run.BIN", 1);
+  add_file("other.BIN", 1);
+  add_file("third.BIN", 1);
+  click_check_cell(model, 3, 0);
+  model.Grid.active_row = 5;
+  RemoveFileFromGrid(model);
+  EXPECT_EQ(model.Grid.rows[3].check, 0);
+  EXPECT_TRUE(model.Grid.rows[4].hidden);
+}
+
 TEST_F(FileListTest, RemovalMovesTheHighlightedRowAlong) {
   add_file("run.BIN", 2);
   add_file("other.BIN", 1);

@@ -151,6 +151,20 @@ TEST_F(PlotListTest, EndOfTheDatabaseStartsAgainAtOne) {
   EXPECT_EQ(shell.icons, (std::vector{MessageIcon::Stop}));
 }
 
+TEST_F(PlotListTest, FailureInsideOfAPlotCostsNoneOfItsLaterSteps) {
+  const std::string path = add_file("run.BIN", 2);
+  model.XScratchChannel = 96;
+  write_mark(2);
+  write_mark(3);
+  shell.during_message = [] { throw RunTimeError{kHostCallFailed}; };
+  RebuildPlotList(model);
+  ASSERT_EQ(model.NofPlots, 2);
+  EXPECT_EQ(model.Plots[2].DatabaseChannel, 1);
+  EXPECT_EQ(model.Plots[2].Title, "run.BIN 2@" + path);
+  EXPECT_EQ(model.Plots[2].Color, 0xFF0000);
+  EXPECT_EQ(model.SurveyPlots[2].Title, model.Plots[2].Title);
+}
+
 TEST_F(PlotListTest, ShortDatabaseChannelIsToldOnce) {
   add_file("run.BIN", 2);
   model.controls["PointsBox"].text = "500";
@@ -348,6 +362,7 @@ TEST_F(PlotListTest, AnnotationsOfAPlotThatHasGoneAreDeleted) {
   RebuildPlotList(model);
   EXPECT_EQ(annotated_plots(model), (std::vector<i16>{1, 2, 0}));
   EXPECT_EQ(model.AnnotationCount, 3);
+  EXPECT_TRUE(shell.calls.empty()) << "nothing is asked";
 }
 
 TEST_F(PlotListTest, UnmarkedPlotGivesItsSamplesBack) {

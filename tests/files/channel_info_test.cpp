@@ -332,6 +332,7 @@ TEST_F(ChannelInfoTest, FileWithoutParametersDoesNotTakeThoseOfAnother) {
   fill({.record = known_record(), .values = {1}});
   add("old.BIN", StandardFileLayout{.id = 5004, .channels = {{.values = {1}}}}.build());
   EXPECT_NE(DatasetHeaderText(model, folder.file("old.BIN"), 1).find("Serien-Nr.: \r\n"), std::string::npos);
+  EXPECT_FALSE(model.ChannelParams.contains(0)) << "the words for a channel make no parameters";
 }
 
 }  // namespace

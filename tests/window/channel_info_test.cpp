@@ -104,6 +104,17 @@ TEST_F(ChannelInfoWindowTest, SecondColumnTakesTheLongestText) {
   EXPECT_EQ(forms, 1);
 }
 
+TEST_F(ChannelInfoWindowTest, FormIsAsHighAsItsRows) {
+  form_model.InfoGrid.assign(10, {"Name", "Wert"});
+  form_model.Grid.active_row = 0;
+  in_form([&] { mnuShowChanInfo(form_model); },
+          [](QDialog& form) {
+            const auto* rows = form.findChild<QTableWidget*>(QStringLiteral("InfoGrid"));
+            EXPECT_EQ(rows->viewport()->height(), 10 * rows->rowHeight(0));
+          });
+  EXPECT_EQ(forms, 1);
+}
+
 TEST_F(ChannelInfoWindowTest, ToolShowsAllPlots) {
   mark(2);
   mark(3);
