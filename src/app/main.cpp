@@ -1,6 +1,8 @@
 #include <cstdio>
 #include <iostream>
 
+#include <unistd.h>
+
 #include "app/command_line.h"
 #include "app/command_output.h"
 #include "app/info_command.h"
@@ -43,7 +45,9 @@ struct Runner {
   int operator()(const RenderCommand& call) const { return run_render(call, std::cerr); }
   int operator()(const InfoCommand& call) const { return run_info(call, std::cout, std::cerr); }
   int operator()(const ValuesCommand& call) const { return run_values(call, std::cout, std::cerr); }
-  int operator()(const ReduceCommand& call) const { return run_reduce(call, std::cerr); }
+  int operator()(const ReduceCommand& call) const {
+    return run_reduce(call, std::cerr, isatty(STDERR_FILENO) != 0);
+  }
   int operator()(const SectionCommand& call) const { return run_section(call, std::cerr); }
 };
 

@@ -3,8 +3,6 @@
 #include <filesystem>
 #include <ostream>
 
-#include <unistd.h>
-
 #include "files/reduce_handlers.h"
 #include "files/reducer.h"
 
@@ -42,9 +40,9 @@ class TerminalProgress {
   bool shown_ = false;
 };
 
-ReduceStatus reduce(const ReduceCommand& command, const std::string& target, std::ostream& errors) {
-  if (isatty(STDERR_FILENO) == 0)
-    return ReduceStandardFile(command.source, target, command.factor, [](f64) {});
+ReduceStatus reduce(const ReduceCommand& command, const std::string& target, std::ostream& errors,
+                    bool errors_is_terminal) {
+  if (!errors_is_terminal) return ReduceStandardFile(command.source, target, command.factor, [](f64) {});
   TerminalProgress progress(errors);
   return ReduceStandardFile(command.source, target, command.factor,
                             [&](f64 fraction) { progress.show(fraction); });
@@ -52,13 +50,13 @@ ReduceStatus reduce(const ReduceCommand& command, const std::string& target, std
 
 }  // namespace
 
-int run_reduce(const ReduceCommand& command, std::ostream& errors) {
+int run_reduce(const ReduceCommand& command, std::ostream& errors, bool errors_is_terminal) {
   const std::string target = command.target.empty() ? reduced_file_name(command.source) : command.target;
   if (const std::string reason = refusal(command, target); !reason.empty()) {
     errors << reason << '\n';
     return 1;
   }
-  const ReduceStatus status = reduce(command, target, errors);
+  const ReduceStatus status = reduce(command, target, errors, errors_is_terminal);
   if (status == ReduceStatus::Done) return 0;
   errors << reduce_status_text(status) << '\n';
   return 1;

@@ -21,9 +21,8 @@ constexpr i64 kBlockRows = 500;
 constexpr i64 kBlocksAtOnce = 256;
 
 void describe_columns(LoaderResult& result, const RecorderHeader& header) {
-  // A count that the table does not bear out still finds a slot for each channel.
-  const std::size_t slots =
-      std::max(header.columns.size(), static_cast<std::size_t>(std::max<i16>(0, header.channel_count)));
+  // The table decides how many channels there are; the count may be another one.
+  const std::size_t slots = header.columns.size();
   result.FileChannelNames.assign(slots, {});
   result.FileChannelUnits.assign(slots, {});
   result.FileChannelRates.assign(slots, 0);
@@ -159,7 +158,7 @@ void write_to_database(Model& model, const InputFile& file, const RecorderHeader
                        i32 database_channel) {
   if (model.Kernel == nullptr) throw RunTimeError{kHostMemberMissing};
   const RecorderColumn& column = *find_column(header, channel);
-  const i64 rows = std::max(0, header.row_count);
+  const i64 rows = header.row_count < 0 ? 0 : row_count_to_hold(file, header);
   if (header.of_doubles())
     write_double_channel(model, file, header, channel, rows, database_channel);
   else

@@ -12,8 +12,9 @@ struct Model;
 
 // LoadMeasurementFile for recorder files (ids 6001, 6002, 6011, 6012). Opens the file itself; `channel`
 // counts output channels from 1. A failure inside gives its number as status, never 0; nothing is thrown.
-// Mode 1 refuses a count of rows that is far from what the file holds; mode 2 and ranges need no memory for
-// it and give zeros behind the end of the file.
+// The result area has a slot for each column of the channel table, be FileChannelCount more or less. Modes 1
+// and 2 refuse a count of rows that is far from what the file holds; ranges give zeros behind the end of the
+// file.
 LoadStatus LoadRecorderFile(Model& model, i16 mode, const std::string& path, i16 channel,
                             i32 databaseChannel);
 

@@ -7,6 +7,7 @@
 #include <gtest/gtest.h>
 
 #include "support/block_builder.h"
+#include "support/recorder_builder.h"
 #include "support/standard_builder.h"
 
 namespace trendaro {
@@ -73,6 +74,77 @@ TEST_F(InfoCommandTest, JsonOfAChannelsRecords) {
       R"("Coefficients":[1.5,null],"ThermoType":0,"FormulaText":"a*x"}}})"
       "\n";
   EXPECT_TRUE(output.ends_with(expected)) << output;
+}
+
+TEST_F(InfoCommandTest, FormulaEndsAtItsNulAndLosesItsBlanks) {
+  StandardFileLayout standard{.id = 5012};
+  for (const std::string& text : {std::string("a*x+\xB5  \0hidden", 14), std::string("a*x+\xB5 ")}) {
+    standard.channels = {{.extra = {2, 2, 0, {}, 0, text}}};
+    const TemporaryFile file(standard.build());
+    EXPECT_EQ(run(file.path(), 1, true), 0);
+    EXPECT_TRUE(output.ends_with(R"("Coefficients":[],"ThermoType":0,"FormulaText":"a*x+µ"}}})"
+                                 "\n"))
+        << output;
+  }
+}
+
+// The closing block stands a settings block behind that of the time channel, which has none.
+std::string force_over_time() {
+  RecorderBuilder recording{.row_count = 1200};
+  RecorderEntry force{.channel = 4, .unit = "N", .mask = 0x020002, .name_field = quoted_name("Kraft;links")};
+  force.settings.patch<u8>(48, 4).patch<f32>(107, 0.1F);
+  recording.entries = {force, {.channel = 17, .unit = "ms"}, {.channel = 18, .unit = "ms"}};
+  std::string bytes = recording.build().bytes();
+  return bytes.insert(32 + 3 * 20 + 225, 225, '\0');
+}
+
+TEST_F(InfoCommandTest, JsonOfARecordingHasASlotForTheTimeCarry) {
+  const TemporaryFile file(force_over_time());
+  EXPECT_EQ(run(file.path(), 0, true), 0);
+  const auto slot = [](const std::string& number, const std::string& name, const std::string& unit) {
+    return "{\"number\":" + number + ",\"name\":\"" + name + "\",\"unit\":\"" + unit +
+           "\",\"interval_ms\":10.0,\"points\":1200,\"points_estimate\":null}";
+  };
+  const std::string expected = "{\"status\":0,\"file\":\"" + file.path() +
+                               "\",\"id\":6001,\"channel_count\":2,\"reduce_factor\":0,\"reduce_block\":0,"
+                               "\"date\":\"Fri Mar 05 12:34:56 2021\",\"comment\":\"\\u0000\\u0000Kommentar" +
+                               std::string(69, ' ') + "\",\"channels\":[" + slot("1", "Kraft", "N") + "," +
+                               slot("2", "TLQ 17 (Zeitkanal)", "ms") + "," +
+                               slot("3", "TLQ 18 (Zeitkanal Übertrag)", "ms") + "],\"channel\":null}\n";
+  EXPECT_EQ(output, expected);
+}
+
+TEST_F(InfoCommandTest, JsonOfARecordingsChannelHasNoExtras) {
+  const TemporaryFile file(force_over_time());
+  EXPECT_EQ(run(file.path(), 1, true), 0);
+  EXPECT_TRUE(output.ends_with(
+      R"("channel":{"number":1,"params":{"StartTime":0.0,"SampleInterval":10.0,"TransducerType":0,)"
+      R"("Excitation":0,"FilterType":0,"FilterFrequency":0,"TareValue":0.0,"ZeroValue":0.1,)"
+      R"("MeasuringRange":0.0,"ScaleX1":0.0,"ScaleY1":0.0,"ScaleX2":0.0,"ScaleY2":0.0,"AmplifierSerial":"",)"
+      R"("PhysicalUnit":"","ElectricalUnit":"","HardwareChannel":4,"HardwareSubChannel":2,)"
+      R"("AmplifierType":5003,"ConnectionBoard":0,"KFactor":0.0,"BridgeFactor":0.0,"MeasuredSignal":215,)"
+      R"("AmplifierInput":0,"ParamWord1":0,"FixedBlockFlag":0,"ParamByte1":0,"SoftwareZero":0.0,)"
+      R"("ParamByte2":0,"ParamWord2":0,"ParamText":""},"extras":null}})"
+      "\n"))
+      << output;
+  EXPECT_EQ(run(file.path(), 3, true), 0);
+  EXPECT_NE(output.find(R"("channel":{"number":3,)"), std::string::npos);
+  EXPECT_EQ(run(file.path(), 4, true), 0);
+  EXPECT_TRUE(output.ends_with("\"channel\":null}\n"));
+}
+
+TEST_F(InfoCommandTest, JsonOfAReducedRecordingNamesItsOwnIdAndFactor) {
+  for (const i32 id : {6002, 6012}) {
+    RecorderBuilder recording{.id = id, .row_count = 3, .reduce_factor = 1000};
+    recording.entries = {{.mask = 3}};
+    const TemporaryFile file(recording.build());
+    EXPECT_EQ(run(file.path(), 0, true), 0);
+    EXPECT_NE(output.find("\"id\":" + std::to_string(id) + ",\"channel_count\":" + (id == 6002 ? "2" : "1") +
+                          ",\"reduce_factor\":1000,\"reduce_block\":0,"),
+              std::string::npos)
+        << output;
+    EXPECT_NE(output.find(R"({"number":2,)"), std::string::npos);
+  }
 }
 
 TEST_F(InfoCommandTest, JsonOfABlockFileHasEstimates) {

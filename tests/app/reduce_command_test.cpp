@@ -17,9 +17,9 @@ class ReduceCommandTest : public testing::Test {
     const std::vector<f64> samples(40, 1.5);
     write_file(source_, StandardFile{.channels = {{.samples = samples}}}.build().bytes());
   }
-  int run(const ReduceCommand& command) {
+  int run(const ReduceCommand& command, bool on_a_terminal = false) {
     errors_.str("");
-    return run_reduce(command, errors_);
+    return run_reduce(command, errors_, on_a_terminal);
   }
   [[nodiscard]] std::string errors() const { return errors_.str(); }
 
@@ -61,6 +61,21 @@ TEST_F(ReduceCommandTest, SourceAsTargetIsRefusedEvenByForce) {
 TEST_F(ReduceCommandTest, FailureSaysWhy) {
   EXPECT_EQ(run({.source = folder_.file("fehlt.BIN"), .target = {}}), 1);
   EXPECT_EQ(errors(), "Fehler bei Öffnen der Datei aufgetreten.\n");
+}
+
+TEST_F(ReduceCommandTest, TerminalSeesTheProgressOnOneLine) {
+  EXPECT_EQ(run({.source = source_, .target = {}}, true), 0);
+  const std::string line = errors();
+  EXPECT_TRUE(line.starts_with("\rBinäre Mervan-Datei wird reduziert! ")) << line;
+  EXPECT_TRUE(line.ends_with("\rBinäre Mervan-Datei wird reduziert! 100 %\n")) << line;
+  EXPECT_EQ(line.find('\n'), line.size() - 1);
+}
+
+TEST_F(ReduceCommandTest, FailureStandsBehindTheProgress) {
+  std::filesystem::resize_file(source_, std::filesystem::file_size(source_) - 1);
+  EXPECT_EQ(run({.source = source_, .target = {}, .factor = 10}, true), 1);
+  EXPECT_TRUE(errors().starts_with("\rBinäre Mervan-Datei wird reduziert! ")) << errors();
+  EXPECT_TRUE(errors().ends_with(" %\nFehler bei Öffnen der Datei aufgetreten.\n")) << errors();
 }
 
 }  // namespace

@@ -78,6 +78,9 @@ TEST_F(ValuesCommandTest, AShortFilePrintsWhatWasReadAndFails) {
   EXPECT_EQ(run(file.path(), 1), 1);
   EXPECT_EQ(output, "1\n2\n");
   EXPECT_EQ(errors, "Fehler beim Lesen der Daten aufgetreten!\n");
+  EXPECT_EQ(run(file.path(), 1, true), 1);
+  EXPECT_EQ(output, FileBuilder().values({1, 2}).bytes());
+  EXPECT_EQ(errors, "Fehler beim Lesen der Daten aufgetreten!\n");
 }
 
 TEST_F(ValuesCommandTest, FilesThatDoNotLoadPrintNothing) {

@@ -243,8 +243,9 @@ class RecordingInfoTest : public ChannelInfoTest {
   static RecorderBuilder recording(i32 id) {
     RecorderBuilder built{.id = id, .row_count = id == 6002 ? 4 : 4000};
     built.reduce_factor = 1000;
-    built.entries = {{.channel = 1, .unit = "KN", .name_field = quoted_name("Kraft;am Lager")},
-                     {.channel = 2, .unit = "MM", .name_field = quoted_name("Weg")}};
+    const i32 mask = id == 6002 ? 0b11 : 1;
+    built.entries = {{.channel = 1, .unit = "KN", .mask = mask, .name_field = quoted_name("Kraft;am Lager")},
+                     {.channel = 2, .unit = "MM", .mask = mask, .name_field = quoted_name("Weg")}};
     return built;
   }
 };
@@ -254,7 +255,6 @@ TEST_F(RecordingInfoTest, ReducedRecordingShowsTheSettingsOfItsMeasurementFile) 
   original.entries[1].name_field = quoted_name("Weg voll");
   write_file(folder.file("run.mea"), original.build().bytes());
   RecorderBuilder reduced = recording(6002);
-  for (RecorderEntry& entry : reduced.entries) entry.mask = 3;
   add("run.STO", reduced.build());
   ASSERT_EQ(model.Grid.MaxRows(), 3);
   FillChannelInfo(model, 3);

@@ -187,13 +187,17 @@ TEST_F(RecorderReaderTest, ChannelsThatAreNotThereSelectNothing) {
   EXPECT_TRUE(kernel.calls.empty());
 }
 
-TEST_F(RecorderReaderTest, ArraysHaveASlotForEachChannelCounted) {
+TEST_F(RecorderReaderTest, ArraysHaveASlotForEachColumnWhateverTheCount) {
   RecorderBuilder recording{.id = 6002};
-  recording.entries = {{.mask = 1}, {.mask = 0}};
-  ASSERT_EQ(load(recording.build(), 0, 0), LoadStatus::Done);
-  EXPECT_EQ(model.FileChannelCount, 4);
+  recording.entries = {{.mask = 1}, {.mask = 0}, {.mask = 0b111}};
+  ASSERT_EQ(load(recording.build(), 0, 5), LoadStatus::Done);
+  EXPECT_EQ(model.FileChannelCount, 6);
   EXPECT_EQ(model.FileChannelNames.size(), 4u);
+  EXPECT_EQ(model.FileChannelUnits.size(), 4u);
+  EXPECT_EQ(model.FileChannelRates.size(), 4u);
   EXPECT_EQ(model.FileChannelPoints.size(), 5u);
+  EXPECT_EQ(model.ChannelParams[0].HardwareChannel, 0);
+  EXPECT_TRUE(range(5, 0, 1).empty());
 }
 
 TEST_F(RecorderReaderTest, DatabaseTakesValuesInBlocksOf500) {
@@ -275,8 +279,10 @@ TEST_F(RecorderReaderTest, EveryCutIsHarmlessInEveryMode) {
         const LoadStatus status = LoadMeasurementFile(model, mode, file.path(), 3, 0);
         ASSERT_EQ(status, size < 4 ? LoadStatus::NotMeasurement : LoadStatus::Done);
         if (size < 4) continue;
-        ASSERT_GE(model.FileChannelNames.size(), static_cast<std::size_t>(model.FileChannelCount));
         const bool has_channel = size >= 32 + 2 * 20;
+        ASSERT_EQ(model.FileChannelCount, size < 8 ? 0 : id == 6002 ? 4 : 2);
+        ASSERT_EQ(model.FileChannelNames.size(), has_channel ? 3u : size >= 32 + 20 ? 2u : 0u);
+        ASSERT_EQ(model.FileChannelPoints.size(), model.FileChannelNames.size() + 1);
         if (mode == 1 && has_channel) {
           ASSERT_EQ(values().size(), 2u);
         }
