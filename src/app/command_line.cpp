@@ -106,7 +106,7 @@ Options::Options() {
   app.require_subcommand(0, 1);
   app.add_option("FILE", files, "Messdateien, mit FILE:1,3 auch die darzustellenden Kanäle");
   app.add_flag("--automation", automation, "Als Automatisierungsserver starten");
-  app.add_option("--host", host, "Host: embedded (eingebaut) oder bus (Sitzungsbus)");
+  app.add_option("--host", host, "Host: embedded (eingebaut), bus (Sitzungsbus) oder none (keiner)");
   add_reading_commands();
   add_writing_commands();
   add_render();
@@ -256,8 +256,10 @@ Invocation invocation_of(const Options& options) {
   if (options.render->parsed()) return render_invocation(options);
   if (!options.info->parsed() && !options.values->parsed() && !options.reduce->parsed() &&
       !options.section->parsed()) {
-    if (options.host != "embedded" && options.host != "bus") return wrong_value("--host", options.host);
-    return OpenWindow{file_arguments(options.files), options.automation, options.host == "bus"};
+    if (options.host != "embedded" && options.host != "bus" && options.host != "none")
+      return wrong_value("--host", options.host);
+    return OpenWindow{file_arguments(options.files), options.automation, options.host == "bus",
+                      options.host == "none"};
   }
   if (options.file.empty()) return wrong_value("FILE", "");
   if (options.info->parsed()) return info_invocation(options);

@@ -19,6 +19,7 @@ struct OpenWindow {
   std::vector<FileArgument> files;
   bool automation = false;  // wait for Run
   bool bus_host = false;    // take the host from the session bus
+  bool without_host = false;
 };
 struct PrintText {
   std::string text;  // help or version, for standard output

@@ -86,6 +86,8 @@ void Kelmira::mirror() {
   menu_bar_->mirror(model_.controls);
   tool_bar_->mirror(model_.controls);
   panes_->mirror();
+  if (model_.NofFiles > files_seen_) panes_->grid().setFocus();
+  files_seen_ = model_.NofFiles;
 }
 
 void Kelmira::connect_menus() {
@@ -153,6 +155,7 @@ bool Kelmira::event(QEvent* event) {
 // A window manager need not activate a new window; the host is looked for all the same.
 void Kelmira::showEvent(QShowEvent* event) {
   QMainWindow::showEvent(event);
+  if (focusWidget() == nullptr) panes_->grid().setFocus();
   QMetaObject::invokeMethod(this, &Kelmira::check_host, Qt::QueuedConnection);
 }
 

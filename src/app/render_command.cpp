@@ -2,7 +2,6 @@
 
 #include <QGuiApplication>
 #include <cmath>
-#include <cstdio>
 #include <memory>
 #include <ostream>
 
@@ -13,6 +12,7 @@
 #include "app/model.h"
 #include "app/quiet_shell.h"
 #include "app/startup.h"
+#include "app/toolkit_notes.h"
 #include "datasource/mark.h"
 #include "output/picture_file.h"
 
@@ -104,17 +104,12 @@ void set_x_range(GraphSurface& graph, const RenderCommand& command) {
   PEactions(graph, kRedrawFromSettings);
 }
 
-// The toolkit's notes on its surroundings are of no use to the caller.
-void say_failures_only(QtMsgType type, const QMessageLogContext&, const QString& text) {
-  if (type == QtCriticalMsg || type == QtFatalMsg) std::fprintf(stderr, "%s\n", qPrintable(text));
-}
-
 // The application object that fonts and images need, where there is none yet; it never asks for a display.
 class OffscreenApplication {
  public:
   OffscreenApplication() {
     if (QCoreApplication::instance() != nullptr) return;
-    qInstallMessageHandler(say_failures_only);
+    say_failures_only();
     qputenv("QT_QPA_PLATFORM", "offscreen");
     application_ = std::make_unique<QGuiApplication>(argument_count_, arguments_);
   }

@@ -9,12 +9,14 @@
 #include <memory>
 
 #include "app/file_arguments.h"
+#include "app/first_place.h"
 #include "app/icons.h"
 #include "app/main_window.h"
 #include "app/memory_host.h"
 #include "app/model.h"
 #include "app/splash.h"
 #include "app/startup.h"
+#include "app/toolkit_notes.h"
 #include "app/window_shell.h"
 
 namespace trendaro {
@@ -44,6 +46,7 @@ void draw_and_end(Kelmira& window, const QString& file) {
 }  // namespace
 
 int run_window(const OpenWindow& call, int argument_count, char** arguments) {
+  say_failures_only();
   QApplication application(argument_count, arguments);
   QApplication::setApplicationName(QStringLiteral("Trendaro"));
   QApplication::setStyle(QStringLiteral("Fusion"));
@@ -54,15 +57,19 @@ int run_window(const OpenWindow& call, int argument_count, char** arguments) {
   WindowShell shell;
   Model model(shell);
   MemoryHost host(shell);
-  model.Host = &host;
-  model.Kernel = &host;
+  if (!call.without_host) {
+    model.Host = &host;
+    model.Kernel = &host;
+  }
   wait_with_painting(kSplashTime);
   load_main_window(model);
   Kelmira window(model, shell);
   splash.reset();
-  window.show();
-
   const QString picture = qEnvironmentVariable("TRENDARO_PICTURE");
+  if (picture.isEmpty())
+    show_at_first(window);
+  else
+    window.show();
   QTimer::singleShot(0, &window, [&] {
     open_files(window, model, call);
     if (!picture.isEmpty()) QTimer::singleShot(0, &window, [&] { draw_and_end(window, picture); });

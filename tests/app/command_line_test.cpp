@@ -44,6 +44,9 @@ TEST(CommandLineTest, WithoutACommandTheWindowOpensWithItsFiles) {
   EXPECT_FALSE(window.automation);
   EXPECT_TRUE(parsed<OpenWindow>({"--automation"}).automation);
   EXPECT_TRUE(parsed<OpenWindow>({"--host=bus"}).bus_host);
+  EXPECT_FALSE(parsed<OpenWindow>({"--host=embedded"}).without_host);
+  EXPECT_TRUE(parsed<OpenWindow>({"--host", "none"}).without_host);
+  EXPECT_FALSE(parsed<OpenWindow>({"--host", "none"}).bus_host);
 }
 
 TEST(CommandLineTest, AColonBeginsChannelsOnlyAheadOfDigitsAndCommas) {
