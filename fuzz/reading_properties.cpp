@@ -59,8 +59,11 @@ class Reader {
   VectorKernel kernel_;
 };
 
-void check_description(const LoaderResult& result) {
-  const auto channels = static_cast<std::size_t>(std::max<i16>(result.FileChannelCount, 0));
+// A recording's channels are its columns, whatever its count says.
+void check_description(const LoaderResult& result, bool is_recorder) {
+  const std::size_t channels = is_recorder
+                                   ? result.FileChannelNames.size()
+                                   : static_cast<std::size_t>(std::max<i16>(result.FileChannelCount, 0));
   require(result.FileChannelNames.size() >= channels && result.FileChannelUnits.size() >= channels);
   require(result.FileChannelRates.size() >= channels && result.FileChannelPoints.size() >= channels);
 }
@@ -119,10 +122,11 @@ void check_reading(std::span<const std::uint8_t> input) {
     return;
   }
   const LoaderResult description = reader.result();
-  check_description(description);
+  check_description(description, is_recorder);
   // A header that claims thousands of channels costs a load of a megabyte each time.
-  if (description.FileChannelCount > 200) return check_channel(reader, file, 2, description, is_recorder);
-  for (const i16 channel : {i16{0}, i16{1}, i16{2}, description.FileChannelCount})
+  const auto last = static_cast<i16>(description.FileChannelNames.size());
+  if (last > 200) return check_channel(reader, file, 2, description, is_recorder);
+  for (const i16 channel : {i16{0}, i16{1}, i16{2}, last})
     check_channel(reader, file, channel, description, is_recorder);
 }
 
