@@ -5,8 +5,9 @@
 
 namespace trendaro {
 
-void ignore_broken_pipes() {
+void ignore_output_signals() {
   std::signal(SIGPIPE, SIG_IGN);
+  std::signal(SIGXFSZ, SIG_IGN);
 }
 
 int finish_output(std::ostream& output, std::ostream& errors) {

@@ -7,8 +7,9 @@
 
 namespace trendaro {
 
-// Makes writing to a closed pipe an error of the stream; without this call it ends the process.
-void ignore_broken_pipes();
+// Makes writing to a closed pipe, or beyond the longest file that the system allows, an error of the stream
+// or file; without this call it ends the process.
+void ignore_output_signals();
 
 // Sees to it that all output arrives. The exit status: 0, or 1 with the reason on `errors`.
 int finish_output(std::ostream& output, std::ostream& errors);

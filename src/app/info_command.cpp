@@ -27,7 +27,6 @@ FileDescription describe(const Model& model, const InfoCommand& command) {
 }  // namespace
 
 int run_info(const InfoCommand& command, std::ostream& output, std::ostream& errors) {
-  ignore_broken_pipes();
   ConsoleShell shell(errors);
   Model model(shell);
   const LoadStatus status = LoadMeasurementFile(model, 0, command.path, command.channel, 0);

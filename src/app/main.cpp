@@ -56,6 +56,7 @@ struct Runner {
 
 int main(int argument_count, char** arguments) {
   using namespace trendaro;
+  ignore_output_signals();
   try {
     return std::visit(Runner{argument_count, arguments}, parse_command_line(argument_count, arguments));
   } catch (const RunTimeError& failure) {

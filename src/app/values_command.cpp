@@ -46,7 +46,6 @@ void print_bytes(const SampleArray& values, std::ostream& output) {
 }  // namespace
 
 int run_values(const ValuesCommand& command, std::ostream& output, std::ostream& errors) {
-  ignore_broken_pipes();
   std::ostringstream messages;  // told behind the values that were read all the same
   ConsoleShell shell(messages);
   Model model(shell);

@@ -2,13 +2,16 @@
 
 import json
 import os
+import pty
+import resource
 import struct
 import subprocess
 import sys
 import tempfile
 import unittest
 
-from measurement_files import Channel, block_file, i16, i32, standard_file
+from measurement_files import (RECORDER_DATE, Channel, Entry, block_file, fixed, i16, i32, recorder_file,
+                               standard_file)
 
 PROGRAM = ""
 
@@ -136,6 +139,96 @@ class BlockFiles(WithFolder):
                 estimate = round((len(content) - 152) / (2 * 8) - 1)
                 self.assertEqual([c["points_estimate"] for c in found["channels"]], [estimate, estimate])
                 self.assertEqual([c["points"] for c in found["channels"]], [-1, -1])
+
+
+class Recordings(WithFolder):
+    def test_every_id_gives_its_columns(self):
+        rows = [(k, -2 * k, 7, 1000 - k) for k in range(1203)]
+        columns = [[float(value) for value in column] for column in zip(*rows)]
+        entries = [Entry(3, mask=0b11, name="Kraft;links"), Entry(7, mask=0b1100, name="Weg", unit="mm")]
+        by_rows = b"".join(struct.pack("<4f", *row) for row in rows)
+        for file_id in (6001, 6002, 6011, 6012):
+            with self.subTest(file_id):
+                data = by_rows if file_id < 6010 else b"".join(raw(column) for column in columns)
+                path = self.file("lauf.MEA", recorder_file(file_id, entries, len(rows), data, sample_format=1257,
+                                                           reduce_factor=50))
+                for number, column in enumerate(columns, 1):
+                    self.assertEqual(trendaro("values", "--raw", path, number).stdout, raw(column))
+                found = json.loads(trendaro("info", "--json", path, 3).stdout)
+                self.assertEqual(found["id"], file_id)
+                self.assertEqual(found["channel_count"], 4 if file_id == 6002 else 2)
+                self.assertEqual(found["reduce_factor"], 50 if file_id in (6002, 6012) else 0)
+                self.assertEqual([c["name"] for c in found["channels"]], ["Kraft", "Kraft", "Weg", "Weg"])
+                self.assertEqual([c["points"] for c in found["channels"]], [1203] * 4)
+                self.assertEqual(found["date"], RECORDER_DATE)
+                self.assertEqual(found["comment"], "\0\0" + "Prüfstand 3".ljust(78))
+                self.assertIsNone(found["channel"]["extras"])
+
+    def test_time_is_summed_with_its_carry(self):
+        entries = [Entry(1), Entry(17, unit="ms"), Entry(18, unit="ms", scale=30000.0 * 65536)]
+        data = b"".join(struct.pack("<hHH", k, 65535 - k, k) for k in range(3))
+        path = self.file("lauf.MEA", recorder_file(6001, entries, 3, data))
+        values = [float(line) for line in trendaro("values", path, 2).stdout.split()]
+        for k, value in enumerate(values):
+            self.assertAlmostEqual(value / (65535 - k + 65536 * k), 1, delta=1e-6)
+        found = json.loads(trendaro("info", "--json", path).stdout)
+        self.assertEqual((found["channel_count"], len(found["channels"])), (2, 3))
+
+    def test_section_is_a_recording_with_the_date_of_its_first_row(self):
+        entries = [Entry(1), Entry(2)]
+        rows = [struct.pack("<hh", k, -k) for k in range(900)]
+        source = self.file("lauf.MEA", recorder_file(6001, entries, 900, b"".join(rows)))
+        target = os.path.join(self.folder, "teil.MEA")
+        result = trendaro("section", "--first", 500, "--count", 300, source, target)
+        self.assertEqual((result.returncode, result.stdout, result.stderr), (0, b"", b""))
+        # 500 rows at 100 Hz are 5 seconds.
+        expected = recorder_file(6001, entries, 300, b"".join(rows[500:800]))
+        expected = expected.replace(fixed(RECORDER_DATE, 26), fixed("05.03.2021 12:35:01", 26))
+        self.assertEqual(content(target), expected)
+        self.assertEqual(trendaro("section", "--first", 0, "--count", 1, source, target).returncode, 1)
+        self.assertEqual(content(target), expected)
+
+
+class Reduced(WithFolder):
+    def setUp(self):
+        super().setUp()
+        self.samples = [float((k * 7919) % 1000) for k in range(1040)]
+        self.source = self.file("lauf.bin", standard_file(5012, [Channel("a", "V", self.samples)]))
+        self.target = os.path.join(self.folder, "lauf.REB")
+
+    def expected(self):
+        """Ten whole blocks of 100, and the rest of 40 as a block of its own."""
+        values = []
+        for begin in range(0, 1040, 100):
+            block = self.samples[begin:begin + 100]
+            low, high = min(block), max(block)
+            values += [low, high] if block.index(low) < block.index(high) else [high, low]
+        return standard_file(5012, [Channel("a", "V", values)], reduce_block=100)
+
+    def test_blocks_become_pairs_in_order_of_occurrence(self):
+        result = trendaro("reduce", self.source)
+        self.assertEqual((result.returncode, result.stdout, result.stderr), (0, b"", b""))
+        self.assertEqual(content(self.target), self.expected())
+
+    def test_a_terminal_shows_the_progress(self):
+        controller, terminal = pty.openpty()
+        result = subprocess.run([PROGRAM, "reduce", self.source], stderr=terminal, timeout=60)
+        os.close(terminal)
+        shown = os.read(controller, 65536).decode()
+        os.close(controller)
+        self.assertEqual(result.returncode, 0)
+        self.assertTrue(shown.endswith(" 100 %\r\n"), shown)
+
+    def test_the_longest_file_of_the_system_is_a_failure_with_words(self):
+        def short_files():
+            resource.setrlimit(resource.RLIMIT_FSIZE, (400, 400))
+
+        for call in (["reduce", self.source], ["values", self.source, "1"]):
+            with open(os.path.join(self.folder, "ausgabe"), "wb") as output:
+                result = subprocess.run([PROGRAM, *call], stdout=output, stderr=subprocess.PIPE, timeout=60,
+                                        preexec_fn=short_files)
+            self.assertEqual(result.returncode, 1, call)
+            self.assertIn(b"Fehler", result.stderr)
 
 
 class Failures(WithFolder):

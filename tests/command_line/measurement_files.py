@@ -71,11 +71,14 @@ def standard_file(file_id, channels, padded_length=0, reduce_block=0):
     if since(5011):
         head += counted("") * 31 + counted("vorbehalten")
     head += i16(len(channels))
+    offsets_place = len(head) + 4
+    points_places = []
     if since(5010):
         head += i32(padded_length) + i32(0) * len(channels) + i32(reduce_block)
     for number, channel in enumerate(channels, 1):
         if since(5006):
             head += i16(number)
+        points_places.append(len(head))
         head += i32(len(channel.values)) + counted(channel.name) + counted(channel.unit)
         if not since(5010):
             head += counted("05.03.2021") + counted("12:30:00")
@@ -90,6 +93,11 @@ def standard_file(file_id, channels, padded_length=0, reduce_block=0):
             head += extras()
         if since(5012):
             head += i32(3) + b"xyz"
+    if since(5010):
+        offsets = b"".join(i32(place) for place in points_places)
+        head = head[:offsets_place] + offsets + head[offsets_place + len(offsets):]
+    if since(5009):
+        head = head[:2] + i32(len(head)) + head[6:]
     for channel in channels:
         head += struct.pack("<%dd" % len(channel.values), *channel.values)
         head += f64(0) * max(0, padded_length - len(channel.values))
@@ -118,3 +126,39 @@ def block_file(file_id, channels, block_points=100):
                 data += i32(len(part))
             data += struct.pack("<%dd" % len(part), *part)
     return head + data
+
+
+@dataclass
+class Entry:
+    """One entry of a recording's channel table."""
+
+    channel: int
+    mask: int = 1
+    unit: str = "V"
+    name: str = ""
+    scale: float = 30000.0  # a raw sample of 16 bits is its own value
+    offset: float = 0.0
+
+    def has_settings(self):
+        return self.channel < 17
+
+    def settings(self):
+        return ('"%s"' % self.name).encode("cp1252").ljust(47) + bytes(225 - 47)
+
+
+RECORDER_DATE = "Fri Mar 05 12:34:56 2021"
+
+
+def recorder_file(file_id, entries, row_count, data, sample_format=1255, rate_code=6308, reduce_factor=0):
+    """A recording; `data` are the bytes of its data part."""
+    header = 32 + 20 * len(entries)
+    blocks = b"".join(entry.settings() for entry in entries if entry.has_settings())
+    # The date is looked for behind a block for each entry but the carry of the time.
+    blocks = blocks.ljust(225 * sum(entry.channel != 18 for entry in entries), b"\0")
+    offset = header + len(blocks) + 26 + 160
+    places = i32(reduce_factor) + i32(offset) if file_id in (6002, 6012) else i32(offset) + i32(0)
+    table = b"".join(i32(entry.channel) + f32(entry.scale) + f32(entry.offset) +
+                     entry.unit.encode("cp1252").ljust(4) + i32(entry.mask) for entry in entries)
+    fields = i32(file_id) + i32(len(entries)) + i32(0) + i32(row_count) + i32(sample_format) + i32(rate_code)
+    return (fields + places + table + blocks + fixed(RECORDER_DATE, 26) + "Prüfstand 3".encode("cp1252").ljust(160) +
+            data)
