@@ -4,6 +4,7 @@
 #include <limits>
 
 #include "app/model.h"
+#include "app/paths.h"
 #include "files/loader.h"
 
 namespace trendaro {
@@ -18,14 +19,14 @@ std::span<const f64> first_values(const Model& model, std::size_t count) {
   return values.first(std::min(count, values.size()));
 }
 
-i32 count_of_values(const Model& model) {
-  constexpr auto kMost = static_cast<std::size_t>(std::numeric_limits<i32>::max());
-  return static_cast<i32>(std::min(model.FileChannelValues.size(), kMost));
-}
-
 void take_reduction(const CurveTask& task, i32 factor, const std::string& date_text) {
   if (task.model.PlotReduceFactor.has(task.number)) task.model.PlotReduceFactor[task.number] = factor;
   if (task.model.PlotDateTexts.has(task.number)) task.model.PlotDateTexts[task.number] = date_text;
+}
+
+std::string upper_extension(const std::string& path) {
+  const auto dot = path.find_last_of('.');
+  return dot == std::string::npos ? std::string() : upper(path.substr(dot + 1));
 }
 
 }  // namespace
@@ -48,6 +49,15 @@ void load_description(Model& model, const std::string& path, i16 channel) {
 
 void erase_file_values(Model& model) {
   model.FileChannelValues = {};
+}
+
+void find_length(CurveTask& task, std::size_t count, LoadStatus status) {
+  if (task.points != -1) return;
+  task.points = 0;
+  if (status == LoadStatus::NotOpened) return;
+  constexpr auto kMost = static_cast<std::size_t>(std::numeric_limits<i32>::max());
+  task.points = task.plot.Points = static_cast<i32>(std::min(count, kMost));
+  if (task.make_room) task.make_room(task);
 }
 
 std::size_t axis_of(const PlotRecord& plot) {
@@ -108,7 +118,7 @@ void read_block_values(CurveTask& task) {
   Model& model = task.model;
   load_values(model, task.path, task.plot.ChannelIndex, true);
   take_reduction(task, model.FileReduceBlock, model.FileDateText);
-  if (task.points == -1) task.points = task.plot.Points = count_of_values(model);
+  find_length(task, model.FileChannelValues.size(), static_cast<LoadStatus>(model.LastDatabaseStatus));
   const auto values = first_values(model, static_cast<std::size_t>(std::max(task.points, 0)));
   write_values(task.slot.DrawY, values, task.scale());
 }
@@ -117,6 +127,14 @@ void read_x_channel(const CurveTask& task) {
   load_values(task.model, task.path, task.plot.XSource, false);
   write_x(task.slot, first_values(task.model, static_cast<std::size_t>(std::max(task.points, 0))),
           task.plot.XOffset);
+}
+
+void take_plain_date(const CurveTask& task) {
+  Model& model = task.model;
+  if (!model.PlotDateTexts.has(task.number)) return;
+  const std::string extension = upper_extension(task.path);
+  if (extension == "MEA") model.PlotDateTexts[task.number] = readable_date(model.FileDateText);
+  if (extension == "DAT") model.PlotDateTexts[task.number] = model.FileDateText;
 }
 
 TimeLine reduced_time_line(const CurveTask& task, f64 factor) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <array>
+#include <functional>
 #include <string>
 
 #include "app/types.h"
@@ -21,6 +22,8 @@ struct CurveTask {
   std::string path;
   i32 points;  // samples, pairs counted double
   CurveSlot slot;
+  // Told the length of a plot that was not known (-1) before its values were there; may give a larger slot.
+  std::function<void(CurveTask& task)> make_room = {};
 
   [[nodiscard]] i16 sign() const { return plot.InvertFlag == 1 ? i16{-1} : i16{1}; }
   [[nodiscard]] DisplayScale scale() const { return {plot.YOffset, sign()}; }
@@ -38,6 +41,10 @@ void report_status(Model& model, const std::string& path, LoadStatus status);
 
 // Frees the values that the last load left.
 void erase_file_values(Model& model);
+
+// Takes `count` over as the length of the task and its plot where none was known (-1). A file that did not
+// open told none: the task draws nothing and the plot's length stays open for the next time.
+void find_length(CurveTask& task, std::size_t count, LoadStatus status);
 
 // Place of a plot's axis in AxisUnits and in the axis titles.
 std::size_t axis_of(const PlotRecord& plot);
@@ -66,6 +73,10 @@ void read_block_values(CurveTask& task);
 
 // x from a channel of the same file, one value a point.
 void read_x_channel(const CurveTask& task);
+
+// The date text of a plain plot, by the file's extension: a recording's in readable form, that of a ".DAT"
+// file as it stands; any other file leaves the plot's as it was.
+void take_plain_date(const CurveTask& task);
 
 // The time line of a reduced curve, by the reduce factor that its file gave. Without a date axis the line
 // starts at 0, on purpose.

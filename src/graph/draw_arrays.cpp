@@ -1,6 +1,7 @@
 #include "graph/draw_arrays.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace trendaro {
 namespace {
@@ -42,6 +43,20 @@ DrawArrays make_draw_arrays(i32 curves, i32 slot_length, DrawKind kind, f64 null
   else
     arrays.DrawX.assign(values, 0);
   return arrays;
+}
+
+void grow_slots(DrawArrays& arrays, i32 curves, i32 slot_length, DrawKind kind, f64 null_y) {
+  if (static_cast<std::size_t>(std::max(slot_length, 0)) <= arrays.slot_length) return;
+  DrawArrays grown = make_draw_arrays(curves, slot_length, kind, null_y);
+  for (i32 curve = 0; curve < curves; ++curve) {
+    const CurveSlot from = slot_of(arrays, static_cast<std::size_t>(curve));
+    const CurveSlot to = slot_of(grown, static_cast<std::size_t>(curve));
+    std::ranges::copy(from.DrawY, to.DrawY.begin());
+    std::ranges::copy(from.DrawYDatabase, to.DrawYDatabase.begin());
+    std::ranges::copy(from.DrawX, to.DrawX.begin());
+    std::ranges::copy(from.DrawXII, to.DrawXII.begin());
+  }
+  arrays = std::move(grown);
 }
 
 CurveSlot slot_of(DrawArrays& arrays, std::size_t curve) {

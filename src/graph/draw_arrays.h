@@ -33,6 +33,10 @@ struct DrawKind {
 // Arrays for `curves` curves, y filled with `null_y` and x with 0. Throws std::bad_alloc.
 DrawArrays make_draw_arrays(i32 curves, i32 slot_length, DrawKind kind, f64 null_y);
 
+// Gives the slots of `curves` curves `slot_length` elements, keeping what they hold; slots never shrink. The
+// new elements are null in y and 0 in x. Throws std::bad_alloc.
+void grow_slots(DrawArrays& arrays, i32 curves, i32 slot_length, DrawKind kind, f64 null_y);
+
 // The slot of a curve, from 0.
 CurveSlot slot_of(DrawArrays& arrays, std::size_t curve);
 

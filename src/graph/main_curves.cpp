@@ -1,7 +1,6 @@
 #include "graph/main_curves.h"
 
 #include <algorithm>
-#include <filesystem>
 #include <string>
 
 #include "app/attempt.h"
@@ -110,20 +109,6 @@ void read_database_samples(CurveTask& task, MainReading& reading, std::size_t le
   pad_x(single_precision, points, model.PESG.pending.NullDataValueX);
 }
 
-std::string upper_extension(const std::string& path) {
-  const auto dot = path.find_last_of('.');
-  return dot == std::string::npos ? std::string() : upper(path.substr(dot + 1));
-}
-
-// Only these two kinds of files carry a date that is shown.
-void take_plain_date(const CurveTask& task) {
-  Model& model = task.model;
-  if (!model.PlotDateTexts.has(task.number)) return;
-  const std::string extension = upper_extension(task.path);
-  if (extension == "MEA") model.PlotDateTexts[task.number] = readable_date(model.FileDateText);
-  if (extension == "DAT") model.PlotDateTexts[task.number] = model.FileDateText;
-}
-
 void take_plain_description(const CurveTask& task) {
   Model& model = task.model;
   if (model.PlotReduceFactor.has(task.number)) model.PlotReduceFactor[task.number] = model.FileReduceFactor;
@@ -224,7 +209,7 @@ void read_plain_curve(CurveTask& task, MainReading& reading) {
   LoadStatus status = LoadStatus::Done;
   std::span<const f64> samples = plain_samples(model, task.number, task.path, status);
   report_status(model, task.path, status);
-  if (task.points == -1) task.points = task.plot.Points = static_cast<i32>(samples.size());
+  find_length(task, samples.size(), status);
   samples = samples.first(std::min(samples.size(), static_cast<std::size_t>(std::max(task.points, 0))));
   take_plain_description(task);
   draw_plain_samples(task, reading, samples, model.HasFullDataPlot && model.DisplayCompression);

@@ -52,14 +52,37 @@ void read_curve(CurveTask& task, MainReading& reading) {
   }
 }
 
-void read_plot(Model& model, i16 number, const CurveSlot& slot, MainReading& reading) {
+DrawKind kind_of_arrays(const Model& model) {
+  return {.database = model.OriginalDataMode, .date_axis = model.DateAxis};
+}
+
+DrawArrays arrays_of_graph(const Model& model) {
+  return make_draw_arrays(model.PESG.pending.SubsetCount, model.ViewPoints, kind_of_arrays(model),
+                          model.PESG.pending.NullDataValue);
+}
+
+// A length that turned out with the values may need larger slots. They never shrink meanwhile.
+void make_room(CurveTask& task, DrawArrays& arrays, std::size_t curve) {
+  Model& model = task.model;
+  if (task.plot.FileKind == kKindReducedBlock)
+    model.ViewPoints = std::max(model.ViewPoints, task.points);
+  else
+    size_again(model, task.points);
+  model.ViewPoints = std::max(model.ViewPoints, static_cast<i32>(arrays.slot_length));
+  grow_slots(arrays, model.PESG.pending.SubsetCount, model.ViewPoints, kind_of_arrays(model),
+             model.PESG.pending.NullDataValue);
+  task.slot = slot_of(arrays, curve);
+}
+
+void read_plot(Model& model, i16 number, DrawArrays& arrays, std::size_t curve, MainReading& reading) {
   PlotRecord& plot = model.Plots[number];
   CurveTask task{.model = model,
                  .plot = plot,
                  .number = number,
                  .path = plot_path(plot),
                  .points = plot.Points,
-                 .slot = slot};
+                 .slot = slot_of(arrays, curve),
+                 .make_room = [&](CurveTask& longer) { make_room(longer, arrays, curve); }};
   attempt([&] { read_curve(task, reading); });
   attempt([&] { erase_file_values(model); });
 }
@@ -71,15 +94,9 @@ void read_curves(Model& model, DrawArrays& arrays, MainReading& reading) {
     if (!on_show(model, model.Plots[number])) continue;
     model.shell.show_status(1, "Einlesen der Daten für Kurve " + std::to_string(number) + ".......");
     attempt([&] { describe_curve(model.PESG, model.Plots[number], curve); });
-    read_plot(model, number, slot_of(arrays, static_cast<std::size_t>(curve)), reading);
+    read_plot(model, number, arrays, static_cast<std::size_t>(curve), reading);
     ++curve;
   }
-}
-
-DrawArrays arrays_of_graph(const Model& model) {
-  const DrawKind kind{.database = model.OriginalDataMode, .date_axis = model.DateAxis};
-  return make_draw_arrays(model.PESG.pending.SubsetCount, model.ViewPoints, kind,
-                          model.PESG.pending.NullDataValue);
 }
 
 }  // namespace

@@ -117,6 +117,16 @@ i32 plausible_points(i32 points, const std::string& path) {
   return std::max(kSmall, static_cast<i32>(std::min<std::uintmax_t>(static_cast<u32>(points), bytes)));
 }
 
+void size_again(Model& model, i32 points) {
+  if (points <= model.LongestFullPoints) return;
+  model.LongestFullPoints = points;
+  model.ViewPoints = std::max(model.ViewPoints, points);
+  if (!model.HasFullDataPlot || !model.DisplayCompression) return;
+  if (model.CompressTarget == 0) model.CompressTarget = kDefaultTarget;
+  model.CompressFactor = std::max(round_to_i32(static_cast<f64>(model.ViewPoints) / model.CompressTarget), 1);
+  model.ViewPoints = round_to_i32(static_cast<f64>(model.ViewPoints) / model.CompressFactor);
+}
+
 i32 size_main_graph(Model& model) {
   // The original samples of a zoom, and a list that has lost a plot, start afresh; otherwise slots only grow.
   if (model.OriginalDataMode || model.MaxViewPoints == 0) model.ViewPoints = 0;

@@ -14,6 +14,10 @@ bool on_show(const Model& model, const PlotRecord& plot);
 // what belongs to compression. Returns the number of curves.
 i32 size_main_graph(Model& model);
 
+// Sizes the view again for a plain plot whose length turned out only with its values, when it is the longest
+// one: the samples of a pair follow from ViewPoints and not from the plot, on purpose.
+void size_again(Model& model, i32 points);
+
 // A count of points that the file can hold. What a header merely claims is bounded by the bytes of the file
 // before it sizes memory; small counts stand.
 i32 plausible_points(i32 points, const std::string& path);

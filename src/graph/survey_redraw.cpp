@@ -83,20 +83,9 @@ struct SurveyReading {
   i32 curves = 0;
 };
 
-void grow_slots(const Model& model, SurveyReading& reading, i32 length) {
-  const auto wanted = static_cast<std::size_t>(std::max(length, 0));
-  if (wanted <= reading.arrays.slot_length) return;
-  DrawArrays grown =
-      make_draw_arrays(reading.curves, length, {.database = false, .date_axis = model.DateAxis},
-                       model.PESGSurvey.pending.NullDataValue);
-  for (i32 curve = 0; curve < reading.curves; ++curve) {
-    const CurveSlot from = slot_of(reading.arrays, static_cast<std::size_t>(curve));
-    const CurveSlot to = slot_of(grown, static_cast<std::size_t>(curve));
-    std::ranges::copy(from.DrawY, to.DrawY.begin());
-    std::ranges::copy(from.DrawX, to.DrawX.begin());
-    std::ranges::copy(from.DrawXII, to.DrawXII.begin());
-  }
-  reading.arrays = std::move(grown);
+void make_slots_hold(const Model& model, SurveyReading& reading, i32 length) {
+  grow_slots(reading.arrays, reading.curves, length, {.database = false, .date_axis = model.DateAxis},
+             model.PESGSurvey.pending.NullDataValue);
 }
 
 std::size_t points_of(const CurveTask& task) {
@@ -148,6 +137,9 @@ void write_plain_line(CurveTask& task, const SurveyReading& reading) {
 
 void read_plain(CurveTask& task, const SurveyReading& reading) {
   Model& model = task.model;
+  load_values(model, task.path, task.plot.ChannelIndex, true);
+  find_length(task, model.FileChannelValues.size(), static_cast<LoadStatus>(model.LastDatabaseStatus));
+  take_plain_date(task);
   const std::span<const f64> values = model.FileChannelValues;
   write_values(task.slot.DrawY, values.first(std::min(values.size(), points_of(task))), task.scale());
   pad_y(task.slot.DrawY, points_of(task), model.PESG.pending.NullDataValue);
@@ -160,17 +152,7 @@ void read_plain(CurveTask& task, const SurveyReading& reading) {
     write_counted_points(task);
 }
 
-// The length of a plot that was not known before its values are there.
-void find_length(CurveTask& task, SurveyReading& reading, std::size_t curve) {
-  Model& model = task.model;
-  const auto count = static_cast<i32>(std::min<std::size_t>(model.FileChannelValues.size(), 0x7fffffff));
-  task.points = task.plot.Points = count;
-  if (model.SurveyPlots[task.number].FileKind == kKindPlain) model.Plots[task.number].Points = count;
-  grow_slots(model, reading, count);
-  task.slot = slot_of(reading.arrays, curve);
-}
-
-void read_survey_curve(CurveTask& task, SurveyReading& reading, std::size_t curve) {
+void read_survey_curve(CurveTask& task, const SurveyReading& reading) {
   Model& model = task.model;
   const SurveyKind kind = kind_to_read(model, task.number);
   if (kind == SurveyKind::None) return;
@@ -178,16 +160,10 @@ void read_survey_curve(CurveTask& task, SurveyReading& reading, std::size_t curv
     load_description(model, task.path, task.plot.ChannelIndex);
     return take_file_unit(model, task.plot, model.SurveyAxisTitles);
   }
-  if (kind == SurveyKind::Pairs) {
-    if (task.points == -1) task.points = pair_length(model, task.plot);
-    return read_pairs(task, reading);
-  }
-  const bool length_unknown = task.points == -1;
-  if (kind == SurveyKind::Plain || length_unknown)
-    load_values(model, task.path, task.plot.ChannelIndex, kind == SurveyKind::Plain);
-  if (length_unknown) find_length(task, reading, curve);
   if (kind == SurveyKind::Plain) return read_plain(task, reading);
-  read_block(task, reading);
+  if (kind == SurveyKind::Block) return read_block(task, reading);
+  if (task.points == -1) task.points = pair_length(model, task.plot);
+  read_pairs(task, reading);
 }
 
 void read_plot(Model& model, i16 number, SurveyReading& reading, bool settings_only) {
@@ -201,8 +177,13 @@ void read_plot(Model& model, i16 number, SurveyReading& reading, bool settings_o
                  .number = number,
                  .path = plot_path(plot),
                  .points = plot.Points,
-                 .slot = slot_of(reading.arrays, curve)};
-  attempt([&] { read_survey_curve(task, reading, curve); });
+                 .slot = slot_of(reading.arrays, curve),
+                 .make_room = [&](CurveTask& longer) {
+                   if (longer.plot.FileKind == kKindPlain) model.Plots[number].Points = longer.points;
+                   make_slots_hold(model, reading, longer.points);
+                   longer.slot = slot_of(reading.arrays, curve);
+                 }};
+  attempt([&] { read_survey_curve(task, reading); });
   attempt([&] { erase_file_values(model); });
 }
 
@@ -236,6 +217,7 @@ void take_zoom_box_limits(Model& model) {
 void size_graph(Model& model, SurveyReading& reading) {
   attempt([&] { InitSurvGraph(model); });
   model.PESGSurvey.pending.SubsetCount = reading.curves;
+  if (reading.curves == 0) model.AxisUnits.fill({});
   const i32 length = longest_slot(model);
   attempt([&] {
     reading.arrays =

@@ -26,7 +26,7 @@ struct ZoomWindow {
   i32 MaxZoomPoints = 10000;   // most points taken into a zoom
   i32 ScrollInterval = 100;    // scroll step in points
   f64 CompressedDXMax = 0;     // largest x step of any plot in the compressed display
-  i32 ActiveReduceFactor = 0;  // reduce factor of the plot that the redraw handled last
+  i32 ActiveReduceFactor = 0;  // reduce factor of the plot with the most original points; 0 with no plots
   i32 MaxViewPoints = 0;       // largest compressed point count of any plot
   i32 MaxPlotPoints = 0;       // largest plain plot
   i16 LayerShift = 0;

@@ -1,5 +1,7 @@
 #include "graph/survey_redraw.h"
 
+#include <cmath>
+
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -151,6 +153,26 @@ TEST_F(SurveyRedrawTest, DateAxisSwitchesDatesOnAndNothingSwitchesThemOff) {
   RedrawSurvGraph(model, false);
   EXPECT_EQ(shown().DateTimeMode, 1);
   EXPECT_FALSE(shown().UsingXDataII);
+}
+
+TEST_F(SurveyRedrawTest, DateOfAPlainRecordingInAHiddenLayerIsTaken) {
+  RecorderBuilder file{.id = 6011, .row_count = 2, .entries = {{}}};
+  file.data.values({1, 2});
+  add_plot(write("Lauf.MEA", file.build()), 1, kKindPlain, 2);
+  model.FirstLayer = 2;
+  model.DateAxis = true;
+  model.TimeUnit = 4;
+  RedrawSurvGraph(model, false);
+  EXPECT_EQ(model.PlotDateTexts[1], "Mar 05 2021 12:34:56");
+  // 5 March 2021 is day 44260.
+  EXPECT_EQ(std::floor((*shown().XDataII)[0]), 44260);
+}
+
+TEST_F(SurveyRedrawTest, EmptyListEmptiesTheUnits) {
+  model.AxisUnits[4] = "bar";
+  RedrawSurvGraph(model, false);
+  EXPECT_EQ(model.AxisUnits[4], "");
+  EXPECT_EQ(shown().SubsetCount, 0);
 }
 
 TEST_F(SurveyRedrawTest, UnreadableFileIsToldAndLeavesNullValues) {

@@ -23,6 +23,8 @@ class RecordingShell : public Shell {
   std::vector<FileDialog> dialogs;
   // Runs while a message is on screen.
   std::function<void()> during_message = [] {};
+  // Runs when a text has been put into a panel of the status bar.
+  std::function<void(const std::string& text)> during_status = [](const std::string&) {};
   // The rows of the last form with channel information, and what the user does there.
   std::vector<ChannelInfoRow> info_rows;
   std::vector<std::function<void(const ChannelInfoForm&)>> info_presses;
@@ -55,6 +57,7 @@ class RecordingShell : public Shell {
   }
   void show_status(int panel, const std::string& text) override {
     calls.push_back("status " + std::to_string(panel) + ": " + text);
+    during_status(text);
   }
   void show_progress(f64) override {}
   void show_wait_pointer(bool on) override { wait_pointers += on ? 1 : -1; }
