@@ -2,8 +2,10 @@
 
 #include <array>
 #include <cstddef>
+#include <map>
 #include <memory>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "app/types.h"
@@ -11,6 +13,7 @@
 
 namespace trendaro {
 
+struct CurveFits;
 struct CurveIndex;
 
 // Layers that a graph has room for; three of them are on show at most.
@@ -20,7 +23,24 @@ inline constexpr std::size_t kGraphLayers = 6;
 // linear, 2 logarithmic.
 struct LayerProperties {
 #define LAYER_PROPERTY(number, type, name, initial) type name = initial;
+#define LAYER_LIST(number, type, name) std::vector<type> name;
 #include "graph/graph_properties.def"
+};
+
+inline constexpr std::size_t kGraphTables = 6;
+
+struct TableCell {
+  std::string text;
+  i32 color = -1;  // 0x00BBGGRR; -1: that of the table
+};
+
+// A table of texts. TableLocation is 6 for the right of the graph, 100 + n for the inside of layer n, from 0.
+struct TableProperties {
+#define TABLE_PROPERTY(number, type, name, initial) type name = initial;
+#include "graph/graph_properties.def"
+
+  std::map<i32, i32> column_widths;                // by column from 0, in characters
+  std::map<std::pair<i32, i32>, TableCell> cells;  // by row and column from 0
 };
 
 // All settings of a graph. The curves' samples are shared and never written after they were handed over.
@@ -30,6 +50,7 @@ struct GraphProperties {
 #include "graph/graph_properties.def"
 
   std::array<LayerProperties, kGraphLayers> layers;
+  std::array<TableProperties, kGraphTables> tables;
 
   // SubsetCount x PointCount values, curve after curve. Null where nothing was handed over.
   std::shared_ptr<const FlatArray> XData;
@@ -38,6 +59,8 @@ struct GraphProperties {
 
   // Extremes of these data, made when they are taken over. Null before.
   std::shared_ptr<const CurveIndex> curve_index;
+  // Best fits of the curves whose method draws one. Null where there is none.
+  std::shared_ptr<const CurveFits> curve_fits;
 };
 
 // A curve whose plotting method carries this summand belongs to the right y axis of its layer.

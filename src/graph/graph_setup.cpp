@@ -34,6 +34,7 @@ Capture capture(const GraphSurface& surface) {
   graph.YData = nullptr;
   graph.XDataII = nullptr;
   graph.curve_index = nullptr;
+  graph.curve_fits = nullptr;
   graph.ManualMinX = static_cast<f32>(graph.ManualMinX);
   graph.ManualMaxX = static_cast<f32>(graph.ManualMaxX);
   for (std::size_t layer = 0; layer < kGraphLayers; ++layer) {
@@ -94,6 +95,10 @@ void write_look(GraphProperties& graph, const GraphProperties& kept) {
   graph.CursorStyle1 = kept.CursorStyle1;
   graph.CursorStyle2 = kept.CursorStyle2;
   graph.CursorStyle3 = kept.CursorStyle3;
+  // A cursor that outlives the set-up keeps its ways.
+  graph.CursorPromptStyle = kept.CursorPromptStyle;
+  graph.CursorPromptTracking = kept.CursorPromptTracking;
+  graph.MarkDataPoints = kept.MarkDataPoints;
 }
 
 // On purpose without the inverted flag: an inverted x axis lasts until the next set-up only.

@@ -43,6 +43,8 @@ void visit_stored(Properties& properties, Visit&& visit) {
     const std::string prefix = "layer " + std::to_string(i) + " ";
 #define LAYER_PROPERTY(number, type, name, initial) \
   if (is_stored(#name)) visit(prefix + #name, layer.name);
+#define LAYER_LIST(number, type, name) \
+  if (is_stored(#name)) visit(prefix + #name, layer.name);
 #include "graph/graph_properties.def"
   }
 }
@@ -91,6 +93,10 @@ bool fits(std::string_view, const auto&) {
 bool fits(std::string_view name, const i16& value) {
   if (name != "WorkingAxis" && name != "FirstVisibleAxis") return true;
   return value >= 0 && static_cast<std::size_t>(value) < kGraphLayers;
+}
+
+bool fits(std::string_view name, const i32& value) {
+  return name != "WorkingTable" || (value >= 0 && static_cast<std::size_t>(value) < kGraphTables);
 }
 
 void take_over(GraphProperties& properties, const Lines& lines) {

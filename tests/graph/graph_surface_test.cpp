@@ -165,5 +165,93 @@ TEST(GraphSurfaceTest, LayerThatDoesNotExistIsAnError) {
   EXPECT_THROW(graph.layer(), RunTimeError);
 }
 
+TEST(GraphSurfaceTest, TableThatDoesNotExistIsAnError) {
+  GraphSurface graph(1);
+  graph.pending.WorkingTable = 5;
+  graph.table().TableRows = 3;
+  EXPECT_EQ(graph.pending.tables[5].TableRows, 3);
+  EXPECT_EQ(PEnset(graph, 0x1083, 2), kPropertyDone);
+  EXPECT_EQ(graph.pending.tables[5].TableColumns, 2);
+  graph.pending.WorkingTable = 6;
+  EXPECT_THROW(graph.table(), RunTimeError);
+}
+
+TEST(GraphSurfaceTest, ARefreshShowsTheTablesAndNothingElse) {
+  GraphSurface graph(1);
+  set_cell_text(graph.table(), 2, 0, "x=5");
+  set_cell_color(graph.table(), 2, 0, 0xFF);
+  graph.pending.MainTitle = "noch nicht";
+  TableRefresh(graph, 0);
+  EXPECT_TRUE(graph.shown().tables[0].cells.empty());
+  TableRefresh(graph, 1);
+  EXPECT_EQ(graph.shown().tables[0].cells.at({2, 0}).text, "x=5");
+  EXPECT_EQ(graph.shown().tables[0].cells.at({2, 0}).color, 0xFF);
+  EXPECT_EQ(graph.shown().MainTitle, "");
+  EXPECT_EQ(graph.revision(), 1u);
+}
+
+TEST(GraphSurfaceTest, ADraggedLineShowsAtOnce) {
+  GraphSurface graph(1);
+  set_element(graph.pending.VertLineAnnotation, 0, 4.5);
+  graph.pending.MainTitle = "noch nicht";
+  write_show_annotations(graph, true);
+  EXPECT_TRUE(graph.shown().ShowAnnotations);
+  EXPECT_EQ(graph.shown().VertLineAnnotation, std::vector<f64>{4.5});
+  EXPECT_EQ(graph.shown().MainTitle, "");
+}
+
+TEST(GraphSurfaceTest, CommandsOfTheOutputGoToWhoTakesThem) {
+  GraphSurface graph(1);
+  PEactions(graph, kPrintGraph);
+  std::vector<i16> taken;
+  graph.output = [&](GraphSurface& from, i16 action) {
+    EXPECT_EQ(from.Handle, 1);
+    taken.push_back(action);
+  };
+  for (i16 action = 0; action <= 30; ++action) PEactions(graph, action);
+  EXPECT_EQ(taken, (std::vector<i16>{6, 8, 12, 13, 14, 15, 21, 22}));
+}
+
+TEST(GraphSurfaceTest, CellsComeFromTheDataOnShow) {
+  GraphSurface graph(1);
+  set_curves(graph.pending, 2, {0, 1, 10, 11}, {5, 6, 7, 8});
+  f64 value = -1;
+  EXPECT_EQ(PEvgetcellEx(graph, kYData, 0, 0, value), kPropertyUnknown);
+  PEactions(graph, kTakeOverAndRedraw);
+  EXPECT_EQ(PEvgetcellEx(graph, kYData, 1, 0, value), kPropertyDone);
+  EXPECT_EQ(value, 7);
+  EXPECT_EQ(PEvgetcellEx(graph, kXData, 1, 1, value), kPropertyDone);
+  EXPECT_EQ(value, 11);
+  EXPECT_EQ(PEvgetcellEx(graph, kXDataII, 1, 1, value), kPropertyUnknown);
+  for (const auto& [subset, point] : {std::pair(-1, 0), std::pair(0, -1), std::pair(2, 0), std::pair(0, 2)})
+    EXPECT_EQ(PEvgetcellEx(graph, kYData, subset, point, value), kPropertyUnknown);
+  EXPECT_EQ(value, 11);
+}
+
+TEST(GraphSurfaceTest, AnAxisThatGoesBackToItsDataIsScaledAgain) {
+  GraphSurface graph(1);
+  set_curves(graph.pending, 2, {0, 100}, {1, 3});
+  graph.pending.AutoPadPercent = 0;
+  graph.pending.layers[0].ManualScaleControlY = 3;
+  graph.pending.layers[0].ManualMaxY = 50;
+  PEactions(graph, kTakeOverAndRedraw);
+  graph.pending.layers[0].ManualScaleControlY = 0;
+  PEactions(graph, kRedrawFromSettings);
+  EXPECT_EQ(graph.shown().layers[0].ManualMinY, 1);
+  EXPECT_EQ(graph.shown().layers[0].ManualMaxY, 3);
+  EXPECT_EQ(graph.pending.layers[0].ManualMaxY, 3);
+}
+
+TEST(GraphSurfaceTest, SettingsAloneLeaveTheNullValueOfTheData) {
+  GraphSurface graph(1);
+  set_curves(graph.pending, 2, {0, 1}, {5, 6});
+  PEactions(graph, kTakeOverAndRedraw);
+  graph.pending.NullDataValue = 6;
+  PEactions(graph, kRedrawFromSettings);
+  EXPECT_EQ(graph.shown().NullDataValue, -1000000);
+  PEactions(graph, kTakeOverAndRedraw);
+  EXPECT_EQ(graph.shown().NullDataValue, 6);
+}
+
 }  // namespace
 }  // namespace trendaro

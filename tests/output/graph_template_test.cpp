@@ -40,10 +40,12 @@ GraphProperties filled(int seed) {
 #include "graph/graph_properties.def"
   for (LayerProperties& layer : all.layers) {
 #define LAYER_PROPERTY(number, type, name, initial) layer.name = sample_value<type>(seed++);
+#define LAYER_LIST(number, type, name) layer.name = {sample_value<type>(seed), sample_value<type>(seed + 1)};
 #include "graph/graph_properties.def"
   }
   all.WorkingAxis = 2;
   all.FirstVisibleAxis = 1;
+  all.WorkingTable = 4;
   return all;
 }
 
@@ -65,6 +67,7 @@ void expect_look_of(const GraphProperties& graph, const GraphProperties& look,
   EXPECT_EQ(graph.layers[i].name,                                                         \
             kSessionState.contains(#name) ? session.layers[i].name : look.layers[i].name) \
       << #name << " of layer " << i;
+#define LAYER_LIST(number, type, name) EXPECT_EQ(graph.layers[i].name, look.layers[i].name) << #name;
 #include "graph/graph_properties.def"
   }
 }
