@@ -11,7 +11,7 @@ struct Model;
 // of its entries. The table is the whole menu bar and both pop-up menus.
 struct Command {
   const char* name;     // "mnuTUnit(1)", object name of the entry
-  const char* caption;  // German, "&" ahead of the mnemonic; null for a separator
+  const char* caption;  // German, null for a separator; entries get a mnemonic unless they have a "&"
   const char* parent;   // name of the menu it stands in; null for a menu of the bar
   void (*run)(Model&);  // null for menus, and for entries whose work is not built yet: those are disabled
   bool tickable = false;

@@ -4,9 +4,12 @@
 #include <QMenu>
 #include <algorithm>
 #include <string_view>
+#include <utility>
+#include <vector>
 
 #include "app/commands.h"
 #include "app/controls.h"
+#include "app/mnemonics.h"
 #include "app/qt_text.h"
 
 namespace trendaro {
@@ -23,21 +26,49 @@ bool is_menu(const Command& command) {
           }));
 }
 
+// Captions with their mnemonics, in the order of the table; empty for separators. The menus of the bar have
+// theirs in the table.
+std::vector<std::string> captions_with_mnemonics() {
+  std::map<std::string_view, std::vector<std::size_t>> places;  // of a menu's entries in the table
+  std::vector<std::string> captions;
+  for (const Command& command : commands()) {
+    if (command.parent != nullptr && command.caption != nullptr)
+      places[command.parent].push_back(captions.size());
+    captions.emplace_back(command.caption == nullptr ? "" : command.caption);
+  }
+  for (const auto& [menu, entries] : places) {
+    std::vector<std::string> of_menu;
+    for (std::size_t place : entries) of_menu.push_back(captions[place]);
+    of_menu = with_mnemonics(std::move(of_menu));
+    for (std::size_t i = 0; i < entries.size(); ++i) captions[entries[i]] = of_menu[i];
+  }
+  return captions;
+}
+
+bool has_enabled_entry(const QMenu& menu) {
+  return std::ranges::any_of(menu.actions(), [](const QAction* entry) {
+    if (entry->isSeparator() || !entry->isVisible()) return false;
+    return entry->menu() == nullptr ? entry->isEnabled() : has_enabled_entry(*entry->menu());
+  });
+}
+
 }  // namespace
 
 MenuBar::MenuBar(QWidget* parent) : QMenuBar(parent) {
-  for (const Command& command : commands()) {
+  const std::vector<std::string> captions = captions_with_mnemonics();
+  for (std::size_t i = 0; i < captions.size(); ++i) {
+    const Command& command = commands()[i];
     QMenu* above = command.parent == nullptr ? nullptr : menu(command.parent);
     if (command.caption == nullptr) {
       above->addSeparator();
       continue;
     }
     if (is_menu(command)) {
-      QMenu* added = add_menu(command.name, command.caption, above);
+      QMenu* added = add_menu(command.name, captions[i].c_str(), above);
       if (above == nullptr && !is_popup(command)) addMenu(added);
       continue;
     }
-    QAction* entry = above->addAction(qt_text(command.caption));
+    QAction* entry = above->addAction(qt_text(captions[i]));
     entry->setObjectName(qt_text(command.name));
     entry->setCheckable(command.tickable);
     if (command.keys != nullptr) entry->setShortcut(QKeySequence(qt_text(command.keys)));
@@ -70,6 +101,12 @@ void MenuBar::mirror(const Controls& controls) {
     entry->setEnabled(state.enabled);
     entry->setVisible(state.visible);
     if (entry->isCheckable()) entry->setChecked(state.ticked);
+  }
+  // A menu within a menu that offers nothing is not opened.
+  for (const auto& [name, menu] : menus_) {
+    QAction* head = menu->menuAction();
+    if (qobject_cast<QMenu*>(menu->parentWidget()) != nullptr && head->isEnabled())
+      head->setEnabled(has_enabled_entry(*menu));
   }
 }
 

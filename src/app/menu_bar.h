@@ -18,7 +18,8 @@ class MenuBar : public QMenuBar {
  public:
   explicit MenuBar(QWidget* parent = nullptr);
 
-  // Brings enabled, visible and ticked of all entries in line with `controls`.
+  // Brings enabled, visible and ticked of all entries in line with `controls`. The head of a menu within a
+  // menu is enabled only while one of its entries is.
   void mirror(const Controls& controls);
 
   // The menu of that name; null for a name that is no menu.

@@ -1,11 +1,15 @@
 #include "app/message_boxes.h"
 
 #include <QFileDialog>
+#include <QGridLayout>
 #include <QInputDialog>
 #include <QLabel>
 #include <QMessageBox>
 #include <QPushButton>
+#include <QTimer>
+#include <algorithm>
 
+#include "app/file_dialog.h"
 #include "app/qt_text.h"
 
 namespace trendaro {
@@ -13,6 +17,8 @@ namespace {
 
 // Long prompts wrap at this width, in pixels.
 constexpr int kPromptWidth = 460;
+// What the frame of a window needs beside its title: picture, buttons and gaps, in pixels.
+constexpr int kFrameButtons = 200;
 
 QMessageBox::Icon box_icon(MessageIcon icon) {
   switch (icon) {
@@ -35,29 +41,30 @@ void prepare(QMessageBox& box, const QString& text, const QString& title) {
   box.setText(text);
 }
 
-// "Text (*.A)", or the pattern alone where it is the text as well.
-QString name_filter(const FileFilter& filter) {
-  if (filter.caption == filter.pattern) return qt_text(filter.pattern);
-  return QStringLiteral("%1 (%2)").arg(qt_text(filter.caption), qt_text(filter.pattern));
+// Width of a box whose title is not cut. The desktop's titles may be bold and somewhat larger than texts.
+int width_for_title(const QWidget& box) {
+  QFont font = box.font();
+  font.setBold(true);
+  return QFontMetrics(font).horizontalAdvance(box.windowTitle()) * 5 / 4 + kFrameButtons;
 }
 
-// The mode comes first, because setting it takes the buttons' texts back.
-void prepare(QFileDialog& box, const FileDialog& dialog, const QString& folder,
-             QFileDialog::AcceptMode mode) {
-  box.setAcceptMode(mode);
-  box.setObjectName(QStringLiteral("FileDialog"));
-  box.setWindowTitle(qt_text(dialog.title));
-  box.setOption(QFileDialog::DontUseNativeDialog);
-  box.setDirectory(folder);
-  QStringList filters;
-  for (const FileFilter& filter : dialog.filters) filters << name_filter(filter);
-  if (!filters.empty()) box.setNameFilters(filters);
-  if (!dialog.default_name.empty()) box.selectFile(qt_text(dialog.default_name));
-  box.setLabelText(QFileDialog::Reject, QStringLiteral("Abbrechen"));
+// A message box lays itself out for its text and buttons alone; a row of that width makes it as wide as its
+// title. It stands last, as every change of the box makes a new layout.
+void widen_for_title(QMessageBox& box) {
+  auto* grid = qobject_cast<QGridLayout*>(box.layout());
+  if (grid == nullptr) return;
+  auto* width = new QSpacerItem(width_for_title(box), 0, QSizePolicy::Minimum, QSizePolicy::Fixed);
+  grid->addItem(width, grid->rowCount(), 0, 1, grid->columnCount());
+}
+
+// Shows the box until it is answered. Without a window manager nobody else gives it the keyboard.
+int answer(QDialog& box) {
+  QTimer::singleShot(0, &box, &QWidget::activateWindow);
+  return box.exec();
 }
 
 QString chosen_file(QFileDialog& box) {
-  if (box.exec() != QDialog::Accepted) return {};
+  if (answer(box) != QDialog::Accepted) return {};
   const QStringList files = box.selectedFiles();
   return files.empty() ? QString() : files.first();
 }
@@ -69,7 +76,8 @@ void show_message_box(QWidget* parent, const QString& text, const QString& title
   prepare(box, text, title);
   box.setIcon(box_icon(icon));
   box.addButton(QStringLiteral("OK"), QMessageBox::AcceptRole)->setObjectName(QStringLiteral("OK"));
-  box.exec();
+  widen_for_title(box);
+  answer(box);
 }
 
 bool ask_yes_no_box(QWidget* parent, const QString& text, const QString& title) {
@@ -82,7 +90,8 @@ bool ask_yes_no_box(QWidget* parent, const QString& text, const QString& title) 
   no->setObjectName(QStringLiteral("Nein"));
   box.setDefaultButton(yes);
   box.setEscapeButton(no);
-  box.exec();
+  widen_for_title(box);
+  answer(box);
   return box.clickedButton() == yes;
 }
 
@@ -93,27 +102,23 @@ QString ask_text_box(QWidget* parent, const QString& prompt, const QString& titl
   box.setLabelText(prompt);
   for (QLabel* label : box.findChildren<QLabel*>()) {
     label->setWordWrap(true);
-    label->setMinimumWidth(kPromptWidth);
+    label->setMinimumWidth(std::max(kPromptWidth, width_for_title(box)));
   }
   box.setTextValue(preset);
   box.setOkButtonText(QStringLiteral("OK"));
   box.setCancelButtonText(QStringLiteral("Abbrechen"));
-  return box.exec() == QDialog::Accepted ? box.textValue() : QString();
+  return answer(box) == QDialog::Accepted ? box.textValue() : QString();
 }
 
 QString ask_open_file_box(QWidget* parent, const FileDialog& dialog, const QString& folder) {
   QFileDialog box(parent);
-  prepare(box, dialog, folder, QFileDialog::AcceptOpen);
-  box.setFileMode(QFileDialog::ExistingFile);
-  box.setLabelText(QFileDialog::Accept, QStringLiteral("Öffnen"));
+  prepare_open_dialog(box, dialog, folder);
   return chosen_file(box);
 }
 
 QString ask_save_file_box(QWidget* parent, const FileDialog& dialog, const QString& folder) {
   QFileDialog box(parent);
-  prepare(box, dialog, folder, QFileDialog::AcceptSave);
-  box.setFileMode(QFileDialog::AnyFile);
-  box.setLabelText(QFileDialog::Accept, QStringLiteral("Speichern"));
+  prepare_save_dialog(box, dialog, folder);
   return chosen_file(box);
 }
 

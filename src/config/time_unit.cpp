@@ -6,6 +6,7 @@
 
 #include "app/dates.h"
 #include "app/model.h"
+#include "datasource/grid_handlers.h"
 #include "graph/main_redraw.h"
 #include "graph/survey_redraw.h"
 #include "graph/time_axis.h"
@@ -55,6 +56,7 @@ void choose_time_unit(Model& model, i16 index) {
   if (!model.HasFullDataPlot) RedrawSurvGraph(model, false);
   if (model.Zoomed && !model.OriginalDataMode && old_unit >= 0 && old_unit < kUnits)
     carry_zoom_over(model, old_unit);
+  show_plot_status(model);
 }
 
 }  // namespace trendaro

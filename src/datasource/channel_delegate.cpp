@@ -14,18 +14,6 @@ constexpr int kActiveTint = 44;  // alpha of 255
 // Laid down for the cell of the last right click.
 constexpr QColor kHighlight(0, 0, 255);
 
-void paint_background(QPainter& painter, const QStyleOptionViewItem& option, bool highlighted) {
-  if (highlighted) {
-    painter.fillRect(option.rect, kHighlight);
-  } else if (option.state.testFlag(QStyle::State_Selected)) {
-    // The view has filled the row with the full colour; pictures and text read better on a tint of it.
-    painter.fillRect(option.rect, option.palette.color(QPalette::Base));
-    QColor tint = option.palette.color(QPalette::Highlight);
-    tint.setAlpha(kActiveTint);
-    painter.fillRect(option.rect, tint);
-  }
-}
-
 void paint_name(QPainter& painter, const QStyleOptionViewItem& option, const QModelIndex& index,
                 bool highlighted) {
   QFont font = option.font;
@@ -41,11 +29,23 @@ void paint_name(QPainter& painter, const QStyleOptionViewItem& option, const QMo
 
 }  // namespace
 
+void paint_row_colour(QPainter& painter, const QStyleOptionViewItem& option, const QModelIndex& index) {
+  if (index.data(ChannelTable::kHighlightRole).toBool()) {
+    painter.fillRect(option.rect, kHighlight);
+  } else if (option.state.testFlag(QStyle::State_Selected)) {
+    // The view has filled the row with the full colour; pictures and text read better on a tint of it.
+    painter.fillRect(option.rect, option.palette.color(QPalette::Base));
+    QColor tint = option.palette.color(QPalette::Highlight);
+    tint.setAlpha(kActiveTint);
+    painter.fillRect(option.rect, tint);
+  }
+}
+
 void ChannelDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
                             const QModelIndex& index) const {
   painter->save();
   const bool highlighted = index.data(ChannelTable::kHighlightRole).toBool();
-  paint_background(*painter, option, highlighted);
+  paint_row_colour(*painter, option, index);
   if (const QVariant picture = index.data(Qt::DecorationRole); picture.isValid()) {
     QRect place(0, 0, kPictureSize, kPictureSize);
     place.moveCenter(option.rect.center());

@@ -5,6 +5,7 @@
 #include <QHeaderView>
 #include <QHelpEvent>
 #include <QKeyEvent>
+#include <QPainter>
 #include <QScrollBar>
 #include <QToolTip>
 #include <algorithm>
@@ -97,6 +98,26 @@ void ChannelGrid::note_top_row() {
   if (const i32 row = table_->row_at(rowAt(0)); row > 0) rows_.top_row = row;
 }
 
+void ChannelGrid::paintEvent(QPaintEvent* event) {
+  QTableView::paintEvent(event);
+  QPainter painter(viewport());
+  paint_rest_of_row(painter, currentIndex().row());
+  if (const int highlighted = table_->highlighted_position(); highlighted != currentIndex().row())
+    paint_rest_of_row(painter, highlighted);
+}
+
+void ChannelGrid::paint_rest_of_row(QPainter& painter, int position) const {
+  const QModelIndex name = table_->index(position, 2);
+  if (!name.isValid()) return;
+  QStyleOptionViewItem option;
+  initViewItemOption(&option);
+  option.rect = visualRect(name);
+  option.rect.setLeft(option.rect.right() + 1);
+  option.rect.setRight(viewport()->width() - 1);
+  option.state.setFlag(QStyle::State_Selected, selectionModel()->isSelected(name));
+  paint_row_colour(painter, option, name);
+}
+
 void ChannelGrid::toggle(int position) {
   const i32 row = table_->row_at(position);
   if (rows_.rows.has(row)) Q_EMIT check_cell_clicked(row, rows_.rows[row].check == 1 ? 0 : 1);
@@ -104,6 +125,7 @@ void ChannelGrid::toggle(int position) {
 
 void ChannelGrid::currentChanged(const QModelIndex& current, const QModelIndex& previous) {
   QTableView::currentChanged(current, previous);
+  viewport()->update();
   if (!mirroring_ && current.isValid() && current.row() != previous.row())
     Q_EMIT row_chosen(table_->row_at(current.row()));
 }

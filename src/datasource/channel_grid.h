@@ -46,10 +46,13 @@ class ChannelGrid : public QTableView {
   void contextMenuEvent(QContextMenuEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
   bool viewportEvent(QEvent* event) override;
+  // The colour of a row runs on behind its name, to the edge of the list.
+  void paintEvent(QPaintEvent* event) override;
 
  private:
   // The properties that never change. Three columns show; the others stand in the records alone.
   void InitGridLayout();
+  void paint_rest_of_row(QPainter& painter, int position) const;
   void toggle(int position);
   void press_space();
   [[nodiscard]] bool typing() const;

@@ -31,6 +31,8 @@ class ChannelTable : public QAbstractTableModel {
   [[nodiscard]] i32 row_at(int position) const;
   // The position of a row; -1 for a hidden row.
   [[nodiscard]] int position_of(i32 row) const;
+  // The position of the row that carries the highlight; -1 for none.
+  [[nodiscard]] int highlighted_position() const { return position_of(state_.SelectedRow); }
 
   [[nodiscard]] int rowCount(const QModelIndex& parent = {}) const override;
   [[nodiscard]] int columnCount(const QModelIndex& parent = {}) const override;

@@ -40,6 +40,7 @@ void ClearGraph(Model& model) {
   free_curve_caches(model);
   unmark_all(model);
   redraw_both(model);
+  model.shell.show_status(2, "");
 }
 
 }  // namespace trendaro

@@ -25,17 +25,18 @@ void open_or_close_head(ChannelRows& list, bool open) {
   }
 }
 
+}  // namespace
+
 void show_plot_status(Model& model) {
   if (model.HasFullDataPlot) {
     model.shell.show_status(1,
                             "Nichtkomprimierter Kanal wird angezeigt. Zoom in Originalwerte nicht möglich!");
     model.shell.show_status(2, std::to_string(model.MaxViewPoints));
   } else if (!model.OriginalDataMode) {
+    model.shell.show_status(2, "");
     model.shell.show_status(1, "");
   }
 }
-
-}  // namespace
 
 void click_check_cell(Model& model, i32 row, i16 check) {
   if (model.ButtonLock || !model.Grid.rows.has(row)) return;

@@ -17,6 +17,10 @@ void InitDataSourceGrid(Model& model);
 // is up.
 void click_check_cell(Model& model, i32 row, i16 check);
 
+// The words of both status panels on the curves that are shown: that the view is limited by an uncompressed
+// channel, and to how many points. Empty without one; left alone in original data.
+void show_plot_status(Model& model);
+
 // A click that makes `row` active; 0 for none.
 void activate_row(Model& model, i32 row);
 

@@ -5,6 +5,7 @@
 #include "app/numbers.h"
 #include "app/toolbar.h"
 #include "datasource/file_list.h"
+#include "datasource/grid_handlers.h"
 #include "datasource/plot_list.h"
 #include "datasource/survey_presence.h"
 #include "datasource/x_range.h"
@@ -71,6 +72,7 @@ void redraw_without_removed(Model& model) {
   if (!was_zoomed || !model.HasFullDataPlot) RedrawSurvGraph(model, false);
   model.controls["ZoomPointsBox"].text =
       count_text(static_cast<f64>(model.MaxViewPoints) * model.ActiveReduceFactor / 2);
+  show_plot_status(model);
 }
 
 }  // namespace

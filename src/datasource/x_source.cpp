@@ -47,6 +47,7 @@ void mnuSetX(Model& model) {
   RebuildPlotList(model);
   redraw_curves(model);
   model.PreviousSource = model.xSrc.ListIndex;
+  show_plot_status(model);
 }
 
 void click_xSrc(Model& model, i16 index) {
@@ -61,6 +62,7 @@ void click_xSrc(Model& model, i16 index) {
     if (const auto points = window_points(model))
       model.controls["ZoomPointsBox"].text = std::to_string(*points);
   model.PreviousSource = index;
+  show_plot_status(model);
 }
 
 }  // namespace trendaro

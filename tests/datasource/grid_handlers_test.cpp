@@ -167,14 +167,14 @@ TEST_F(GridHandlersTest, LastPlainFileUnmarkedBringsTheSurveyBack) {
   EXPECT_EQ(shell.calls.back(), "status 1: ");
 }
 
-TEST_F(GridHandlersTest, OriginalDataKeepsTheFirstStatusPanel) {
+TEST_F(GridHandlersTest, OriginalDataKeepsTheStatusPanels) {
   add_file("run.REB", 1, 8);
   model.OriginalDataMode = true;
   click_check_cell(model, 1, 1);
   EXPECT_TRUE(shell.calls.empty());
   model.OriginalDataMode = false;
   click_check_cell(model, 1, 1);
-  EXPECT_EQ(shell.calls, (Texts{"status 1: "}));
+  EXPECT_EQ(shell.calls, (Texts{"status 2: ", "status 1: "}));
 }
 
 TEST_F(GridHandlersTest, LastUnmarkReleasesTheZoomTools) {

@@ -53,6 +53,22 @@ TEST_F(ChannelGridTest, ArrowsMoveTheActiveRowAndSpaceTogglesItsMark) {
   EXPECT_EQ(model.Grid.active_row, 2);
 }
 
+TEST_F(ChannelGridTest, ColourOfARowRunsOnToTheEdgeOfTheList) {
+  add_file("a.BIN", 3);
+  click_cell(1, 3);
+  right_click(2, 3);
+  find<QMenu>("mnuPOP1")->hide();
+  const QImage blue = grid()->viewport()->grab().toImage();
+  const int middle_of_blue = grid()->visualRect(grid()->model()->index(2, 2)).center().y();
+  EXPECT_EQ(blue.pixel(blue.width() - 2, middle_of_blue), qRgb(0, 0, 255));
+  click_cell(1, 3);
+  const QImage both = grid()->viewport()->grab().toImage();
+  const int middle_of_active = grid()->visualRect(grid()->model()->index(1, 2)).center().y();
+  EXPECT_EQ(both.pixel(both.width() - 2, middle_of_blue), qRgb(0, 0, 255));
+  EXPECT_EQ(both.pixel(both.width() - 2, middle_of_active), both.pixel(30, middle_of_active - 8));
+  EXPECT_NE(both.pixel(both.width() - 2, middle_of_active), qRgb(255, 255, 255));
+}
+
 TEST_F(ChannelGridTest, ArrowsPassOverHiddenRows) {
   add_file("a.BIN", 1);
   add_file("b.BIN", 4);

@@ -1,10 +1,13 @@
+#include <QDateTime>
 #include <QFileDialog>
+#include <QFileSystemModel>
 #include <QInputDialog>
 #include <QLabel>
 #include <QMessageBox>
 #include <QPushButton>
 #include <QRegularExpression>
 #include <QTimer>
+#include <QTreeView>
 #include <functional>
 
 #include "window/window_fixture.h"
@@ -64,6 +67,53 @@ TEST_F(DialogsTest, MessageShowsItsTextAsItStands) {
   });
   window_shell.show_message("Fehler in <Datei> & Übersicht", kProgramTitle, MessageIcon::Stop);
   EXPECT_EQ(text, QStringLiteral("Fehler in <Datei> & Übersicht"));
+}
+
+TEST_F(DialogsTest, BoxesAreWiderThanTheirTitles) {
+  const std::string title = "Dateierweiterung der originalen Mervan-Dateien";
+  int width = 0;
+  const auto measure = [&](QDialog& dialog) {
+    QApplication::processEvents();
+    width = dialog.width() - dialog.fontMetrics().horizontalAdvance(QString::fromStdString(title));
+    dialog.reject();
+  };
+  in_dialog(measure);
+  window_shell.show_message("Ja.", title, MessageIcon::None);
+  EXPECT_GE(width, 150);
+  in_dialog(measure);
+  EXPECT_FALSE(window_shell.ask_yes_no("Weiter?", title));
+  EXPECT_GE(width, 150);
+  in_dialog(measure);
+  EXPECT_EQ(window_shell.ask_text("Wert:", title, ""), "");
+  EXPECT_GE(width, 150);
+}
+
+TEST_F(DialogsTest, FileDialogShowsSizesAndDatesInGermanAndUncut) {
+  const std::string path = folder.file("Lauf.BIN");
+  write_file(path, std::string(2048, 'x'));
+  QFile file(QString::fromStdString(path));
+  ASSERT_TRUE(file.open(QIODevice::ReadWrite));
+  ASSERT_TRUE(file.setFileTime(QDateTime(QDate(2021, 10, 5), QTime(7, 8, 9)), QFile::FileModificationTime));
+  file.close();
+  in_dialog([&](QDialog& dialog) {
+    auto* list = dialog.findChild<QTreeView*>(QStringLiteral("treeView"));
+    ASSERT_NE(list, nullptr);
+    const auto* files = qobject_cast<QFileSystemModel*>(list->model());
+    ASSERT_NE(files, nullptr);
+    const QModelIndex name = files->index(QString::fromStdString(path));
+    const auto shown = [&](int column) {
+      return list->itemDelegate()->sizeHint({}, name.siblingAtColumn(column)).width();
+    };
+    const QFontMetrics font = list->fontMetrics();
+    EXPECT_GE(shown(3), font.horizontalAdvance(QStringLiteral("05.10.2021 07:08")));
+    QTRY_VERIFY(list->columnWidth(3) >= font.horizontalAdvance(QStringLiteral("05.10.2021 07:08")));
+    QTRY_VERIFY(list->columnWidth(1) >= shown(1));
+    EXPECT_GT(list->columnWidth(0), 200);
+    dialog.reject();
+  });
+  const FileDialog dialog{"Datei", {{"Alle Dateien", "*.*"}}, ""};
+
+  EXPECT_EQ(window_shell.ask_open_file(dialog), "");
 }
 
 TEST_F(DialogsTest, DialogTakesTheWaitPointerAwayForItsTime) {

@@ -4,11 +4,18 @@
 #include <QMenu>
 #include <QMimeData>
 #include <QToolButton>
+#include <map>
 
 #include "window/window_fixture.h"
 
 namespace trendaro {
 namespace {
+
+bool has_enabled_entry(const QMenu& menu) {
+  for (const QAction* entry : menu.actions())
+    if (!entry->isSeparator() && entry->menu() == nullptr && entry->isEnabled()) return true;
+  return false;
+}
 
 class MainWindowTest : public WindowTest {
  protected:
@@ -177,10 +184,59 @@ TEST_F(MainWindowTest, HiddenBoxTakesItsPlaceInTheBarAlong) {
 TEST_F(MainWindowTest, EntriesWithoutWorkAreDisabled) {
   for (const auto& [name, state] : model.controls.all()) {
     const auto* entry = window->findChild<QAction*>(QString::fromStdString(name));
-    if (entry != nullptr && !entry->isSeparator()) {
-      EXPECT_EQ(entry->isEnabled(), state.enabled) << name;
-    }
+    if (entry == nullptr || entry->isSeparator()) continue;
+    const bool in_a_menu = entry->menu() != nullptr && qobject_cast<QMenu*>(entry->menu()->parentWidget());
+    EXPECT_EQ(entry->isEnabled(), state.enabled && (!in_a_menu || has_enabled_entry(*entry->menu()))) << name;
   }
+}
+
+TEST_F(MainWindowTest, MenuInAMenuOpensWhileOneOfItsEntriesIsEnabled) {
+  EXPECT_TRUE(find<QAction>("mnuXUnit")->isEnabled());
+  for (int unit = 0; unit < 5; ++unit)
+    model.controls["mnuTUnit(" + std::to_string(unit) + ")"].enabled = false;
+  window->mirror();
+  EXPECT_FALSE(find<QAction>("mnuXUnit")->isEnabled());
+  model.controls["mnuTUnit(3)"].enabled = true;
+  window->mirror();
+  EXPECT_TRUE(find<QAction>("mnuXUnit")->isEnabled());
+  EXPECT_TRUE(find<QAction>("mnuAxes")->isEnabled());
+}
+
+// Both panels tell of the uncompressed channel, or are both empty.
+TEST_F(MainWindowTest, PanelsTellOfAnUncompressedChannelAsLongAsItIsShown) {
+  const auto panels = [&] {
+    std::map<std::string, std::string> last;
+    for (const std::string& call : user.calls)
+      if (call.starts_with("status ")) last[call.substr(7, 1)] = call.substr(10);
+    return last;
+  };
+  add_file("a.BIN", 2);
+  click_cell(1, 1);
+  EXPECT_TRUE(panels()["1"].starts_with("Nichtkomprimierter Kanal"));
+  EXPECT_EQ(panels()["2"], std::to_string(model.MaxViewPoints));
+  find<QAction>("mnuTUnit(0)")->trigger();
+  EXPECT_TRUE(panels()["1"].starts_with("Nichtkomprimierter Kanal"));
+  EXPECT_EQ(panels()["2"], std::to_string(model.MaxViewPoints));
+  click_cell(1, 3);
+  find<QAction>("mnuSetX")->trigger();
+  EXPECT_TRUE(panels()["1"].starts_with("Nichtkomprimierter Kanal"));
+  find<QComboBox>("xSrc")->setCurrentIndex(0);
+  Q_EMIT find<QComboBox>("xSrc")->activated(0);
+  EXPECT_TRUE(panels()["1"].starts_with("Nichtkomprimierter Kanal"));
+  click_cell(1, 1);
+  EXPECT_EQ(panels()["1"], "");
+  EXPECT_EQ(panels()["2"], "");
+  click_cell(2, 1);
+  EXPECT_NE(panels()["2"], "");
+  find<QAction>("mnuClearGraph")->trigger();
+  EXPECT_EQ(panels()["1"], "");
+  EXPECT_EQ(panels()["2"], "");
+  click_cell(2, 1);
+  EXPECT_NE(panels()["2"], "");
+  click_cell(0, 3);
+  QTest::keyClick(grid(), Qt::Key_Delete);
+  EXPECT_EQ(panels()["1"], "");
+  EXPECT_EQ(panels()["2"], "");
 }
 
 TEST_F(MainWindowTest, FailureOfAHandlerIsTold) {

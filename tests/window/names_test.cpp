@@ -20,7 +20,8 @@ class NamesTest : public WindowTest {
  protected:
   NamesTest() { open_window(); }
 
-  QString caption(const char* name) { return find<QAction>(name)->text(); }
+  // The words of an entry; the sign of its mnemonic is none of them.
+  QString caption(const char* name) { return find<QAction>(name)->text().remove(QLatin1Char('&')); }
 };
 
 TEST_F(NamesTest, EveryEntryOfTheTableIsAnActionOfItsName) {
@@ -55,12 +56,32 @@ TEST_F(NamesTest, ToolbarStandsInTheOrderOfItsTable) {
 }
 
 TEST_F(NamesTest, MenuTextsAreGerman) {
-  EXPECT_EQ(caption("mnuFile"), QStringLiteral("&Datei"));
+  EXPECT_EQ(caption("mnuFile"), QStringLiteral("Datei"));
   EXPECT_EQ(caption("mnuOpenFile"), QStringLiteral("Datei zu Kanalliste hinzufügen"));
   EXPECT_EQ(caption("mnuSaveAs"), QStringLiteral("Aussichtsgraphik speichern als..."));
   EXPECT_EQ(caption("mnuTUnit(4)"), QStringLiteral("Datum + Zeit"));
   EXPECT_EQ(caption("mnuSetX"), QStringLiteral("Als x-Datensatz verwenden"));
   EXPECT_EQ(caption("mnuAbout"), QStringLiteral("Über Trendaro..."));
+}
+
+TEST_F(NamesTest, CaptionsAreThoseOfTheTable) {
+  for (const Command& command : commands())
+    if (command.caption != nullptr) {
+      EXPECT_EQ(caption(command.name), QString::fromUtf8(command.caption).remove(QLatin1Char('&')));
+    }
+}
+
+TEST_F(NamesTest, EveryEntryOfAMenuHasAMnemonicOfItsOwn) {
+  for (const QMenu* menu : window->findChildren<QMenu*>()) {
+    QStringList keys;
+    for (const QAction* entry : menu->actions()) {
+      if (entry->isSeparator()) continue;
+      const QKeySequence key = QKeySequence::mnemonic(entry->text());
+      EXPECT_FALSE(key.isEmpty()) << entry->text().toStdString();
+      keys << key.toString();
+    }
+    EXPECT_EQ(keys.removeDuplicates(), 0) << menu->objectName().toStdString();
+  }
 }
 
 TEST_F(NamesTest, BarShowsTheMenusWithoutThePopups) {
