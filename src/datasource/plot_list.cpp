@@ -12,6 +12,7 @@
 #include "datasource/plot_carry_over.h"
 #include "files/dataset_header.h"
 #include "graph/curve_cache.h"
+#include "interact/annotation_tables.h"
 
 namespace trendaro {
 namespace {
@@ -140,20 +141,20 @@ void add_plot(Model& model, FormerPlots& former, const MarkedRow& marked, i16 x_
   model.SurveyPlots[number] = survey_copy(plot);
 }
 
-void drop_orphaned_annotations(Model& model) {
-  const auto count =
-      std::min(static_cast<std::size_t>(std::max<i16>(model.AnnotationCount, 0)), model.Annotations.size());
-  std::size_t kept = 0;
-  for (std::size_t i = 1; i <= count; ++i) {
-    if (model.Annotations[i].Plot >= 1 && !model.Annotations[i].Moved) continue;
-    if (++kept != i) model.Annotations[kept] = std::move(model.Annotations[i]);
-  }
-  model.Annotations.resize(kept);
-  model.AnnotationCount = static_cast<i16>(kept);
-  for (AnnotationRecord& annotation : model.Annotations) {
+// Annotations of plots that have gone go with them, without a question; the others take the colour of theirs.
+void follow_plots(Model& model) {
+  if (model.AnnotationCount <= 0) return;
+  for (i16 i = 1; i <= model.AnnotationCount && model.Annotations.has(i);) {
+    AnnotationRecord& annotation = model.Annotations[i];
+    if (annotation.Plot >= 1 && !annotation.Moved) {
+      erase_annotation(model, i);
+      continue;
+    }
     if (model.Plots.has(annotation.Plot)) annotation.Color = model.Plots[annotation.Plot].Color;
     annotation.Moved = false;
+    ++i;
   }
+  RebuildAnnotations(model, model.PESG);
 }
 
 void resize_companions(Model& model) {
@@ -198,7 +199,7 @@ void RebuildPlotList(Model& model) {
   for (const MarkedRow& marked : marks_in_plot_order(model.Grid))
     attempt([&] { add_plot(model, former, marked, x_source, color_index); });
   carry_over_caches(model, former);
-  drop_orphaned_annotations(model);
+  attempt([&] { follow_plots(model); });
   model.NofPlots = static_cast<i16>(model.Plots.size());
   resize_companions(model);
   free_x_cache(model);

@@ -363,6 +363,12 @@ TEST_F(PlotListTest, AnnotationsOfAPlotThatHasGoneAreDeleted) {
   EXPECT_EQ(annotated_plots(model), (std::vector<i16>{1, 2, 0}));
   EXPECT_EQ(model.AnnotationCount, 3);
   EXPECT_TRUE(shell.calls.empty()) << "nothing is asked";
+  EXPECT_EQ(model.PESG.pending.GraphAnnotationColor, (std::vector<i32>{0x0000FF, 0xFF0000, 0}));
+  for (const i32 row : {2, 4}) clear_mark(model.Grid, row);
+  model.Annotations[3].Plot = 1;
+  RebuildPlotList(model);
+  EXPECT_EQ(model.AnnotationCount, 0);
+  EXPECT_TRUE(model.PESG.pending.GraphAnnotationColor.empty());
 }
 
 TEST_F(PlotListTest, UnmarkedPlotGivesItsSamplesBack) {

@@ -1,5 +1,7 @@
 #include <QClipboard>
+#include <QComboBox>
 #include <QDialog>
+#include <QLineEdit>
 #include <QPrintDialog>
 #include <QPrinter>
 #include <QTableWidget>
@@ -151,6 +153,27 @@ TEST_F(ChannelInfoWindowTest, ButtonAsksForThePrinterAndSaysSo) {
           });
   EXPECT_TRUE(asked);
   EXPECT_EQ(form_user.calls.back(), "status 1: Kanalinformationen werden gedruckt");
+}
+
+TEST_F(ChannelInfoWindowTest, PrintGoesWhereTheDialogSays) {
+  activate_row(form_model, 2);
+  const std::string target = folder.file("gedruckt.pdf");
+  in_form([&] { mnuShowChanInfo(form_model); },
+          [&](QDialog& form) {
+            QTimer::singleShot(0, &form, [&target] {
+              auto* dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget());
+              ASSERT_NE(dialog, nullptr);
+              auto* printers = dialog->findChild<QComboBox*>(QStringLiteral("printers"));
+              auto* file = dialog->findChild<QLineEdit*>(QStringLiteral("filename"));
+              ASSERT_TRUE(printers != nullptr && file != nullptr);
+              printers->setCurrentIndex(printers->count() - 1);  // the file stands behind all printers
+              file->setText(QString::fromStdString(target));
+              dialog->accept();
+            });
+            click(form, "PrintButton");
+          });
+  EXPECT_EQ(forms, 1);
+  EXPECT_TRUE(read_file(target).starts_with("%PDF-"));
 }
 
 TEST_F(ChannelInfoWindowTest, PageHasACentredBoldLineAndBoldHeadings) {
