@@ -105,8 +105,9 @@ Options::Options() {
   app.set_version_flag("--version", "Trendaro " TRENDARO_VERSION, "Version ausgeben");
   app.require_subcommand(0, 1);
   app.add_option("FILE", files, "Messdateien, mit FILE:1,3 auch die darzustellenden Kanäle");
-  app.add_flag("--automation", automation, "Als Automatisierungsserver starten");
-  app.add_option("--host", host, "Host: embedded (eingebaut), bus (Sitzungsbus) oder none (keiner)");
+  CLI::Option* server = app.add_flag("--automation", automation, "Als Automatisierungsserver starten");
+  app.add_option("--host", host, "Host: embedded (eingebaut), bus (Sitzungsbus) oder none (keiner)")
+      ->excludes(server);
   add_reading_commands();
   add_writing_commands();
   add_render();

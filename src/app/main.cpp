@@ -3,6 +3,7 @@
 
 #include <unistd.h>
 
+#include "app/automation_program.h"
 #include "app/command_line.h"
 #include "app/command_output.h"
 #include "app/info_command.h"
@@ -19,19 +20,13 @@ namespace {
 constexpr int kFailed = 1;
 constexpr int kWrongCall = 2;
 
-int not_built(const char* what) {
-  std::fprintf(stderr, "%s: in dieser Fassung nicht enthalten\n", what);
-  return kFailed;
-}
-
 // Runs what a call asks for; gives the exit status.
 struct Runner {
   int argument_count;
   char** arguments;
 
   int operator()(const OpenWindow& call) const {
-    if (call.automation) return not_built("--automation");
-    if (call.bus_host) return not_built("--host=bus");
+    if (call.automation) return run_automation(call, argument_count, arguments);
     return run_window(call, argument_count, arguments);
   }
   int operator()(const PrintText& call) const {
@@ -60,7 +55,10 @@ int main(int argument_count, char** arguments) {
   try {
     return std::visit(Runner{argument_count, arguments}, parse_command_line(argument_count, arguments));
   } catch (const RunTimeError& failure) {
-    std::fprintf(stderr, "Laufzeitfehler %d\n", failure.number);
+    const char* words = failure.number == kHostNotCreated
+                            ? ": mervan.mrvInterface ist auf dem Sitzungsbus nicht zu erreichen"
+                            : "";
+    std::fprintf(stderr, "Laufzeitfehler %d%s\n", failure.number, words);
   } catch (const std::exception& failure) {
     std::fprintf(stderr, "Fehler: %s\n", failure.what());
   }

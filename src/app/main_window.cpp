@@ -166,6 +166,7 @@ void Kelmira::closeEvent(QCloseEvent* event) {
   }
   unload_main_window(model_);
   event->accept();
+  Q_EMIT unloaded();
 }
 
 void Kelmira::dragEnterEvent(QDragEnterEvent* event) {

@@ -30,6 +30,10 @@ class Kelmira : public QMainWindow {
   // Brings all widgets in line with the model.
   void mirror();
 
+ Q_SIGNALS:
+  // The window was closed and all that belongs to it is put away.
+  void unloaded();
+
  protected:
   bool event(QEvent* event) override;
   void showEvent(QShowEvent* event) override;

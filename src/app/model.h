@@ -1,11 +1,7 @@
 #pragma once
 
-#include <optional>
-#include <string>
-
 #include "app/controls.h"
-#include "app/database_kernel.h"
-#include "app/host.h"
+#include "app/host_link.h"
 #include "app/shell.h"
 #include "datasource/channel_rows.h"
 #include "datasource/plot_list_state.h"
@@ -17,16 +13,6 @@
 #include "interact/annotation.h"
 
 namespace trendaro {
-
-// The link to the host application.
-struct HostLink {
-  MervanHost* Host = nullptr;         // null: the program must not run on
-  DatabaseKernel* Kernel = nullptr;   // works on the host's channels
-  std::optional<bool> CanUnloadFlag;  // empty at start, true once the main window has been unloaded
-  i32 LastDatabaseStatus = 0;         // of the last call of the kernel, the loader or the graph
-  std::string TemplateFolder;         // where the look of the graphs is kept between runs
-  std::string HelpFile;
-};
 
 // All state of the program. One instance, made by `main` or a test; handlers take it by reference.
 struct Model : HostLink,

@@ -20,6 +20,7 @@ inline constexpr i16 kIndexOutOfRange = 9;
 inline constexpr i16 kTypeMismatch = 13;
 inline constexpr i16 kDeviceError = 57;
 inline constexpr i16 kHostCallFailed = 440;
+inline constexpr i16 kHostNotCreated = 429;
 inline constexpr i16 kHostMemberMissing = 438;
 
 }  // namespace trendaro

@@ -1,40 +1,42 @@
 #include "app/window_program.h"
 
 #include <QApplication>
-#include <QLibraryInfo>
-#include <QLocale>
 #include <QTimer>
-#include <QTranslator>
 #include <cstdio>
 #include <memory>
 
-#include "app/file_arguments.h"
+#include "app/bus_host.h"
+#include "app/bus_names.h"
 #include "app/first_place.h"
-#include "app/icons.h"
-#include "app/main_window.h"
 #include "app/memory_host.h"
-#include "app/model.h"
+#include "app/program_window.h"
 #include "app/splash.h"
-#include "app/startup.h"
 #include "app/toolkit_notes.h"
-#include "app/window_shell.h"
 
 namespace trendaro {
 namespace {
 
 constexpr int kSplashTime = 500;  // milliseconds
 
-// The toolkit's own texts, in its file dialog for instance.
-void load_german_texts(QApplication& application) {
-  QLocale::setDefault(QLocale(QLocale::German, QLocale::Germany));
-  auto* texts = new QTranslator(&application);
-  if (texts->load(QStringLiteral("qtbase_de"), QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
-    QApplication::installTranslator(texts);
-}
+// The host of a program that was started by itself; throws when it cannot be created.
+struct CreatedHost {
+  CreatedHost(const OpenWindow& call, ProgramWindow& program) {
+    if (call.bus_host) {
+      over_bus = std::make_unique<BusHost>(QDBusConnection::sessionBus(),
+                                           BusAddress{QLatin1String(kHostService), QLatin1String(kHostPath)});
+      over_bus->create();
+      program.model.Host = over_bus.get();
+      program.model.Kernel = over_bus.get();
+    } else if (!call.without_host) {
+      embedded = std::make_unique<MemoryHost>(program.shell);
+      program.model.Host = embedded.get();
+      program.model.Kernel = embedded.get();
+    }
+  }
 
-void open_files(Kelmira& window, Model& model, const OpenWindow& call) {
-  for (const FileArgument& file : call.files) window.run([&] { open_file_argument(model, file); });
-}
+  std::unique_ptr<BusHost> over_bus;
+  std::unique_ptr<MemoryHost> embedded;
+};
 
 // Draws the window into the file that was asked for and ends the program.
 void draw_and_end(Kelmira& window, const QString& file) {
@@ -48,33 +50,27 @@ void draw_and_end(Kelmira& window, const QString& file) {
 int run_window(const OpenWindow& call, int argument_count, char** arguments) {
   say_failures_only();
   QApplication application(argument_count, arguments);
-  QApplication::setApplicationName(QStringLiteral("Trendaro"));
-  QApplication::setStyle(QStringLiteral("Fusion"));
-  QApplication::setWindowIcon(load_icon("TRENDARO"));
-  load_german_texts(application);
+  prepare_application(application);
 
   std::unique_ptr<AboutWindow> splash = show_splash();
-  WindowShell shell;
-  Model model(shell);
-  MemoryHost host(shell);
-  if (!call.without_host) {
-    model.Host = &host;
-    model.Kernel = &host;
-  }
+  ProgramWindow program;
+  const CreatedHost host(call, program);
   wait_with_painting(kSplashTime);
-  load_main_window(model);
-  Kelmira window(model, shell);
+  program.load();
   splash.reset();
   const QString picture = qEnvironmentVariable("TRENDARO_PICTURE");
   if (picture.isEmpty())
-    show_at_first(window);
+    show_at_first(*program.window);
   else
-    window.show();
-  QTimer::singleShot(0, &window, [&] {
-    open_files(window, model, call);
-    if (!picture.isEmpty()) QTimer::singleShot(0, &window, [&] { draw_and_end(window, picture); });
+    program.window->show();
+  QTimer::singleShot(0, program.window.get(), [&] {
+    program.open(call.files);
+    if (!picture.isEmpty())
+      QTimer::singleShot(0, program.window.get(), [&] { draw_and_end(*program.window, picture); });
   });
-  return QApplication::exec();
+  const int status = QApplication::exec();
+  program.window.reset();  // ahead of the host that its handlers use
+  return status;
 }
 
 }  // namespace trendaro

@@ -1,0 +1,89 @@
+// The user inside of robot_viewer. A line on standard input is one thing that the user does, and a line on
+// standard output what came of it:
+//   windows        the object names of all visible windows, with blanks between them
+//   message        the text of the message box on screen
+//   press NAME     presses a button by its object name
+//   choose NAME    chooses a menu entry by its object name
+//   close          closes the main window
+
+#include <QAbstractButton>
+#include <QAction>
+#include <QApplication>
+#include <QMessageBox>
+#include <QSocketNotifier>
+#include <QTimer>
+#include <iostream>
+#include <string>
+
+#include <unistd.h>
+
+namespace {
+
+QWidget* main_window() {
+  for (QWidget* window : QApplication::topLevelWidgets())
+    if (window->objectName() == QLatin1String("Kelmira")) return window;
+  return nullptr;
+}
+
+QString windows() {
+  QStringList names;
+  for (const QWidget* window : QApplication::topLevelWidgets())
+    if (window->isVisible()) names << window->objectName();
+  names.sort();
+  return names.join(QLatin1Char(' '));
+}
+
+QString message() {
+  for (QWidget* window : QApplication::topLevelWidgets())
+    if (const auto* box = qobject_cast<QMessageBox*>(window); box != nullptr && box->isVisible())
+      return box->text();
+  return {};
+}
+
+template <typename Widget>
+Widget* find(const QString& name) {
+  for (const QWidget* window : QApplication::topLevelWidgets())
+    if (auto* found = window->findChild<Widget*>(name)) return found;
+  return nullptr;
+}
+
+// What opens a box comes back when the box is closed, so that it runs behind the answer.
+QString later(QObject* object, std::function<void()> action) {
+  if (object == nullptr) return QStringLiteral("none");
+  QTimer::singleShot(0, object, std::move(action));
+  return QStringLiteral("done");
+}
+
+QString obey(const QString& order) {
+  const QString name = order.section(QLatin1Char(' '), 1);
+  if (order == QLatin1String("windows")) return windows();
+  if (order == QLatin1String("message")) return message();
+  if (order == QLatin1String("close")) {
+    QWidget* window = main_window();
+    return later(window, [window] { window->close(); });
+  }
+  if (order.startsWith(QLatin1String("press "))) {
+    auto* button = find<QAbstractButton>(name);
+    return later(button, [button] { button->click(); });
+  }
+  auto* action = find<QAction>(name);
+  return later(action, [action] { action->trigger(); });
+}
+
+void start_robot() {
+  auto* input = new QSocketNotifier(STDIN_FILENO, QSocketNotifier::Read, QCoreApplication::instance());
+  QObject::connect(input, &QSocketNotifier::activated, input, [input] {
+    std::string order;
+    char letter = 0;
+    while (::read(STDIN_FILENO, &letter, 1) == 1 && letter != '\n') order += letter;
+    if (order.empty()) {
+      input->setEnabled(false);
+      return;
+    }
+    std::cout << obey(QString::fromStdString(order)).toStdString() << std::endl;
+  });
+}
+
+}  // namespace
+
+Q_COREAPP_STARTUP_FUNCTION(start_robot)
