@@ -10,7 +10,7 @@
 #include "app/run_time_error.h"
 #include "bus/private_bus.h"
 #include "support/file_builder.h"
-#include "support/standard_builder.h"
+#include "support/reducible_files.h"
 
 namespace trendaro {
 namespace {
@@ -118,7 +118,7 @@ TEST_F(BusHostTest, KernelWorksOnTheSameChannels) {
 }
 
 TEST_F(BusHostTest, ClearedChannelsAreFree) {
-  for (const i16 channel : {1, 2, 3}) host.KSD_WriteToDatabaseEx(1, channel, std::vector<f64>{1}, 0);
+  for (const i32 channel : {1, 2, 3}) host.KSD_WriteToDatabaseEx(1, channel, std::vector<f64>{1}, 0);
   host.ClearChannel(2);
   EXPECT_EQ(host.GetChannelLength(1), 1);
   EXPECT_EQ(host.GetChannelLength(2), 0);

@@ -41,6 +41,21 @@ TEST(ProgramStartTest, HostThatCannotBeCreatedEndsTheProcess) {
   EXPECT_THAT(viewer.errors(), HasSubstr("Laufzeitfehler 429"));
 }
 
+TEST(ProgramStartTest, HostThatFailsTheLoadEndsTheProcess) {
+  const PrivateBus bus;
+  for (const auto& [fault, words] :
+       {std::pair("lacks", "Laufzeitfehler 438"), std::pair("wrong", "Laufzeitfehler 13"),
+        std::pair("dies", "Laufzeitfehler 440")}) {
+    Program odd(&bus, ODD_HOST, {QLatin1String(fault), QStringLiteral("MaxChannels")});
+    odd.start();
+    bus.wait_for(kHostService);
+    Robot other(&bus, {QStringLiteral("--host=bus")});
+    other.start();
+    EXPECT_EQ(other.wait_for_end(), 1);
+    EXPECT_THAT(other.errors(), HasSubstr(words));
+  }
+}
+
 TEST(ProgramStartTest, WithoutABusThereIsNoHostOfTheBus) {
   Robot viewer(nullptr, {QStringLiteral("--host=bus")});
   viewer.start();
