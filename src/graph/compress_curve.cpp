@@ -18,7 +18,7 @@ struct View {
 };
 
 // Evenly spaced samples that rise can be found by halving; any other x is looked at sample by sample.
-View window_of(const Model& model, const CurveSamples& samples) {
+View window_of(const Model& model, const PlainCurve& samples) {
   const std::size_t count = samples.y.size();
   if (!model.Zoomed) return {.first = 0, .last = count};
   View view{.first = 0,
@@ -45,12 +45,12 @@ View window_of(const Model& model, const CurveSamples& samples) {
 }
 
 template <typename Use>
-void for_samples_in(const View& view, const CurveSamples& samples, Use&& use) {
+void for_samples_in(const View& view, const PlainCurve& samples, Use&& use) {
   for (std::size_t i = view.first; i < view.last; ++i)
     if (view.whole || view.holds(samples.x_at(i))) use(i);
 }
 
-std::size_t count_samples(const View& view, const CurveSamples& samples) {
+std::size_t count_samples(const View& view, const PlainCurve& samples) {
   if (view.whole) return view.last - view.first;
   std::size_t count = 0;
   for_samples_in(view, samples, [&](std::size_t) { ++count; });
@@ -85,7 +85,7 @@ void hold_window(Model& model) {
 // Writes points one after the other into a slot, as far as it goes.
 class PointWriter {
  public:
-  PointWriter(const CurveSamples& samples, const CurveSlot& slot, DisplayScale scale, f64 x_offset)
+  PointWriter(const PlainCurve& samples, const CurveSlot& slot, DisplayScale scale, f64 x_offset)
       : samples_(samples), slot_(slot), scale_(scale), x_offset_(x_offset) {}
 
   void write(std::size_t sample) {
@@ -98,14 +98,14 @@ class PointWriter {
   [[nodiscard]] std::size_t place() const { return place_; }
 
  private:
-  const CurveSamples& samples_;
+  const PlainCurve& samples_;
   const CurveSlot& slot_;
   DisplayScale scale_;
   f64 x_offset_;
   std::size_t place_ = 0;
 };
 
-void write_pairs(const View& view, const CurveSamples& samples, i64 pair_block, PointWriter& writer) {
+void write_pairs(const View& view, const PlainCurve& samples, i64 pair_block, PointWriter& writer) {
   const std::span<const f64> y = samples.y;
   std::size_t least = 0, greatest = 0;
   i64 count = 0;
@@ -122,7 +122,7 @@ void write_pairs(const View& view, const CurveSamples& samples, i64 pair_block, 
 
 }  // namespace
 
-void CompressCurve(Model& model, const CurveSamples& samples, i32 factor, const CurveSlot& slot, i16 plot,
+void CompressCurve(Model& model, const PlainCurve& samples, i32 factor, const CurveSlot& slot, i16 plot,
                    i16 sign) {
   const PlotRecord& record = model.Plots[plot];
   const View view = window_of(model, samples);

@@ -12,7 +12,7 @@ namespace trendaro {
 struct Model;
 
 // The samples of one curve with their x: from the values of a channel, or evenly spaced where `x` is null.
-struct CurveSamples {
+struct PlainCurve {
   std::span<const f64> y;
   const std::span<const f64>* x = nullptr;  // behind its end x is 0
   TimeLine line;
@@ -28,7 +28,7 @@ struct CurveSamples {
 // `sign` 1 or -1. While Zoomed only the samples strictly inside of the window count and the axes of the
 // detail graph are held on the window. A last block that does not fill up is dropped; what does not fit is
 // cut off.
-void CompressCurve(Model& model, const CurveSamples& samples, i32 factor, const CurveSlot& slot, i16 plot,
+void CompressCurve(Model& model, const PlainCurve& samples, i32 factor, const CurveSlot& slot, i16 plot,
                    i16 sign);
 
 }  // namespace trendaro

@@ -133,7 +133,7 @@ TimeLine plain_time_line(const CurveTask& task, const MainReading& reading, bool
 void draw_plain_samples(CurveTask& task, MainReading& reading, std::span<const f64> samples,
                         bool compressed) {
   Model& model = task.model;
-  CurveSamples curve{.y = samples, .x = nullptr, .line = {}};
+  PlainCurve curve{.y = samples, .x = nullptr, .line = {}};
   if (!compressed) write_values(task.slot.DrawY, samples, task.scale());
   if (time_from_base(task.plot)) {
     curve.line = reading.line = plain_time_line(task, reading, compressed);

@@ -32,7 +32,7 @@ class CompressCurveTest : public testing::Test {
   CompressCurveTest() { model.Plots.push_back({}); }
 
   // Compresses onto a date axis, so that x is seen in full precision.
-  Points compress(const CurveSamples& samples, i32 factor, std::size_t slot_length, i16 sign = 1) {
+  Points compress(const PlainCurve& samples, i32 factor, std::size_t slot_length, i16 sign = 1) {
     FlatArray y(slot_length, 0);
     SampleArray x(slot_length, 0);
     CompressCurve(model, samples, factor, {.DrawY = y, .DrawYDatabase = {}, .DrawX = {}, .DrawXII = x}, 1,
@@ -199,7 +199,7 @@ TEST_F(CompressCurveTest, RandomCurvesEqualAPlainWalk) {
     const i16 sign = random() % 2 == 0 ? i16{1} : i16{-1};
     const std::size_t slot = random() % 400;
     const std::span<const f64> places = x;
-    const CurveSamples samples{.y = y, .x = channel ? &places : nullptr, .line = line};
+    const PlainCurve samples{.y = y, .x = channel ? &places : nullptr, .line = line};
     const Points expected = plainly(y, x, factor, slot, sign), found = compress(samples, factor, slot, sign);
     ASSERT_EQ(found.x, expected.x) << "round " << round;
     for (std::size_t i = 0; i < slot; ++i)
