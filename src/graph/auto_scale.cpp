@@ -1,14 +1,19 @@
 #include "graph/auto_scale.h"
 
+#include <algorithm>
 #include <array>
 #include <cmath>
+#include <limits>
 
 #include "graph/curve_index.h"
 #include "graph/graph_properties.h"
+#include "graph/graph_scale.h"
+#include "graph/plot_methods.h"
 
 namespace trendaro {
 namespace {
 
+constexpr i32 kAutomatic = 0;
 constexpr i32 kLogarithmic = 2;
 constexpr f64 kMinuteInDays = 1.0 / 1440;
 
@@ -22,13 +27,54 @@ struct AxisExtents {
   std::array<PointExtent, kGraphLayers> left, right;
 };
 
+// Curves that stand upon each other reach from 0 to the sums of their extremes.
+struct StackExtent {
+  f64 low = 0, high = 0;
+  PointExtent of_all;
+
+  void add(const PointExtent& curve) {
+    if (curve.empty()) return;
+    low += std::min(0.0, static_cast<f64>(curve.y_low));
+    high += std::max(0.0, static_cast<f64>(curve.y_high));
+    of_all.add(curve);
+  }
+  void widen(PointExtent& extent) const {
+    if (of_all.empty()) return;
+    PointExtent whole = of_all;
+    whole.y_low = single(low);
+    whole.y_high = single(high);
+    extent.add(whole);
+  }
+
+ private:
+  static f32 single(f64 value) {
+    constexpr f64 kLargest = std::numeric_limits<f32>::max();
+    return static_cast<f32>(std::clamp(value, -kLargest, kLargest));
+  }
+};
+
+bool is_stacked(const GraphProperties& properties, std::size_t curve) {
+  return curve < properties.SubsetPlotMethods.size() &&
+         method_without_side(properties.SubsetPlotMethods[curve]) == kMethodStacked;
+}
+
 AxisExtents gather_extents(const GraphProperties& properties) {
   AxisExtents extents;
+  std::array<StackExtent, kGraphLayers> left_stack, right_stack;
   const auto& curves = properties.curve_index->curves;
   for (std::size_t curve = 0; curve < curves.size(); ++curve) {
     auto& side = on_right_axis(properties, curve) ? extents.right : extents.left;
-    side[layer_of_curve(properties, curve)].add(curves[curve].whole);
+    auto& stack = on_right_axis(properties, curve) ? right_stack : left_stack;
+    const std::size_t layer = layer_of_curve(properties, curve);
+    if (is_stacked(properties, curve))
+      stack[layer].add(curves[curve].whole);
+    else
+      side[layer].add(curves[curve].whole);
     extents.x.add(curves[curve].whole);
+  }
+  for (std::size_t layer = 0; layer < kGraphLayers; ++layer) {
+    left_stack[layer].widen(extents.left[layer]);
+    right_stack[layer].widen(extents.right[layer]);
   }
   return extents;
 }
@@ -39,9 +85,19 @@ void assign(const std::optional<AxisLimits>& limits, f64& low, f64& high) {
   high = limits->high;
 }
 
+// An automatic axis is padded the way it will be scaled. What was found linear stays so: a padding that all
+// but reaches 0 takes the 0 in.
+std::optional<AxisLimits> axis_limits(f64 low, f64 high, i16 percent, i32 scale_kind, f64 flat_half_width) {
+  if (scale_kind != kAutomatic)
+    return padded_limits(low, high, percent, scale_kind == kLogarithmic, flat_half_width);
+  const bool logarithmic = spans_decades(low, high);
+  auto limits = padded_limits(low, high, percent, logarithmic, flat_half_width);
+  if (limits && !logarithmic && spans_decades(limits->low, limits->high)) limits->low = 0;
+  return limits;
+}
+
 std::optional<AxisLimits> y_limits(const PointExtent& extent, i16 percent, i32 scale_kind) {
-  return padded_limits(extent.y_low, extent.y_high, percent, scale_kind == kLogarithmic,
-                       half_width_around(extent.y_low));
+  return axis_limits(extent.y_low, extent.y_high, percent, scale_kind, half_width_around(extent.y_low));
 }
 
 }  // namespace
@@ -66,8 +122,7 @@ void scale_to_data(GraphProperties& properties) {
   const i16 percent = properties.AutoPadPercent;
   if (properties.ManualScaleControlX == 0) {
     const f64 half_width = properties.DateTimeMode == 1 ? kMinuteInDays : half_width_around(extents.x.x_low);
-    assign(padded_limits(extents.x.x_low, extents.x.x_high, percent,
-                         properties.XAxisScaleControl == kLogarithmic, half_width),
+    assign(axis_limits(extents.x.x_low, extents.x.x_high, percent, properties.XAxisScaleControl, half_width),
            properties.ManualMinX, properties.ManualMaxX);
   }
   for (std::size_t i = 0; i < kGraphLayers; ++i) {

@@ -74,13 +74,62 @@ PointExtent extent_of_block(const CurveView<X>& view, std::size_t first) {
           .has_gap = *std::ranges::max_element(gaps) != 0};
 }
 
+// Which ways x goes from one point that counts to the next.
 template <typename X>
-std::vector<PointExtent> finest_level(const CurveView<X>& view, std::size_t points) {
+struct XOrder {
+  X last = 0;
+  bool any = false;
+  bool rises = true, falls = true;
+
+  void take(X x) {
+    if (any) {
+      rises = rises && x >= last;
+      falls = falls && x <= last;
+    }
+    last = x;
+    any = true;
+  }
+
+  // Points of which all count.
+  void take_full(const X* x, std::size_t count) {
+    take(x[0]);
+    if (rises) rises = !any_step(x, count, [](X former, X next) { return next < former; });
+    if (falls) falls = !any_step(x, count, [](X former, X next) { return next > former; });
+    last = x[count - 1];
+  }
+
+ private:
+  template <typename Breaks>
+  static bool any_step(const X* x, std::size_t count, Breaks breaks) {
+    i32 found = 0;
+    for (std::size_t i = 1; i < count; ++i) found |= breaks(x[i - 1], x[i]) ? 1 : 0;
+    return found != 0;
+  }
+};
+
+// The order is looked at while the block is still near the processor.
+template <typename X>
+void add_order(const CurveView<X>& view, std::size_t first, std::size_t last, const PointExtent& extent,
+               XOrder<X>& order) {
+  if (!order.rises && !order.falls) return;
+  if (!extent.has_gap) {
+    order.take_full(view.x + first, last - first);
+    return;
+  }
+  for (std::size_t i = first; i < last; ++i)
+    if (counts(view, view.x[i], view.y[i])) order.take(view.x[i]);
+}
+
+template <typename X>
+std::vector<PointExtent> finest_level(const CurveView<X>& view, std::size_t points, XOrder<X>& order) {
   std::vector<PointExtent> level;
   level.reserve(points / kIndexBlock + 1);
-  std::size_t first = 0;
-  for (; first + kIndexBlock <= points; first += kIndexBlock) level.push_back(extent_of_block(view, first));
-  if (first < points) level.push_back(extent_of_few(view, first, points));
+  for (std::size_t first = 0; first < points; first += kIndexBlock) {
+    const std::size_t last = std::min(points, first + kIndexBlock);
+    level.push_back(last - first == kIndexBlock ? extent_of_block(view, first)
+                                                : extent_of_few(view, first, last));
+    add_order(view, first, last, level.back(), order);
+  }
   return level;
 }
 
@@ -102,26 +151,16 @@ std::size_t used_points(const CurveView<X>& view, const std::vector<PointExtent>
 }
 
 template <typename X>
-bool rises(const X* x, std::size_t used) {
-  constexpr std::size_t kStretch = 4096;
-  for (std::size_t first = 1; first < used; first += kStretch) {
-    i32 falls = 0;
-    const std::size_t last = std::min(used, first + kStretch);
-    for (std::size_t i = first; i < last; ++i) falls |= x[i] >= x[i - 1] ? 0 : 1;
-    if (falls != 0) return false;
-  }
-  return true;
-}
-
-template <typename X>
 CurveExtents extents_of_curve(const CurveView<X>& view, std::size_t points) {
   CurveExtents extents;
-  extents.levels.push_back(finest_level(view, points));
+  XOrder<X> order;
+  extents.levels.push_back(finest_level(view, points, order));
   while (extents.levels.back().size() > kIndexFan)
     extents.levels.push_back(next_level(extents.levels.back()));
   for (const PointExtent& extent : extents.levels.back()) extents.whole.add(extent);
   extents.used = used_points(view, extents.levels.front(), points);
-  extents.x_rises = rises(view.x, extents.used);
+  extents.x_rises = order.rises;
+  extents.x_falls = order.falls;
   return extents;
 }
 

@@ -38,9 +38,10 @@ struct CurveExtents {
   PointExtent whole;
   // Index behind the last point that counts; 0 for an empty curve. The rest of the slot is gap.
   std::size_t used = 0;
-  // x never falls within the first `used` points, gaps included, so that a place in x can be found by
-  // halving.
+  // x never falls, or never rises, from one point that counts to the next, so that a place in x can be found
+  // without looking at all of them. Both hold where x stands still.
   bool x_rises = true;
+  bool x_falls = true;
 };
 
 // Minima and maxima of the curves that a graph holds, at several levels. Built once for a hand-over; scaling

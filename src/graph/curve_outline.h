@@ -15,13 +15,19 @@ struct CurveOutline {
   std::vector<std::size_t> starts;  // index of the first point of each piece, rising
 };
 
+// How closely an outline follows its curve.
+struct OutlineDetail {
+  f64 column_width = 1;             // of a pixel of the device, in logical pixels
+  std::size_t most_per_column = 4;  // samples of a column that are all kept; of more only the extremes
+  std::size_t neighbours = 1;       // samples before and behind the area
+};
+
 // What is drawn of a curve over `area`: of the samples in one pixel column the first, the lowest, the highest
 // and the last, in their order, so that no extreme is lost and the work goes with the pixels; where a column
-// holds few samples, all of them. One sample before and behind the area comes along, so that lines reach its
-// edges. Curves whose x falls somewhere keep each piece of line that touches a pixel nothing touched before.
-// `column_width` is the width of a pixel of the device in logical pixels.
+// holds few samples, all of them. The samples next to the area come along, so that lines reach its edges.
+// Curves whose x goes both ways keep each piece of line that touches a pixel nothing touched before.
 CurveOutline curve_outline(const CurveSamples& samples, const AxisScale& x_scale, const AxisScale& y_scale,
-                           const PixelRectangle& area, f64 column_width = 1);
+                           const PixelRectangle& area, const OutlineDetail& detail = {});
 
 // Cuts an outline at the edges of `box`, at true crossings, so that what a painter gets is never far away.
 CurveOutline clipped(const CurveOutline& outline, const PixelRectangle& box);

@@ -118,6 +118,7 @@ CurveSamples curve_samples(const GraphProperties& shown, std::size_t subset) {
   samples.null_x = shown.NullDataValueX;
   samples.null_y = static_cast<f32>(shown.NullDataValue);
   samples.rising = samples.extents->x_rises;
+  samples.falling = samples.extents->x_falls && !samples.rising;
   return samples;
 }
 
@@ -145,23 +146,34 @@ bool find_extremes(const CurveSamples& samples, std::size_t first, std::size_t l
   return true;
 }
 
-std::size_t first_not_below(const CurveSamples& samples, std::size_t from, f64 limit) {
-  std::size_t step = 1;
-  std::size_t low_end = from;
-  std::size_t high_end = from;
-  while (high_end < samples.count && samples.x(high_end) < limit) {
-    low_end = high_end + 1;
-    high_end = std::min(samples.count, high_end + step);
-    step *= 2;
+std::size_t first_reaching(const CurveSamples& samples, std::size_t from, f64 limit) {
+  const auto reached = [&](f64 x) { return samples.falling ? x <= limit : x >= limit; };
+  const auto scan = [&](std::size_t first, std::size_t last) {
+    while (first < last && !(reached(samples.x(first)) && samples.drawn(first))) ++first;
+    return first;
+  };
+  const std::size_t block_end = std::min(samples.count, (from / kIndexBlock + 1) * kIndexBlock);
+  from = scan(from, block_end);
+  if (from < block_end || from >= samples.count) return from;
+  // Blocks that end before the limit are stepped over, in ever longer steps; then ever shorter ones.
+  const auto& levels = samples.extents->levels;
+  std::size_t level = 0;
+  std::size_t entry = from / kIndexBlock;
+  while (entry < levels[level].size()) {
+    const PointExtent& extent = levels[level][entry];
+    if (!extent.empty() && reached(samples.falling ? extent.x_low : extent.x_high)) {
+      if (level == 0) return scan(entry * kIndexBlock, std::min(samples.count, (entry + 1) * kIndexBlock));
+      --level;
+      entry *= kIndexFan;
+      continue;
+    }
+    ++entry;
+    while (entry % kIndexFan == 0 && level + 1 < levels.size()) {
+      entry /= kIndexFan;
+      ++level;
+    }
   }
-  while (low_end < high_end) {
-    const std::size_t middle = low_end + (high_end - low_end) / 2;
-    if (samples.x(middle) < limit)
-      low_end = middle + 1;
-    else
-      high_end = middle;
-  }
-  return low_end;
+  return samples.count;
 }
 
 }  // namespace trendaro

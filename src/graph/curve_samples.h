@@ -17,7 +17,8 @@ struct CurveSamples {
   std::size_t count = 0;  // up to the last sample that is drawn
   f64 null_x = 0;         // values that are not drawn
   f32 null_y = 0;
-  bool rising = true;  // x never falls
+  bool rising = true;    // x never falls
+  bool falling = false;  // x never rises, and falls somewhere
   const CurveExtents* extents = nullptr;
 
   [[nodiscard]] f64 x(std::size_t index) const {
@@ -39,8 +40,9 @@ struct RunExtremes {
 // Takes time that grows with the logarithm of the run.
 bool find_extremes(const CurveSamples& samples, std::size_t first, std::size_t last, RunExtremes& found);
 
-// The first sample from `from` whose x is not below `limit`, or `count`; x must rise. Takes time that grows
-// with the logarithm of the distance.
-std::size_t first_not_below(const CurveSamples& samples, std::size_t from, f64 limit);
+// The first drawn sample from `from` on whose x has reached `limit`: is not below it, or not above it where x
+// falls. `count` where there is none. x must rise or fall. Takes time that grows with the logarithm of the
+// distance.
+std::size_t first_reaching(const CurveSamples& samples, std::size_t from, f64 limit);
 
 }  // namespace trendaro

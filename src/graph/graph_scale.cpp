@@ -37,9 +37,13 @@ AxisScale make_scale(f64 minimum, f64 maximum, i32 kind) {
     if (minimum <= 0) scale.minimum = maximum * kSubstituteRatio;
     scale.logarithmic = scale.minimum > 0;
   } else if (kind == 0) {
-    scale.logarithmic = minimum > 0 && maximum / minimum > kAutomaticRatio;
+    scale.logarithmic = spans_decades(minimum, maximum);
   }
   return scale;
+}
+
+bool spans_decades(f64 minimum, f64 maximum) {
+  return minimum > 0 && maximum / minimum > kAutomaticRatio;
 }
 
 f64 pixel_of(const AxisScale& scale, f64 value) {

@@ -20,6 +20,9 @@ struct AxisScale {
 // becomes logarithmic where both limits lie above 0 and more than three decades apart.
 AxisScale make_scale(f64 minimum, f64 maximum, i32 kind);
 
+// Whether limits lie above 0 and so far apart that an automatic axis becomes logarithmic.
+bool spans_decades(f64 minimum, f64 maximum);
+
 // The pixel of a value; not finite where the value has none.
 f64 pixel_of(const AxisScale& scale, f64 value);
 // The value at a pixel.

@@ -1,8 +1,15 @@
 #include "graph/auto_scale.h"
 
+#include <cmath>
 #include <limits>
 
 #include <gtest/gtest.h>
+
+#include "graph/curve_index.h"
+#include "graph/graph_properties.h"
+#include "graph/graph_scale.h"
+#include "graph/plot_methods.h"
+#include "support/graph_data.h"
 
 namespace trendaro {
 namespace {
@@ -42,6 +49,42 @@ TEST(AutoScaleTest, EmptyRangeHasNoLimits) {
 TEST(AutoScaleTest, WidestRangeStaysFinite) {
   const f64 largest = std::numeric_limits<f64>::max();
   EXPECT_EQ(padded_limits(-largest, largest, 0, false, 1), (AxisLimits{-largest, largest}));
+}
+
+GraphProperties scaled_curves(const std::vector<f32>& y, i32 kind, const std::vector<i32>& methods) {
+  GraphProperties properties;
+  std::vector<f32> x;
+  for (std::size_t i = 0; i < y.size(); ++i) x.push_back(static_cast<f32>(i % 2));
+  set_curves(properties, 2, x, y);
+  properties.AutoPadPercent = 2;
+  properties.layers[0].YAxisScaleControl = kind;
+  properties.SubsetPlotMethods = methods;
+  properties.curve_index = build_curve_index(properties);
+  scale_to_data(properties);
+  return properties;
+}
+
+TEST(AutoScaleTest, AnAutomaticAxisOverDecadesIsPaddedInDecadesAndStaysLogarithmic) {
+  const LayerProperties layer = scaled_curves({1, 10000}, 0, {0}).layers[0];
+  EXPECT_NEAR(layer.ManualMinY, std::pow(10, -0.08), 1e-12);
+  EXPECT_NEAR(layer.ManualMaxY, std::pow(10, 4.08), 1e-8);
+  EXPECT_TRUE(make_scale(layer.ManualMinY, layer.ManualMaxY, 0).logarithmic);
+}
+
+TEST(AutoScaleTest, AnAutomaticAxisThatIsLinearBeforeThePaddingStaysLinear) {
+  // 2 percent of 98 leave 0.04 below 2: more than three decades, though the data have less than two.
+  const LayerProperties layer = scaled_curves({2, 100}, 0, {0}).layers[0];
+  EXPECT_EQ(layer.ManualMinY, 0);
+  EXPECT_NEAR(layer.ManualMaxY, 101.96, 1e-12);
+  EXPECT_FALSE(make_scale(layer.ManualMinY, layer.ManualMaxY, 0).logarithmic);
+}
+
+TEST(AutoScaleTest, StackedCurvesReachFromZeroToTheirSums) {
+  const LayerProperties layer =
+      scaled_curves({1, 10, 5, 20, -3, 4}, 1, {kMethodStacked, kMethodStacked, kMethodStacked}).layers[0];
+  // From -3 to 10 + 20 + 4, and 2 percent of 37.
+  EXPECT_NEAR(layer.ManualMinY, -3.74, 1e-12);
+  EXPECT_NEAR(layer.ManualMaxY, 34.74, 1e-12);
 }
 
 }  // namespace

@@ -41,7 +41,7 @@ TEST(CurveIndexTest, PointsWithANullANanOrAnInfinityDoNotCount) {
   const PointExtent expected{.x_low = 1, .x_high = 6, .y_low = 10, .y_high = 60, .has_gap = true};
   EXPECT_EQ(index->curves[0].whole, expected);
   EXPECT_EQ(index->curves[0].used, 6u);
-  EXPECT_FALSE(index->curves[0].x_rises);  // the null value in x falls below 1
+  EXPECT_TRUE(index->curves[0].x_rises);  // the null value in x does not count
 }
 
 TEST(CurveIndexTest, NullTailIsNotUsed) {

@@ -2,144 +2,45 @@
 
 #include <algorithm>
 #include <cmath>
+#include <set>
 
+#include "graph/curve_fits.h"
+#include "graph/curve_spline.h"
 #include "graph/curve_strokes.h"
+#include "graph/painters/curve_task.h"
+#include "graph/painters/fill_painter.h"
 #include "graph/painters/graph_colors.h"
-#include "graph/painters/line_style.h"
 #include "graph/painters/sharp_lines.h"
 #include "graph/painters/symbol_painter.h"
 
 namespace trendaro {
 namespace {
 
-constexpr f64 kLineMargin = 8;    // pixels beyond the area, so that no cut shows
-constexpr f64 kChunkTravel = 60;  // pixels up and down that the rasteriser takes at once
-constexpr f64 kAreaShare = 0.25;  // opacity under an area's line
-constexpr f64 kBarPart = 0.7;     // of the distance between bars
-constexpr f64 kWidestBar = 40;
-
-struct CurveTask {
-  QPainter& painter;
-  const GraphProperties& shown;
-  const CurvePlace& place;
-  const PixelRectangle& area;
-  const AxisScale& x_scale;
-  const AxisScale& y_scale;
-  QColor color;
-};
-
-QPointF at(const CurveOutline& outline, std::size_t index) {
-  return {outline.points[index].x, outline.points[index].y};
-}
-
-// The level from which bars and areas grow: zero, or the edge of the axis nearest to it.
-f64 base_line(const AxisScale& scale) {
-  return pixel_of(scale, std::clamp(scale.logarithmic ? scale.minimum : 0.0, scale.minimum, scale.maximum));
-}
-
-PixelRectangle widened(const PixelRectangle& area) {
-  return {area.x - kLineMargin, area.y - kLineMargin, area.width + 2 * kLineMargin,
-          area.height + 2 * kLineMargin};
-}
-
-// A sample without neighbours has no line; a dot keeps it visible.
-void draw_lone_point(const CurveTask& task, const QPen& pen, QPointF point) {
-  const f64 radius = std::max(1.0, pen.widthF() * 0.75);
-  task.painter.setPen(Qt::NoPen);
-  task.painter.setBrush(task.color);
-  task.painter.drawEllipse(point, radius, radius);
-}
-
-// Connected lines in parts: the rasteriser slows down by the square of the lines that cross one row.
-void draw_connected(const CurveTask& task, const CurveOutline& outline, std::size_t first, std::size_t last) {
-  std::vector<QPointF> points;
-  f64 travel = 0;
-  for (std::size_t i = first; i < last; ++i) {
-    if (points.size() > 1 && travel + std::abs(outline.points[i].y - points.back().y()) > kChunkTravel) {
-      task.painter.drawPolyline(points.data(), static_cast<int>(points.size()));
-      points = {points.back()};
-      travel = 0;
-    }
-    if (!points.empty()) travel += std::abs(outline.points[i].y - points.back().y());
-    points.push_back(at(outline, i));
-  }
-  if (points.size() == 2)
-    task.painter.drawLine(points[0], points[1]);
-  else
-    task.painter.drawPolyline(points.data(), static_cast<int>(points.size()));
-}
-
-void draw_bars_of_columns(const CurveTask& task, const std::vector<PixelRectangle>& bars) {
-  const DeviceGrid grid(task.painter);
-  for (const PixelRectangle& bar : bars)
-    task.painter.fillRect(grid.aligned(QRectF(bar.x, bar.y, bar.width, bar.height)), task.color);
-}
-
-void draw_lines(const CurveTask& task, const CurveOutline& outline) {
-  const i32 line_type = line_type_of(task.shown, task.place.subset);
-  const QPen pen = line_pen(line_type, task.color);
-  const std::vector<f64> pattern = dash_pattern(line_type);
-  const CurveOutline cut =
-      pattern.empty() ? outline : dashed(outline, pattern, task.area.width + task.area.height);
-  const CurveStrokes strokes = curve_strokes(cut, 1 / DeviceGrid(task.painter).ratio(), pen.widthF());
-  draw_bars_of_columns(task, strokes.bars);
-  for_each_piece(strokes.lines, [&](std::size_t first, std::size_t last) {
-    if (last - first == 1) {
-      draw_lone_point(task, pen, at(strokes.lines, first));
-      return;
-    }
-    task.painter.setPen(pen);
-    task.painter.setBrush(Qt::NoBrush);
-    draw_connected(task, strokes.lines, first, last);
-  });
-}
+constexpr f64 kMargin = 8;                     // pixels beyond the area
+constexpr std::size_t kSymbolsPerColumn = 48;  // of more samples in a column, the extremes
+constexpr f64 kFitPiece = 2;                   // pixels
+constexpr f64 kFitShade = 0.6;                 // of the colour, over black
+constexpr i32 kFitLineType = 9;                // a little stronger than the curve
+constexpr f64 kMarkedDistance = 6;             // pixels between samples from which each is marked
+constexpr f64 kMarkSize = 4;
 
 void draw_points(const CurveTask& task, const CurveOutline& outline) {
   const Symbol symbol =
       make_symbol(point_type_of(task.shown, task.place.subset), symbol_size(task.shown.DataPointSize));
   const PixelRectangle visible = widened(task.area);
-  for (const PixelPoint& point : outline.points)
-    if (point.x >= visible.x && point.x <= visible.right() && point.y >= visible.y &&
-        point.y <= visible.bottom())
-      paint_symbol(task.painter, symbol, {point.x, point.y}, task.color);
-}
-
-f64 bar_width(const CurveOutline& outline) {
-  f64 distance = kWidestBar;
-  for (std::size_t i = 1; i < outline.points.size(); ++i) {
-    const f64 step = std::abs(outline.points[i].x - outline.points[i - 1].x);
-    if (step > 0) distance = std::min(distance, step);
-  }
-  return std::max(1.0, distance * kBarPart);
-}
-
-void draw_bars(const CurveTask& task, const CurveOutline& outline) {
-  const DeviceGrid grid(task.painter);
-  const f64 base = base_line(task.y_scale);
-  const f64 width = bar_width(outline);
-  const PixelRectangle visible = widened(task.area);
+  // Where many samples fall on one pixel the symbol is drawn once.
+  std::set<std::pair<i32, i32>> taken;
+  f64 former_x = -1e9;
   for (const PixelPoint& point : outline.points) {
-    const f64 y = std::clamp(point.y, visible.y, visible.bottom());
-    const QRectF bar(point.x - width / 2, std::min(y, base), width, std::abs(y - base));
-    task.painter.fillRect(grid.aligned(bar), task.color);
+    if (point.x < visible.x || point.x > visible.right() || point.y < visible.y || point.y > visible.bottom())
+      continue;
+    if (std::abs(point.x - former_x) > 2) taken.clear();
+    former_x = point.x;
+    if (!taken.emplace(static_cast<i32>(std::lround(point.x * 2)), static_cast<i32>(std::lround(point.y * 2)))
+             .second)
+      continue;
+    paint_symbol(task.painter, symbol, {point.x, point.y}, task.color);
   }
-}
-
-void draw_area(const CurveTask& task, const CurveOutline& outline) {
-  const f64 base = base_line(task.y_scale);
-  const PixelRectangle visible = widened(task.area);
-  QColor fill = task.color;
-  fill.setAlphaF(static_cast<float>(kAreaShare));
-  for_each_piece(outline, [&](std::size_t first, std::size_t last) {
-    QPolygonF polygon;
-    polygon.append({outline.points[first].x, base});
-    for (std::size_t i = first; i < last; ++i)
-      polygon.append({outline.points[i].x, std::clamp(outline.points[i].y, visible.y, visible.bottom())});
-    polygon.append({outline.points[last - 1].x, base});
-    task.painter.setPen(Qt::NoPen);
-    task.painter.setBrush(fill);
-    task.painter.drawPolygon(polygon);
-  });
 }
 
 // Each value is held until the next one.
@@ -155,35 +56,131 @@ CurveOutline stepped(const CurveOutline& outline) {
   return steps;
 }
 
-void draw_curve(const CurveTask& task) {
-  const CurveSamples samples = curve_samples(task.shown, task.place.subset);
-  const CurveOutline outline =
-      curve_outline(samples, task.x_scale, task.y_scale, task.area, 1 / DeviceGrid(task.painter).ratio());
-  const PixelRectangle visible = widened(task.area);
-  switch (task.place.method) {
-    case kMethodPoints:
-      draw_points(task, outline);
+CurveOutline outline_of(const CurveTask& task, std::size_t most_per_column, std::size_t neighbours) {
+  return curve_outline(curve_samples(task.shown, task.place.subset), task.x_scale, task.y_scale, task.area,
+                       {1 / DeviceGrid(task.painter).ratio(), most_per_column, neighbours});
+}
+
+// The fit over the part of the picture in which the curve has points.
+CurveOutline fit_outline(const CurveTask& task, const Polynomial& fit) {
+  const PointExtent& whole = curve_samples(task.shown, task.place.subset).extents->whole;
+  const f64 ends[] = {pixel_of(task.x_scale, whole.x_low), pixel_of(task.x_scale, whole.x_high)};
+  const auto edge = [&](f64 pixel, f64 otherwise) {
+    return std::isfinite(pixel) ? std::clamp(pixel, task.area.x - kMargin, task.area.right() + kMargin)
+                                : otherwise;
+  };
+  const f64 left = edge(std::min(ends[0], ends[1]), task.area.x);
+  const f64 right = edge(std::max(ends[0], ends[1]), task.area.right());
+  CurveOutline outline;
+  bool joined = false;
+  const f64 pieces = std::max(1.0, std::ceil((right - left) / kFitPiece));
+  for (f64 piece = 0; piece <= pieces; ++piece) {
+    const f64 x = left + (right - left) * piece / pieces;
+    const f64 y = pixel_of(task.y_scale, fit.at(value_of(task.x_scale, x)));
+    if (std::isfinite(y) && !joined) outline.starts.push_back(outline.points.size());
+    joined = std::isfinite(y);
+    if (joined) outline.points.push_back({x, y});
+  }
+  return outline;
+}
+
+void draw_fit(const CurveTask& task, MethodOverlay overlay) {
+  const auto& fits = task.shown.curve_fits;
+  if (!fits || task.place.subset >= fits->curves.size() || !fits->curves[task.place.subset]) return;
+  const CurveFit& fit = *fits->curves[task.place.subset];
+  draw_lines(task, fit_outline(task, overlay == MethodOverlay::FitLine ? fit.line : fit.curve), kFitLineType,
+             blended(task.color, QColor(Qt::black), kFitShade));
+}
+
+void draw_body(const CurveTask& task, MethodBody body) {
+  const CurveOutline outline = outline_of(task, 4, 1);
+  switch (body) {
+    case MethodBody::None:
       break;
-    case kMethodLineAndPoints:
-      draw_lines(task, clipped(outline, visible));
-      draw_points(task, outline);
+    case MethodBody::Line:
+      draw_lines(task, outline);
       break;
-    case kMethodBars:
+    case MethodBody::Steps:
+      draw_lines(task, stepped(outline));
+      break;
+    case MethodBody::Bars:
       draw_bars(task, outline);
       break;
-    case kMethodArea:
+    case MethodBody::Area:
       draw_area(task, outline);
-      draw_lines(task, clipped(outline, visible));
       break;
-    case kMethodSteps:
-      draw_lines(task, clipped(stepped(outline), visible));
+    case MethodBody::Stack:
+      draw_stack(task);
       break;
-    default:
-      draw_lines(task, clipped(outline, visible));
+    case MethodBody::Ribbon:
+      draw_ribbon(task, outline);
+      break;
+    case MethodBody::ContourLines:
+      draw_contour_lines(task, outline);
+      break;
+    case MethodBody::ContourAreas:
+      draw_contour_areas(task, outline);
+      break;
+    case MethodBody::Bubbles:
+      draw_bubbles(task, outline);
+      break;
   }
 }
 
+void draw_overlay(const CurveTask& task, const MethodParts& parts) {
+  if (parts.overlay == MethodOverlay::None) return;
+  if (parts.overlay != MethodOverlay::Spline) {
+    draw_fit(task, parts.overlay);
+    return;
+  }
+  const CurveOutline spline = smoothed(outline_of(task, 4, 3));
+  if (parts.body == MethodBody::Line)
+    draw_lines(task, spline, kFitLineType, blended(task.color, QColor(Qt::black), kFitShade));
+  else
+    draw_lines(task, spline);
+}
+
+// While a cursor is on, the samples of a line show where it can stand, as far as there is room for them.
+void mark_samples(const CurveTask& task) {
+  const CurveOutline outline = outline_of(task, 4, 1);
+  if (static_cast<f64>(outline.points.size()) * kMarkedDistance > task.area.width) return;
+  const Symbol symbol = make_symbol(5, kMarkSize);
+  for (const PixelPoint& point : outline.points)
+    if (point.y >= task.area.y && point.y <= task.area.bottom())
+      paint_symbol(task.painter, symbol, {point.x, point.y}, task.color);
+}
+
+void draw_curve(const CurveTask& task) {
+  const MethodParts parts = method_parts(task.place.method);
+  if (curve_samples(task.shown, task.place.subset).count == 0) return;
+  if (parts.body != MethodBody::None) draw_body(task, parts.body);
+  if (parts.symbols) draw_points(task, outline_of(task, kSymbolsPerColumn, 1));
+  draw_overlay(task, parts);
+  if (task.shown.MarkDataPoints && task.shown.CursorMode != 0 && !parts.symbols) mark_samples(task);
+}
+
 }  // namespace
+
+CurveTask curve_task(QPainter& painter, const GraphProperties& shown, const GraphLayout& layout,
+                     const CurvePlace& place) {
+  const LayerLayout& layer = layout.layers[place.slot];
+  return {painter,
+          shown,
+          layout,
+          place,
+          layer.area,
+          layout.x_axis.scale,
+          place.right ? layer.right.scale : layer.left.scale,
+          curve_color(shown, place.subset)};
+}
+
+f64 base_line(const AxisScale& scale) {
+  return pixel_of(scale, std::clamp(scale.logarithmic ? scale.minimum : 0.0, scale.minimum, scale.maximum));
+}
+
+PixelRectangle widened(const PixelRectangle& area) {
+  return {area.x - kMargin, area.y - kMargin, area.width + 2 * kMargin, area.height + 2 * kMargin};
+}
 
 i32 point_type_of(const GraphProperties& shown, std::size_t subset) {
   return subset < shown.SubsetPointTypes.size() ? shown.SubsetPointTypes[subset] : 0;
@@ -196,13 +193,11 @@ i32 line_type_of(const GraphProperties& shown, std::size_t subset) {
 void paint_curves(QPainter& painter, const GraphProperties& shown, const GraphLayout& layout) {
   if (!layout.has_axes) return;
   for (const CurvePlace& place : layout.curves) {
-    const LayerLayout& layer = layout.layers[place.slot];
+    const PixelRectangle& area = layout.layers[place.slot].area;
     painter.save();
     painter.setRenderHint(QPainter::Antialiasing, true);
-    painter.setClipRect(QRectF(layer.area.x, layer.area.y, layer.area.width, layer.area.height),
-                        Qt::IntersectClip);
-    draw_curve({painter, shown, place, layer.area, layout.x_axis.scale,
-                place.right ? layer.right.scale : layer.left.scale, curve_color(shown, place.subset)});
+    painter.setClipRect(QRectF(area.x, area.y, area.width, area.height), Qt::IntersectClip);
+    draw_curve(curve_task(painter, shown, layout, place));
     painter.restore();
   }
 }

@@ -20,21 +20,26 @@ i32 method_of(const GraphLayout& layout, std::size_t subset) {
   return subset < layout.curves.size() ? layout.curves[subset].method : kMethodLine;
 }
 
+bool is_filled(MethodBody body) {
+  return body == MethodBody::Bars || body == MethodBody::Area || body == MethodBody::Stack ||
+         body == MethodBody::Ribbon || body == MethodBody::ContourAreas || body == MethodBody::Bubbles;
+}
+
 void paint_sample(QPainter& painter, const GraphProperties& shown, const GraphLayout& layout,
                   const LegendEntry& entry) {
   const QColor color = curve_color(shown, entry.subset);
-  const i32 method = method_of(layout, entry.subset);
+  const MethodParts parts = method_parts(method_of(layout, entry.subset));
   const DeviceGrid grid(painter);
   const PixelRectangle& box = entry.sample;
   const f64 middle = grid.edge_y(box.y + box.height / 2) + 0.5 / grid.ratio();
   painter.setRenderHint(QPainter::Antialiasing, true);
-  if (method == kMethodBars || method == kMethodArea) {
+  if (is_filled(parts.body)) {
     const f64 height = std::round(box.height * 0.55);
     painter.fillRect(grid.aligned(QRectF(box.x, box.y + (box.height - height) / 2, box.width, height)),
                      color);
     return;
   }
-  if (method != kMethodPoints) {
+  if (parts.body != MethodBody::None || parts.overlay != MethodOverlay::None) {
     const i32 line_type = line_type_of(shown, entry.subset);
     QPen pen = line_pen(line_type, color);
     pen.setWidthF(std::max(pen.widthF(), kLeastSampleWidth));
@@ -44,7 +49,7 @@ void paint_sample(QPainter& painter, const GraphProperties& shown, const GraphLa
     painter.setPen(pen);
     painter.drawLine(QPointF(box.x, middle), QPointF(box.right(), middle));
   }
-  if (method == kMethodPoints || method == kMethodLineAndPoints)
+  if (parts.symbols)
     paint_symbol(painter, make_symbol(point_type_of(shown, entry.subset), symbol_size(shown.DataPointSize)),
                  QPointF(box.x + box.width / 2, middle), color);
 }

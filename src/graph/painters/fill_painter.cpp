@@ -1,0 +1,234 @@
+#include "graph/painters/fill_painter.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include "graph/curve_strokes.h"
+#include "graph/painters/curve_painter.h"
+#include "graph/painters/graph_colors.h"
+#include "graph/painters/sharp_lines.h"
+#include "graph/stacked_curves.h"
+
+namespace trendaro {
+namespace {
+
+constexpr f64 kAreaShare = 0.25;   // opacity under an area's line
+constexpr f64 kStackShare = 0.55;  // of the colour, over the background
+constexpr f64 kBarPart = 0.7;      // of the distance between bars
+constexpr f64 kWidestBar = 40;
+constexpr f64 kNarrowestBar = 2;  // below it, bars of several curves stand at the same place
+constexpr f64 kRibbonDepth = 7;   // pixels to the right and up
+constexpr f64 kPalestBand = 0.3;  // of the colour
+constexpr f64 kSmallestBubble = 2, kLargestBubble = 16;
+constexpr f64 kBubbleShare = 0.3;
+
+// The bar curves on the same layer share the room of a bar.
+struct BarShare {
+  std::size_t index = 0, count = 0;
+};
+
+BarShare bar_share(const CurveTask& task) {
+  BarShare share;
+  for (const CurvePlace& place : task.layout.curves) {
+    if (place.slot != task.place.slot || method_parts(place.method).body != MethodBody::Bars) continue;
+    if (place.subset < task.place.subset) ++share.index;
+    ++share.count;
+  }
+  return share;
+}
+
+f64 bar_room(const CurveOutline& outline) {
+  f64 distance = kWidestBar;
+  for_each_piece(outline, [&](std::size_t first, std::size_t last) {
+    for (std::size_t i = first + 1; i < last; ++i) {
+      const f64 step = std::abs(outline.points[i].x - outline.points[i - 1].x);
+      if (step > 0) distance = std::min(distance, step);
+    }
+  });
+  return std::max(1.0, distance * kBarPart);
+}
+
+// The levels of the labelled ticks and the edges, from top to bottom.
+std::vector<f64> band_levels(const CurveTask& task) {
+  const LayerLayout& layer = task.layout.layers[task.place.slot];
+  std::vector<f64> levels = task.place.right ? layer.right.major : layer.left.major;
+  levels.push_back(task.area.y);
+  levels.push_back(task.area.bottom());
+  for (f64& level : levels) level = std::clamp(level, task.area.y, task.area.bottom());
+  std::sort(levels.begin(), levels.end());
+  levels.erase(std::unique(levels.begin(), levels.end()), levels.end());
+  return levels;
+}
+
+// Draws the same thing once for each band between two levels, cut to it, in a colour that gains from bottom
+// to top.
+template <typename Draw>
+void draw_in_bands(const CurveTask& task, Draw draw) {
+  const std::vector<f64> levels = band_levels(task);
+  const QColor back = graph_color(task.shown.GraphBackColor);
+  const auto bands = static_cast<f64>(levels.size() - 1);
+  for (std::size_t i = 0; i + 1 < levels.size(); ++i) {
+    const f64 height = bands > 1 ? 1 - static_cast<f64>(i) / (bands - 1) : 1;
+    task.painter.save();
+    task.painter.setClipRect(QRectF(task.area.x, levels[i], task.area.width, levels[i + 1] - levels[i]),
+                             Qt::IntersectClip);
+    draw(blended(task.color, back, kPalestBand + (1 - kPalestBand) * height));
+    task.painter.restore();
+  }
+}
+
+// The outline in values of its axes.
+CurveOutline in_values(const CurveTask& task, CurveOutline outline) {
+  for (PixelPoint& point : outline.points)
+    point = {value_of(task.x_scale, point.x), value_of(task.y_scale, point.y)};
+  return outline;
+}
+
+// The way back; a place without a pixel lies on the base.
+std::vector<QPointF> in_pixels(const CurveTask& task, const std::vector<f64>& x, const std::vector<f64>& y) {
+  const PixelRectangle visible = widened(task.area);
+  std::vector<QPointF> points;
+  for (std::size_t i = 0; i < x.size(); ++i) {
+    const f64 pixel = pixel_of(task.y_scale, y[i]);
+    points.emplace_back(
+        std::clamp(pixel_of(task.x_scale, x[i]), visible.x, visible.right()),
+        std::isfinite(pixel) ? std::clamp(pixel, visible.y, visible.bottom()) : base_line(task.y_scale));
+  }
+  return points;
+}
+
+std::vector<CurveTask> stack_of(const CurveTask& task) {
+  std::vector<CurveTask> tasks;
+  for (const CurvePlace& place : task.layout.curves)
+    if (place.slot == task.place.slot && place.right == task.place.right &&
+        method_parts(place.method).body == MethodBody::Stack)
+      tasks.push_back(curve_task(task.painter, task.shown, task.layout, place));
+  return tasks;
+}
+
+void draw_band(const CurveTask& task, const StackedBand& band) {
+  const std::vector<QPointF> top = in_pixels(task, band.x, band.high);
+  std::vector<QPointF> outline = in_pixels(task, band.x, band.low);
+  std::reverse(outline.begin(), outline.end());
+  outline.insert(outline.begin(), top.begin(), top.end());
+  task.painter.setPen(Qt::NoPen);
+  task.painter.setBrush(blended(task.color, graph_color(task.shown.GraphBackColor), kStackShare));
+  task.painter.drawPolygon(outline.data(), static_cast<int>(outline.size()));
+  CurveOutline line;
+  if (!top.empty()) line.starts.push_back(0);
+  for (const QPointF& point : top) line.points.push_back({point.x(), point.y()});
+  draw_lines(task, line);
+}
+
+}  // namespace
+
+void fill_to_base(const CurveTask& task, const CurveOutline& outline, const QColor& fill) {
+  const f64 base = base_line(task.y_scale);
+  const PixelRectangle visible = widened(task.area);
+  const auto inside = [&](const PixelPoint& point) {
+    return QPointF(std::clamp(point.x, visible.x, visible.right()),
+                   std::clamp(point.y, visible.y, visible.bottom()));
+  };
+  task.painter.setPen(Qt::NoPen);
+  task.painter.setBrush(fill);
+  for_each_piece(outline, [&](std::size_t first, std::size_t last) {
+    QPolygonF polygon;
+    polygon.append({inside(outline.points[first]).x(), base});
+    for (std::size_t i = first; i < last; ++i) polygon.append(inside(outline.points[i]));
+    polygon.append({inside(outline.points[last - 1]).x(), base});
+    task.painter.drawPolygon(polygon);
+  });
+}
+
+void draw_bars(const CurveTask& task, const CurveOutline& outline) {
+  const DeviceGrid grid(task.painter);
+  const f64 base = base_line(task.y_scale);
+  const BarShare share = bar_share(task);
+  const f64 room = bar_room(outline);
+  const f64 part = room / static_cast<f64>(std::max<std::size_t>(1, share.count));
+  const bool side_by_side = share.count > 1 && part >= kNarrowestBar;
+  const f64 width = side_by_side ? part : room;
+  const f64 offset = side_by_side ? static_cast<f64>(share.index) * part - room / 2 : -width / 2;
+  const PixelRectangle visible = widened(task.area);
+  for (const PixelPoint& point : outline.points) {
+    if (point.x + room < visible.x || point.x - room > visible.right()) continue;
+    const f64 y = std::clamp(point.y, visible.y, visible.bottom());
+    QRectF bar = grid.aligned(QRectF(point.x + offset, std::min(y, base), width, std::abs(y - base)));
+    bar.setWidth(std::max(bar.width(), 1 / grid.ratio()));
+    task.painter.fillRect(bar, task.color);
+  }
+}
+
+void draw_area(const CurveTask& task, const CurveOutline& outline) {
+  QColor fill = task.color;
+  fill.setAlphaF(static_cast<float>(kAreaShare));
+  fill_to_base(task, outline, fill);
+  draw_lines(task, outline);
+}
+
+void draw_ribbon(const CurveTask& task, const CurveOutline& outline) {
+  const CurveOutline inside = clipped(outline, widened(task.area));
+  const QColor back = graph_color(task.shown.GraphBackColor);
+  const QColor face = blended(task.color, back, 0.55);
+  const QColor shade = blended(task.color, QColor(Qt::black), 0.75);
+  const QPointF depth(kRibbonDepth, -kRibbonDepth);
+  task.painter.setPen(Qt::NoPen);
+  for_each_piece(inside, [&](std::size_t first, std::size_t last) {
+    for (std::size_t i = first + 1; i < last; ++i) {
+      const QPointF from(inside.points[i - 1].x, inside.points[i - 1].y);
+      const QPointF to(inside.points[i].x, inside.points[i].y);
+      const QPointF strip[] = {from, to, to + depth, from + depth};
+      // The eye sees the back of a strip that rises more steeply than it lies.
+      const bool turned = from.y() - to.y() > to.x() - from.x();
+      task.painter.setBrush(turned ? shade : face);
+      task.painter.drawPolygon(strip, 4);
+    }
+  });
+  draw_lines(task, inside);
+}
+
+void draw_contour_lines(const CurveTask& task, const CurveOutline& outline) {
+  const i32 line_type = line_type_of(task.shown, task.place.subset);
+  draw_in_bands(task, [&](const QColor& color) { draw_lines(task, outline, line_type, color); });
+}
+
+void draw_contour_areas(const CurveTask& task, const CurveOutline& outline) {
+  draw_in_bands(task, [&](const QColor& color) { fill_to_base(task, outline, color); });
+}
+
+void draw_bubbles(const CurveTask& task, const CurveOutline& outline) {
+  const PointExtent& whole = curve_samples(task.shown, task.place.subset).extents->whole;
+  const f64 largest =
+      std::max(std::abs(static_cast<f64>(whole.y_low)), std::abs(static_cast<f64>(whole.y_high)));
+  QColor fill = task.color;
+  fill.setAlphaF(static_cast<float>(kBubbleShare));
+  task.painter.setPen(QPen(task.color, 1));
+  task.painter.setBrush(fill);
+  const PixelRectangle visible{task.area.x - kLargestBubble, task.area.y - kLargestBubble,
+                               task.area.width + 2 * kLargestBubble, task.area.height + 2 * kLargestBubble};
+  for (const PixelPoint& point : outline.points) {
+    if (point.x < visible.x || point.x > visible.right() || point.y < visible.y || point.y > visible.bottom())
+      continue;
+    const f64 part = largest > 0 ? std::min(1.0, std::abs(value_of(task.y_scale, point.y)) / largest) : 0;
+    const f64 radius = kSmallestBubble + (kLargestBubble - kSmallestBubble) * std::sqrt(part);
+    task.painter.drawEllipse(QPointF(point.x, point.y), radius, radius);
+  }
+}
+
+void draw_stack(const CurveTask& task) {
+  const std::vector<CurveTask> tasks = stack_of(task);
+  if (tasks.empty() || tasks.front().place.subset != task.place.subset) return;
+  const f64 column_width = 1 / DeviceGrid(task.painter).ratio();
+  std::vector<CurveOutline> outlines;
+  for (const CurveTask& each : tasks) {
+    const CurveSamples samples = curve_samples(each.shown, each.place.subset);
+    const bool ordered = samples.rising || samples.falling;
+    outlines.push_back(ordered ? in_values(each, curve_outline(samples, each.x_scale, each.y_scale, each.area,
+                                                               {.column_width = column_width}))
+                               : CurveOutline{});
+  }
+  const std::vector<StackedBand> bands = stack_curves(outlines);
+  for (std::size_t i = 0; i < tasks.size(); ++i) draw_band(tasks[i], bands[i]);
+}
+
+}  // namespace trendaro
