@@ -3,8 +3,11 @@
 #include <algorithm>
 #include <cmath>
 
+#include "graph/annotation_layout.h"
 #include "graph/axis_layout.h"
 #include "graph/legend_layout.h"
+#include "graph/plot_methods.h"
+#include "graph/table_layout.h"
 #include "graph/title_layout.h"
 
 namespace trendaro {
@@ -184,7 +187,7 @@ std::vector<CurvePlace> curve_places(const GraphProperties& shown) {
     }
     const i32 method = plot_method(shown, subset);
     const bool right = method >= kRightAxisMethod;
-    places.push_back({subset, slot, right, right ? method - kRightAxisMethod : method});
+    places.push_back({subset, slot, right, method_without_side(method)});
   }
   return places;
 }
@@ -196,7 +199,10 @@ GraphLayout graph_layout(const GraphProperties& shown, f64 width, f64 height, co
   layout.curves = curve_places(shown);
   PixelRectangle room = room_inside(width, height, measure);
   place_titles(shown, measure, room, layout.titles);
+  place_table_room(shown, measure, room, layout.table_room);
   place_legend(shown, measure, room, layout.legend);
+  place_margins(shown, measure, room);
+  layout.room = room;
   std::size_t slots = 0;
   for (const CurvePlace& place : layout.curves) slots = std::max(slots, place.slot + 1);
   if (slots == 0 || !has_room_for_axes(room, slots, measure)) {

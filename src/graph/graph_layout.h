@@ -76,6 +76,8 @@ struct GraphLayout {
   bool has_axes = false;  // false: frame and titles only
   std::vector<CurvePlace> curves;
   std::vector<LegendEntry> legend;
+  PixelRectangle room;        // axes and layers, their labels included; margins lie outside
+  PixelRectangle table_room;  // right of the graph; without a width where no table stands there
   std::vector<PixelRectangle> legend_backs;  // behind a legend that stands in the layers
 };
 

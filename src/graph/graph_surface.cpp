@@ -5,7 +5,9 @@
 
 #include "app/run_time_error.h"
 #include "graph/auto_scale.h"
+#include "graph/curve_fits.h"
 #include "graph/curve_index.h"
+#include "graph/table_layout.h"
 
 namespace trendaro {
 namespace {
@@ -19,6 +21,7 @@ bool same_data(const GraphProperties& a, const GraphProperties& b) {
 
 void take_over(GraphProperties& pending, GraphProperties& shown) {
   if (!pending.curve_index || !same_data(pending, shown)) pending.curve_index = build_curve_index(pending);
+  pending.curve_fits = curve_fits(pending, pending.curve_fits);
   scale_to_data(pending);
   shown = pending;
 }
@@ -46,6 +49,7 @@ void take_over_settings(GraphProperties& pending, GraphProperties& shown) {
   taken.UsingXDataII = shown.UsingXDataII;
   taken.SubsetCount = shown.SubsetCount;
   taken.PointCount = shown.PointCount;
+  taken.curve_fits = curve_fits(taken, shown.curve_fits);
   scale_to_data(taken);
   hand_back_limits(taken, pending);
   shown = std::move(taken);
@@ -116,9 +120,10 @@ void PEactions(GraphSurface& graph, i16 action) {
 
 void TableRefresh(GraphSurface& graph, i32 apply) {
   if (apply == 0) return;
+  const i32 former = characters_right_of_graph(graph.shown_);
   graph.shown_.tables = graph.pending.tables;
   graph.shown_.TablesEnabled = graph.pending.TablesEnabled;
-  ++graph.revision_;
+  ++(characters_right_of_graph(graph.shown_) == former ? graph.overlay_revision_ : graph.revision_);
 }
 
 void write_show_annotations(GraphSurface& graph, bool show) {
@@ -127,7 +132,7 @@ void write_show_annotations(GraphSurface& graph, bool show) {
   graph.shown_.VertLineAnnotationText = graph.pending.VertLineAnnotationText;
   graph.shown_.VertLineAnnotationColor = graph.pending.VertLineAnnotationColor;
   graph.shown_.VertLineAnnotationType = graph.pending.VertLineAnnotationType;
-  ++graph.revision_;
+  ++graph.overlay_revision_;
 }
 
 void set_cell_text(TableProperties& table, i32 row, i32 column, std::string text) {

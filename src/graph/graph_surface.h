@@ -55,6 +55,8 @@ class GraphSurface {
   [[nodiscard]] const GraphProperties& shown() const { return shown_; }
   // Raised by every PEactions that changes what is on show.
   [[nodiscard]] u64 revision() const { return revision_; }
+  // Raised when only what stands over the curves has changed: limit lines and tables.
+  [[nodiscard]] u64 overlay_revision() const { return overlay_revision_; }
 
  private:
   friend void PEactions(GraphSurface& graph, i16 action);
@@ -62,6 +64,7 @@ class GraphSurface {
   friend void write_show_annotations(GraphSurface& graph, bool show);
   GraphProperties shown_;
   u64 revision_ = 0;
+  u64 overlay_revision_ = 0;
 };
 
 // Executes a command on a graph; see the codes above. Taking over scales every axis whose manual scale
@@ -71,6 +74,7 @@ void PEactions(GraphSurface& graph, i16 action);
 
 // Brings the contents and the look of all tables on show, for `apply` other than 0. Nothing else is taken
 // over.
+// Counts as a change of the overlay unless the graph gets another width.
 void TableRefresh(GraphSurface& graph, i32 apply);
 
 // Writes ShowAnnotations and brings the vertical lines on show at once, and nothing else: a dragged line

@@ -187,7 +187,25 @@ TEST(GraphSurfaceTest, ARefreshShowsTheTablesAndNothingElse) {
   EXPECT_EQ(graph.shown().tables[0].cells.at({2, 0}).text, "x=5");
   EXPECT_EQ(graph.shown().tables[0].cells.at({2, 0}).color, 0xFF);
   EXPECT_EQ(graph.shown().MainTitle, "");
+  EXPECT_EQ(graph.revision(), 0u);
+  EXPECT_EQ(graph.overlay_revision(), 1u);
+}
+
+TEST(GraphSurfaceTest, ATableThatTakesRoomFromTheGraphChangesMoreThanTheOverlay) {
+  GraphSurface graph(1);
+  graph.pending.TablesEnabled = graph.table().TableVisible = true;
+  graph.table().TableLocation = 6;
+  graph.table().TableRows = graph.table().TableColumns = 1;
+  graph.table().column_widths[0] = 10;
+  TableRefresh(graph, 1);
   EXPECT_EQ(graph.revision(), 1u);
+  set_cell_text(graph.table(), 0, 0, "x=5");
+  TableRefresh(graph, 1);
+  EXPECT_EQ(graph.revision(), 1u);
+  EXPECT_EQ(graph.overlay_revision(), 1u);
+  set_cell_text(graph.table(), 0, 0, "x=12.03.2024 14:05");
+  TableRefresh(graph, 1);
+  EXPECT_EQ(graph.revision(), 2u);
 }
 
 TEST(GraphSurfaceTest, ADraggedLineShowsAtOnce) {

@@ -142,8 +142,7 @@ TEST(GraphPainterTest, WithoutGridLinesTheAreaIsPlain) {
 
 TEST(GraphPainterTest, EveryMethodLineAndSymbolDrawsSomething) {
   GraphSurface graph = graph_of({0, 1, 2, 3, 4, 5}, {1, 3, 2, 5, 4, 6});
-  for (const i32 method :
-       {kMethodLine, kMethodPoints, kMethodLineAndPoints, kMethodBars, kMethodArea, kMethodSteps, 77})
+  for (i32 method = 0; method <= kMethodCount; ++method)
     for (const i32 line : {0, 1, 2, 3, 4, 5, 6, 9, 10, 11, 99})
       for (const i32 symbol : {0, 1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 72, 73, -5}) {
         graph.pending.SubsetPlotMethods = {method};

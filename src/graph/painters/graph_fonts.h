@@ -19,8 +19,8 @@ class GraphFonts : public TextMeasure {
   [[nodiscard]] f64 height(TextRole role) const override;
 
  private:
-  std::array<QFont, 4> fonts_;
-  std::array<QFontMetricsF, 4> metrics_;
+  std::array<QFont, kTextRoles> fonts_;
+  std::array<QFontMetricsF, kTextRoles> metrics_;
 };
 
 }  // namespace trendaro
