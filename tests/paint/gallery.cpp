@@ -9,10 +9,12 @@
 #include <string>
 #include <vector>
 
+#include "graph/annotation_layout.h"
 #include "graph/graph_painter.h"
 #include "graph/graph_surface.h"
 #include "graph/painters/curve_painter.h"
 #include "graph/painters/grid_painter.h"
+#include "graph/plot_methods.h"
 
 namespace trendaro {
 namespace {
@@ -142,14 +144,77 @@ void add_axes(Sheet& sheet) {
   give_curves(inverted, -5, 5, 300, {[](f64 x) { return x * x; }});
 }
 
+std::string name_of(i32 method) {
+  for (const PlotMethodChoice& choice : kFirstMethods)
+    if (choice.method == method) return choice.name;
+  for (const PlotMethodChoice& choice : kSecondMethods)
+    if (choice.method == method) return choice.name;
+  return "Methode " + std::to_string(method);
+}
+
 void add_methods(Sheet& sheet) {
-  for (const i32 method : {kMethodPoints, kMethodBars, kMethodArea, kMethodSteps}) {
-    GraphSurface& graph = sheet.add("Methode " + std::to_string(method));
-    give_curves(graph, 0, 30, 31, {[](f64 x) { return std::sin(x / 3) * (1 + x / 20); }});
-    graph.pending.SubsetPlotMethods = {method};
-    graph.pending.SubsetPointTypes = {3};
+  for (i32 method = 0; method < kMethodCount; ++method) {
+    GraphSurface& graph = sheet.add(name_of(method));
+    give_curves(graph, 0, 30, 31,
+                {[](f64 x) { return 2 + std::sin(x / 3) * (1 + x / 20) + 0.3 * std::sin(x * 17); },
+                 [](f64 x) { return 1.2 + 0.05 * x + 0.4 * std::cos(x * 11); }});
+    graph.pending.SubsetPlotMethods = {method, method};
+    graph.pending.SubsetPointTypes = {3, 5};
     PEactions(graph, kTakeOverAndRedraw);
   }
+}
+
+void add_annotation(GraphSurface& graph, i32 kind, f64 x, f64 y, const std::string& text, i32 color) {
+  const auto index = static_cast<i32>(graph.pending.GraphAnnotationType.size());
+  set_element(graph.pending.GraphAnnotationType, index, kind);
+  set_element(graph.pending.GraphAnnotationX, index, x);
+  set_element(graph.pending.GraphAnnotationY, index, y);
+  set_element(graph.pending.GraphAnnotationText, index, text);
+  set_element(graph.pending.GraphAnnotationColor, index, color);
+  set_element(graph.pending.GraphAnnotationAxis, index, 0);
+}
+
+void add_annotations(Sheet& sheet) {
+  GraphSurface& graph = sheet.add("Annotationen und Cursordaten");
+  give_curves(graph, 0, 12, 4000,
+              {[](f64 x) { return 40 * std::exp(-(x - 6) * (x - 6)) * std::sin(x * 9); }});
+  GraphProperties& pending = graph.pending;
+  pending.ShowAnnotations = true;
+  for (i32 symbol = 1; symbol <= 12; ++symbol) add_annotation(graph, symbol, symbol - 0.5, -33, "", 0x804000);
+  add_annotation(graph, 6, 6.1, 38, "Resonanz", 0x2020C0);
+  add_annotation(graph, kLineStartKind + 1, 8, 30, "", 0x208020);
+  add_annotation(graph, kLineEndKind, 10.5, 12, "Abfall", 0x208020);
+  add_annotation(graph, kFirstCornerKind, 1, 25, "", 0);
+  add_annotation(graph, kSecondCornerKind, 3, 10, "", 0);
+  add_annotation(graph, kEllipseKind + kFilledShape, 0, 0, "Fenster", 0xB05010);
+  pending.HorzLineAnnotation = {20, -20};
+  pending.HorzLineAnnotationText = {"|Rmax", "Grenze unten"};
+  pending.HorzLineAnnotationColor = {0x2020C0, 0x2020C0};
+  pending.HorzLineAnnotationType = {1, 0};
+  pending.VertLineAnnotation = {3.5, 8.5};
+  pending.VertLineAnnotationText = {"", "|TEnde"};
+  pending.VertLineAnnotationType = {6, 6};
+  pending.RightMargin = "|Rmax";
+  pending.TopMargin = "|TEnde";
+  pending.XAxisAnnotation = {5};
+  pending.XAxisAnnotationText = {"T1"};
+  pending.layers[0].YAxisAnnotation = {0};
+  pending.layers[0].YAxisAnnotationText = {"null"};
+  pending.AnnotationTextSize = pending.AxisAnnotationTextSize = pending.LineAnnotationTextSize = 80;
+  pending.TablesEnabled = true;
+  TableProperties& table = pending.tables[0];
+  table.TableVisible = true;
+  table.TableLocation = 6;
+  table.TableRows = 5;
+  table.TableColumns = 1;
+  table.TableBorder = 3;
+  table.TableTextSize = 80;
+  table.column_widths[0] = 10;
+  set_cell_text(table, 0, 0, "x=6.12 s");
+  set_cell_text(table, 1, 0, "38.214 mm/s");
+  set_cell_color(table, 1, 0, kColors[0]);
+  set_cell_text(table, 2, 0, "----------------");
+  PEactions(graph, kTakeOverAndRedraw);
 }
 
 void add_texts(Sheet& sheet) {
@@ -207,6 +272,7 @@ int main(int argument_count, char** arguments) {
   trendaro::add_lines_and_symbols(sheet);
   trendaro::add_axes(sheet);
   trendaro::add_methods(sheet);
+  trendaro::add_annotations(sheet);
   const double scale = argument_count > 2 ? QByteArray(arguments[2]).toDouble() : 1;
   return trendaro::drawn(sheet, scale).save(QString::fromLocal8Bit(arguments[1])) ? 0 : 1;
 }
