@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <array>
-#include <charconv>
 #include <ostream>
 #include <string_view>
 #include <vector>
@@ -47,12 +46,6 @@ void print_columns(const std::vector<Row>& rows, const std::vector<bool>& right,
   }
 }
 
-// Shortest digits that read back to the same f32.
-std::string single_text(f32 value) {
-  std::array<char, 32> digits;
-  return {digits.data(), std::to_chars(digits.data(), digits.data() + digits.size(), value).ptr};
-}
-
 // A date that is kept as a number is told as a date.
 std::string readable_date(const std::string& date) {
   const auto number = day_number_from_text(date);
@@ -86,7 +79,7 @@ void print_channels(const LoaderResult& result, std::ostream& output) {
   const auto count = static_cast<i32>(result.FileChannelNames.size());
   for (i32 n = 1; n <= count; ++n)
     rows.push_back({std::to_string(n), on_one_line(result.FileChannelNames[n]),
-                    on_one_line(result.FileChannelUnits[n]), single_text(result.FileChannelRates[n]),
+                    on_one_line(result.FileChannelUnits[n]), number_text(result.FileChannelRates[n]),
                     points_text(result, n)});
   output << '\n';
   print_columns(rows, {true, false, false, true, true}, output);
@@ -108,15 +101,15 @@ void print_record(i16 channel, const ChannelParamRecord& record, std::ostream& o
                                                       ? std::string()
                                                       : " - " + std::to_string(record.HardwareSubChannel))},
        {"Verstärker Serien Nr.", field_text(record.AmplifierSerial)},
-       {"Geräteskalierung x(1);y(1)", single_text(record.ScaleX1) + " ; " + single_text(record.ScaleY1)},
-       {"Geräteskalierung x(2);y(2)", single_text(record.ScaleX2) + " ; " + single_text(record.ScaleY2)},
+       {"Geräteskalierung x(1);y(1)", number_text(record.ScaleX1) + " ; " + number_text(record.ScaleY1)},
+       {"Geräteskalierung x(2);y(2)", number_text(record.ScaleX2) + " ; " + number_text(record.ScaleY2)},
        {"Elektr. Einheit", field_text(record.ElectricalUnit)},
        {"Phys. Einheit", field_text(record.PhysicalUnit)},
-       {"Nullabgleichwert", single_text(record.ZeroValue)},
-       {"Tarawert", single_text(record.TareValue)},
-       {"Software-Nullabgleichwert", single_text(record.SoftwareZero)},
-       {"k-Faktor", single_text(record.KFactor)},
-       {"Brückenfaktor", single_text(record.BridgeFactor)}},
+       {"Nullabgleichwert", number_text(record.ZeroValue)},
+       {"Tarawert", number_text(record.TareValue)},
+       {"Software-Nullabgleichwert", number_text(record.SoftwareZero)},
+       {"k-Faktor", number_text(record.KFactor)},
+       {"Brückenfaktor", number_text(record.BridgeFactor)}},
       {false, false}, output);
 }
 

@@ -46,6 +46,19 @@ f64 leading_number(std::string_view text) {
   return tiny ? 0 : std::copysign(std::numeric_limits<f64>::max(), first > 0 ? -1.0 : 1.0);
 }
 
+// Plain digits where a reader would write them so: an exponent from -5 up to what the type holds exactly.
+template <typename Real>
+std::string shortest_text(Real value) {
+  const Real size = std::abs(value);
+  const auto plain_end = std::pow(Real{10}, static_cast<Real>(std::numeric_limits<Real>::digits10 + 1));
+  const bool plain = size == 0 || (size >= Real(1e-5) && size < plain_end);
+  std::array<char, 32> buffer;
+  char* const end = buffer.data() + buffer.size();
+  const auto result = plain ? std::to_chars(buffer.data(), end, value, std::chars_format::fixed)
+                            : std::to_chars(buffer.data(), end, value);
+  return {buffer.data(), result.ptr};
+}
+
 }  // namespace
 
 f64 ParseNumber(std::string_view text) {
@@ -64,9 +77,11 @@ i32 round_to_i32(f64 value) {
 }
 
 std::string number_text(f64 value) {
-  std::array<char, 32> buffer;
-  const auto result = std::to_chars(buffer.data(), buffer.data() + buffer.size(), value);
-  return {buffer.data(), result.ptr};
+  return shortest_text(value);
+}
+
+std::string number_text(f32 value) {
+  return shortest_text(value);
 }
 
 std::string number_text(i64 value) {

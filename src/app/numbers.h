@@ -15,8 +15,10 @@ f64 ParseNumber(std::string_view text);
 i16 round_to_i16(f64 value);
 i32 round_to_i32(f64 value);
 
-// The shortest text that reads back to the same value, "." as decimal sign; "nan", "inf", "-inf".
+// The shortest text that reads back to the same value, "." as decimal sign; "nan", "inf", "-inf". From
+// 0.00001 up to 16 (f64) or 7 (f32) digits ahead of the point it is written without an exponent.
 std::string number_text(f64 value);
+std::string number_text(f32 value);
 std::string number_text(i64 value);
 
 // A count in plain digits up to 15 of them: what arithmetic leaves behind the last whole point is hidden.

@@ -2,7 +2,9 @@
 #include "app/model.h"
 #include "app/raised.h"
 #include "app/toolbar.h"
+#include "datasource/grid_handlers.h"
 #include "datasource/plot_list.h"
+#include "datasource/survey_presence.h"
 #include "datasource/x_range.h"
 #include "graph/curve_cache.h"
 #include "graph/main_redraw.h"
@@ -21,6 +23,19 @@ void unmark_all(Model& model) {
   while (!model.Grid.marked.empty()) clear_mark(model.Grid, *model.Grid.marked.begin());
 }
 
+void forget_plots(Model& model) {
+  clear_plot_list(model);
+  model.ActiveLayers = 0;
+  model.gMultiLayer = false;
+}
+
+// A survey that a plain curve had hidden cannot be asked for by the user.
+void show_hidden_survey(Model& model) {
+  if (model.controls["mnuShowSurvGraph"].enabled) return;
+  bring_survey_back(model);
+  ReducFormatGUI(model, false);
+}
+
 }  // namespace
 
 void RemovePlots(Model& model) {
@@ -34,13 +49,12 @@ void RemovePlots(Model& model) {
 
 void ClearGraph(Model& model) {
   if (model.Zoomed) reset_zoom(model);
-  model.Plots.clear();
-  model.SurveyPlots.clear();
-  model.NofPlots = 0;
+  forget_plots(model);
   free_curve_caches(model);
   unmark_all(model);
+  show_hidden_survey(model);
   redraw_both(model);
-  model.shell.show_status(2, "");
+  show_plot_status(model);
 }
 
 }  // namespace trendaro

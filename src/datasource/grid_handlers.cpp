@@ -14,9 +14,13 @@ constexpr i16 kCheckColumn = 1;
 constexpr i16 kNameColumn = 3;
 
 // Shows or hides what stands below row 1, down to the first file. Row 1 itself stays, so that it can be
-// opened again. A file in row 1 ends the walk at once, so the first file of a list cannot be closed.
+// opened again. A file in row 1 ends the walk at once, so the first file of a list cannot be
+// closed, and goes on showing that it is open.
 void open_or_close_head(ChannelRows& list, bool open) {
-  if (list.rows[1].kind == RowKind::File) return;
+  if (list.rows[1].kind == RowKind::File) {
+    list.rows[1].check = 1;
+    return;
+  }
   ++list.shape;
   for (i32 i = 2; i <= list.MaxRows() && list.rows[i].kind != RowKind::File; ++i) {
     ChannelRow& row = list.rows[i];

@@ -10,10 +10,11 @@ namespace trendaro {
 namespace {
 
 // While original samples are on show the former plot stands on a channel of the original file, `index` on the
-// pair of the reduced file.
+// pair of the reduced file. Block recordings keep their channel numbers when they are reduced.
 bool same_channel(const PlotRecord& former, i16 index, bool original_data) {
   const i32 channel = former.ChannelIndex;
-  return (original_data ? 2 * channel - 1 : channel) == index;
+  const bool of_block = former.FileKind == kKindReducedBlock || former.FileKind == kKindDatabaseFromBlock;
+  return (original_data && !of_block ? 2 * channel - 1 : channel) == index;
 }
 
 void move_annotations(Model& model, i16 from, i16 to) {

@@ -21,15 +21,6 @@ constexpr i16 kLayers = 3;
 constexpr i16 kSides = 2;
 constexpr std::size_t kMostPlots = static_cast<std::size_t>(std::numeric_limits<i16>::max());
 
-void clear_plot_list(Model& model) {
-  model.SurveyPlots.clear();
-  model.NofPlots = 0;
-  model.ActiveLayersChanged = false;
-  model.LayerPlotCount.assign(3, 0);
-  model.LayerRightPlotCount.assign(3, 0);
-  model.HasFullDataPlot = false;
-}
-
 i16 chosen_x_source(const XSourceBox& box) {
   return box.ListIndex == 0 ? i16{0} : box.entries[1].item_data;
 }
@@ -70,8 +61,9 @@ void describe_signal(Model& model, PlotRecord& plot, const ChannelRow& row, i16 
   if (plot.FileKind == kKindPlain) model.HasFullDataPlot = true;
 }
 
-// Twice the points of the list for pairs, unless that is beyond any count.
+// Twice the points of the list for pairs, unless that is beyond any count; -1, unknown, stays.
 i32 points_of(const PlotRecord& plot, const ChannelRow& row) {
+  if (row.points == -1) return -1;
   const i64 doubled = i64{row.points} * 2;
   const bool fits = doubled >= std::numeric_limits<i32>::min() && doubled <= std::numeric_limits<i32>::max();
   return plot.FileKind == kKindReducedPairs && fits ? static_cast<i32>(doubled) : row.points;
@@ -177,6 +169,16 @@ void count_layers(Model& model) {
 }
 
 }  // namespace
+
+void clear_plot_list(Model& model) {
+  model.Plots.clear();
+  model.SurveyPlots.clear();
+  model.NofPlots = 0;
+  model.ActiveLayersChanged = false;
+  model.LayerPlotCount.assign(kLayers, 0);
+  model.LayerRightPlotCount.assign(kLayers, 0);
+  model.HasFullDataPlot = false;
+}
 
 std::vector<MarkedRow> marks_in_plot_order(const ChannelRows& list) {
   std::array<std::vector<MarkedRow>, kLayers * kSides> passes;

@@ -19,6 +19,10 @@ struct MarkedRow {
 // user set on a curve is carried over from the former list by signal and file. The caller redraws.
 void RebuildPlotList(Model& model);
 
+// Empties both plot arrays and what is counted of them. ActiveLayers and the caches stay, for a rebuild
+// compares with the former ones.
+void clear_plot_list(Model& model);
+
 // The marked rows of the list in the order of the plots: layer, side, row.
 std::vector<MarkedRow> marks_in_plot_order(const ChannelRows& list);
 

@@ -51,15 +51,15 @@ std::string or_missing(std::string text) {
 
 // A scale that is missing has all bits set, and is no number.
 std::string real_text(f32 value) {
-  return std::isnan(value) ? kNotAvailable : single_text(value);
+  return std::isnan(value) ? kNotAvailable : number_text(value);
 }
 
 std::string pair_text(f32 x, f32 y) {
-  return std::isnan(x) || std::isnan(y) ? kNotAvailable : single_text(x) + " ; " + single_text(y);
+  return std::isnan(x) || std::isnan(y) ? kNotAvailable : number_text(x) + " ; " + number_text(y);
 }
 
 std::string with_unit(f32 value, const std::string& unit) {
-  return std::isnan(value) ? kNotAvailable : single_text(value) + " " + unit;
+  return std::isnan(value) ? kNotAvailable : number_text(value) + " " + unit;
 }
 
 // A recording's comment may begin with what is left of the field ahead of it.

@@ -1,7 +1,5 @@
 #include "files/parameter_text.h"
 
-#include <array>
-#include <charconv>
 #include <string_view>
 
 #include "app/attempt.h"
@@ -12,15 +10,9 @@
 
 namespace trendaro {
 
-std::string single_text(f32 value) {
-  std::array<char, 32> buffer;
-  const auto result = std::to_chars(buffer.data(), buffer.data() + buffer.size(), value);
-  return {buffer.data(), result.ptr};
-}
-
 std::string interval_text(f64 milliseconds) {
   std::string text = fixed_text(milliseconds, 2) + " ms";
-  if (milliseconds != 0) text += " (" + single_text(static_cast<f32>(1000 / milliseconds)) + " Hz)";
+  if (milliseconds != 0) text += " (" + number_text(static_cast<f32>(1000 / milliseconds)) + " Hz)";
   return text;
 }
 

@@ -9,9 +9,6 @@ namespace trendaro {
 
 struct Model;
 
-// The shortest text that reads back to the same real of 4 bytes.
-std::string single_text(f32 value);
-
 // "0.50 ms (2000 Hz)"; the rate is a real of 4 bytes, and a channel without an interval has none.
 std::string interval_text(f64 milliseconds);
 

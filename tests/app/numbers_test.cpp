@@ -70,6 +70,15 @@ TEST(RoundingTest, ValuesOutOfRangeOverflow) {
 TEST(NumberTextTest, ReadsBackToTheSameValue) {
   EXPECT_EQ(number_text(0.1), "0.1");
   EXPECT_EQ(number_text(-2.0), "-2");
+  EXPECT_EQ(number_text(100000.0), "100000");
+  EXPECT_EQ(number_text(0.0001), "0.0001");
+  EXPECT_EQ(number_text(1e-6), "1e-06");
+  EXPECT_EQ(number_text(9007199254740992.0), "9007199254740992");
+  EXPECT_EQ(number_text(1e16), "1e+16");
+  EXPECT_EQ(number_text(-0.0), "-0");
+  EXPECT_EQ(number_text(f32{1e5}), "100000");
+  EXPECT_EQ(number_text(f32{0.1F}), "0.1");
+  EXPECT_EQ(number_text(f32{1e7}), "1e+07");
   EXPECT_EQ(number_text(45000.5), "45000.5");
   EXPECT_EQ(number_text(std::numeric_limits<f64>::infinity()), "inf");
   EXPECT_EQ(fixed_text(2.0 / 3, 3), "0.667");

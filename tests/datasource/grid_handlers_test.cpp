@@ -87,6 +87,7 @@ TEST_F(GridHandlersTest, FirstFileCannotBeClosed) {
   click_check_cell(model, 1, 0);
   EXPECT_FALSE(model.Grid.rows[2].hidden);
   EXPECT_FALSE(model.Grid.rows[3].hidden);
+  EXPECT_EQ(model.Grid.rows[1].check, 1);
 }
 
 TEST_F(GridHandlersTest, HeadingOfTheLiveLayoutOpensDownToTheFirstFile) {

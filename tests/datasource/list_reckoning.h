@@ -88,7 +88,7 @@ struct ListReckoning {
   }
 
   void click_file(std::size_t file, bool open) {
-    files[file].check = open ? 1 : 0;
+    files[file].check = file == 0 || open ? 1 : 0;
     if (file > 0) files[file].open = open;
   }
   // Tells whether plots went with the file.
@@ -107,6 +107,8 @@ struct ListReckoning {
     for (ReckonedFile& file : files)
       for (ReckonedSignal& signal : file.signals) signal.layer = signal.side = 0;
     plots.clear();
+    full_data = false;
+    layers_used = 0;
   }
   void move_range(i16 first) {
     first_channel = first;

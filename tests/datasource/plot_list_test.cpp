@@ -300,6 +300,33 @@ TEST_F(PlotListTest, OriginalChannelsMatchTheirPairs) {
   EXPECT_EQ(model.Plots[1].LineType, 6);
 }
 
+TEST_F(PlotListTest, BlockRecordingsKeepTheirChannelNumbersInOriginalData) {
+  add_file("run.REB", 4);
+  for (i32 row = 2; row <= 5; ++row) write_mark(row);
+  RebuildPlotList(model);
+  model.OriginalDataMode = true;
+  for (i16 n = 1; n <= 4; ++n) {
+    model.Plots[n].FileKind = kKindDatabaseFromBlock;
+    model.Plots[n].LineType = static_cast<i16>(n + 2);
+  }
+  RebuildPlotList(model);
+  for (i16 n = 1; n <= 4; ++n) {
+    EXPECT_EQ(model.Plots[n].ChannelIndex, n);
+    EXPECT_EQ(model.Plots[n].LineType, n + 2);
+  }
+}
+
+TEST_F(PlotListTest, UnknownPointsOfPairsAreTakenFromTheFormerPlot) {
+  add_file("run.ST1", 2);
+  model.Grid.rows[2].points = -1;
+  write_mark(2);
+  RebuildPlotList(model);
+  EXPECT_EQ(model.Plots[1].Points, -1);
+  model.Plots[1].Points = 777;
+  RebuildPlotList(model);
+  EXPECT_EQ(model.Plots[1].Points, 777);
+}
+
 TEST_F(PlotListTest, DatabaseChannelsAreNeverTakenForEachOther) {
   model.IOChannelCount = 2;
   InitDataSourceGrid(model);
@@ -439,6 +466,26 @@ TEST_F(PlotListTest, ClearedGraphKeepsTheListWithoutMarks) {
   EXPECT_FALSE(model.ButtonLock);
   EXPECT_EQ(main_redraws(), 1);
   EXPECT_EQ(survey_redraws(), 1);
+}
+
+TEST_F(PlotListTest, ClearedGraphForgetsUncompressedChannels) {
+  add_file("run.BIN", 3);
+  mark(2, 1, 1);
+  mark(3, 3, 2);
+  ASSERT_TRUE(model.HasFullDataPlot);
+  ASSERT_EQ(model.ActiveLayers, 2);
+  ASSERT_FALSE(model.controls["mnuShowSurvGraph"].enabled);
+  ClearGraph(model);
+  EXPECT_FALSE(model.HasFullDataPlot);
+  EXPECT_EQ(model.ActiveLayers, 0);
+  EXPECT_FALSE(model.gMultiLayer);
+  EXPECT_EQ(model.LayerPlotCount, OneBased<i16>(3));
+  EXPECT_EQ(model.LayerRightPlotCount, OneBased<i16>(3));
+  EXPECT_TRUE(model.controls["mnuShowSurvGraph"].enabled);
+  EXPECT_TRUE(model.controls["mnuShowSurvGraph"].ticked);
+  shell.calls.clear();
+  show_plot_status(model);
+  EXPECT_EQ(shell.calls, (std::vector<std::string>{"status 2: ", "status 1: "}));
 }
 
 TEST_F(PlotListTest, RemovedPlotsStayInTheList) {

@@ -151,6 +151,7 @@ class RandomListTest : public ListFixture {
   void clear_graphs() {
     ClearGraph(model);
     reckoned.unmark_all();
+    reckoned.survey_shown = true;
   }
 
   void take_a_step() {

@@ -63,6 +63,7 @@ TEST_F(DatasetHeaderTextTest, ChannelLinesEndWithCarriageReturnAndLineFeed) {
 TEST_F(DatasetHeaderTextTest, RateIsOfSinglePrecision) {
   // 1000 / 3 as a real of 4 bytes, in its shortest form.
   EXPECT_NE(text({.interval = 3}, 1).find("dt: 3.00 ms (333.33334 Hz)\r\n"), std::string::npos);
+  EXPECT_NE(text({.interval = 0.01}, 1).find("dt: 0.01 ms (100000 Hz)\r\n"), std::string::npos);
 }
 
 TEST_F(DatasetHeaderTextTest, ChannelWithoutAnIntervalHasNoRate) {
