@@ -153,12 +153,39 @@ void place_frame(const PixelRectangle& room, GraphLayout& layout) {
 
 bool has_room_for_axes(const PixelRectangle& room, std::size_t layers, const TextMeasure& measure) {
   const f64 line = measure.height(TextRole::Axis);
-  return room.width >= line * 10 && room.height >= line * (3 + 3 * static_cast<f64>(layers));
+  return room.width >= line * 10 && room.height >= line * (3.5 + 2.3 * static_cast<f64>(layers));
 }
 
 PixelRectangle room_inside(f64 width, f64 height, const TextMeasure& measure) {
   const f64 margin = std::min({std::round(measure.height(TextRole::Axis) * 0.6), width / 8, height / 8});
   return {margin, margin, width - 2 * margin, height - 2 * margin};
+}
+
+// What stands around the axes; where they find no room, legend and titles give way in this order.
+enum class Surroundings : u8 { All, WithoutLegend, None };
+
+void place_surroundings(const GraphProperties& shown, const TextMeasure& measure, Surroundings kind,
+                        GraphLayout& layout) {
+  layout.titles.clear();
+  layout.legend.clear();
+  PixelRectangle room = room_inside(layout.width, layout.height, measure);
+  if (kind != Surroundings::None) {
+    place_titles(shown, measure, room, layout.titles);
+    place_table_room(shown, measure, room, layout.table_room);
+  }
+  if (kind == Surroundings::All) place_legend(shown, measure, room, layout.legend);
+  place_margins(shown, measure, room);
+  layout.room = room;
+}
+
+// Whether axes find room for so many layers, in the end without all that stands around them.
+bool make_room_for_axes(const GraphProperties& shown, const TextMeasure& measure, std::size_t layers,
+                        GraphLayout& layout) {
+  for (const Surroundings kind : {Surroundings::All, Surroundings::WithoutLegend, Surroundings::None}) {
+    place_surroundings(shown, measure, kind, layout);
+    if (has_room_for_axes(layout.room, layers, measure)) return true;
+  }
+  return false;
 }
 
 void color_titles(const GraphProperties& shown, GraphLayout& layout) {
@@ -197,23 +224,18 @@ GraphLayout graph_layout(const GraphProperties& shown, f64 width, f64 height, co
   layout.width = width;
   layout.height = height;
   layout.curves = curve_places(shown);
-  PixelRectangle room = room_inside(width, height, measure);
-  place_titles(shown, measure, room, layout.titles);
-  place_table_room(shown, measure, room, layout.table_room);
-  place_legend(shown, measure, room, layout.legend);
-  place_margins(shown, measure, room);
-  layout.room = room;
   std::size_t slots = 0;
   for (const CurvePlace& place : layout.curves) slots = std::max(slots, place.slot + 1);
-  if (slots == 0 || !has_room_for_axes(room, slots, measure)) {
-    place_frame(room, layout);
-  } else {
-    layout.has_axes = true;
+  layout.has_axes = slots > 0 && make_room_for_axes(shown, measure, slots, layout);
+  if (layout.has_axes) {
     const std::vector<LayerShare> shares = layer_shares(shown);
     layout.layers.resize(slots);
     for (std::size_t i = 0; i < slots; ++i) layout.layers[i].layer = shares[i].layer;
     mark_sides(layout);
-    place_axes(shown, measure, room, layout);
+    place_axes(shown, measure, layout.room, layout);
+  } else {
+    place_surroundings(shown, measure, Surroundings::All, layout);
+    place_frame(layout.room, layout);
   }
   place_legend_in_layers(shown, measure, layout);
   color_titles(shown, layout);

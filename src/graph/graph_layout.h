@@ -84,8 +84,8 @@ struct GraphLayout {
 // Which layer and side each curve of a graph hangs on, in curve order. Layers without curves take no slot.
 std::vector<CurvePlace> curve_places(const GraphProperties& shown);
 
-// Places everything that a graph of `width` x `height` pixels shows. Titles, then legend, give way where the
-// room is short; nothing overlaps and nothing leaves the graph.
+// Places everything that a graph of `width` x `height` pixels shows. Where the room is short, legend and titles
+// shrink, and the axes come before either; nothing overlaps and nothing leaves the graph.
 GraphLayout graph_layout(const GraphProperties& shown, f64 width, f64 height, const TextMeasure& measure);
 
 // The text cut to a width, with an ellipsis where something was cut; empty where not even that fits.

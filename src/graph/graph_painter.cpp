@@ -1,5 +1,7 @@
 #include "graph/graph_painter.h"
 
+#include <utility>
+
 #include "graph/painters/annotation_painter.h"
 #include "graph/painters/axis_painter.h"
 #include "graph/painters/curve_painter.h"
@@ -15,6 +17,9 @@ GraphSheet::GraphSheet(const GraphProperties& properties, QSizeF size)
     : shown(properties),
       fonts(properties),
       layout(graph_layout(properties, size.width(), size.height(), fonts)) {}
+
+GraphSheet::GraphSheet(const GraphProperties& properties, GraphLayout ready)
+    : shown(properties), fonts(properties), layout(std::move(ready)) {}
 
 void paint_graph_base(QPainter& painter, const GraphSheet& sheet) {
   const auto& [shown, fonts, layout] = sheet;

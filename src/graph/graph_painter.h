@@ -17,6 +17,7 @@ struct GraphSheet {
 
   // `shown` must outlive the sheet.
   GraphSheet(const GraphProperties& shown, QSizeF size);
+  GraphSheet(const GraphProperties& shown, GraphLayout layout);
 };
 
 // The graph without what stands over it and may change alone; and just that: annotations, limit lines and

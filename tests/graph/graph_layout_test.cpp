@@ -195,6 +195,27 @@ TEST(GraphLayoutTest, AutomaticDataScalingMovesThePowerIntoTheTitle) {
   EXPECT_EQ(labels_of(layout.x_axis), "0.0 0.5 1.0 1.5 2.0 2.5 3.0 3.5 4.0 4.5 5.0");
 }
 
+TEST(GraphLayoutTest, AxesComeBeforeLegendAndTitles) {
+  GraphSurface graph = graph_with(3);
+  graph.pending.MainTitle = "Prüflauf";
+  graph.pending.MultiAxesSubsets = {1, 1, 1};
+  graph.pending.SubsetsToLegend = {0, 1, 2};
+  PEactions(graph, kTakeOverAndRedraw);
+  const GraphLayout roomy = layout_of(graph, 400, 250);
+  EXPECT_TRUE(roomy.has_axes);
+  EXPECT_EQ(roomy.titles.size(), 1U);
+  EXPECT_EQ(roomy.legend.size(), 3U);
+  // Three layers need 146 pixels; margins of 8, a title of 14 and a legend of 20 leave less.
+  const GraphLayout tight = layout_of(graph, 400, 190);
+  EXPECT_TRUE(tight.has_axes);
+  EXPECT_EQ(tight.titles.size(), 1U);
+  EXPECT_TRUE(tight.legend.empty());
+  const GraphLayout narrow = layout_of(graph, 400, 165);
+  EXPECT_TRUE(narrow.has_axes);
+  EXPECT_TRUE(narrow.titles.empty());
+  EXPECT_FALSE(layout_of(graph, 400, 120).has_axes);
+}
+
 TEST(GraphLayoutTest, NothingOverlapsAtAnySize) {
   GraphSurface graph = graph_with(9);
   graph.pending.MainTitle = "Ein langer Haupttitel über dem Ganzen";

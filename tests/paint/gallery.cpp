@@ -1,256 +1,41 @@
-// Draws every kind of axis, line, symbol, legend place and method on one sheet, to be looked at:
-//   paint_gallery PICTURE.png [SCALE]
+// Draws sheets of everything that a graph can show, to be looked at:
+//   paint_gallery methods|axes|texts PICTURE.png [SCALE]
 
 #include <QGuiApplication>
 #include <QImage>
-#include <cmath>
+#include <QPainter>
 #include <cstdio>
-#include <functional>
-#include <string>
-#include <vector>
+#include <optional>
 
-#include "graph/annotation_layout.h"
 #include "graph/graph_painter.h"
-#include "graph/graph_surface.h"
-#include "graph/painters/curve_painter.h"
-#include "graph/painters/grid_painter.h"
-#include "graph/plot_methods.h"
+#include "sample_graphs.h"
 
 namespace trendaro {
 namespace {
 
-using Curve = std::function<f64(f64)>;
+constexpr int kColumns = 3;
+constexpr QSize kTile(480, 280);
 
-constexpr i32 kColors[] = {0xB4771F, 0x2827D6, 0x2CA02C, 0x0E7FFF, 0xBD6794, 0x4B568C, 0xC277E3,
-                           0x7F7F7F, 0x22BDBC, 0xCFBE17, 0x801010, 0x108080, 0x805010, 0x404040};
-
-struct Sheet {
-  QSize tile{800, 420};
-  int columns = 2;
-  std::vector<std::pair<std::string, GraphSurface>> graphs;
-
-  GraphSurface& add(const std::string& title) {
-    graphs.emplace_back(title, GraphSurface(1));
-    GraphSurface& graph = graphs.back().second;
-    graph.pending.MainTitle = title;
-    return graph;
-  }
-};
-
-void give_curves(GraphSurface& graph, f64 first, f64 last, i32 points, const std::vector<Curve>& curves) {
-  GraphProperties& pending = graph.pending;
-  pending.SubsetCount = static_cast<i32>(curves.size());
-  pending.PointCount = points;
-  SampleArray x;
-  FlatArray y;
-  for (std::size_t curve = 0; curve < curves.size(); ++curve) {
-    for (i32 i = 0; i < points; ++i) {
-      x.push_back(first + (last - first) * i / (points - 1));
-      y.push_back(static_cast<f32>(curves[curve](x.back())));
-    }
-    const auto index = static_cast<i32>(curve);
-    set_element(pending.SubsetLabels, index, "Kanal " + std::to_string(curve + 1));
-    set_element(pending.SubsetColors, index, kColors[curve % std::size(kColors)]);
-    set_element(pending.SubsetPlotMethods, index, 0);
-    set_element(pending.SubsetLineTypes, index, 0);
-    set_element(pending.SubsetPointTypes, index, 0);
-    set_element(pending.SubsetsToLegend, index, index);
-  }
-  pending.UsingXDataII = true;
-  PEvset(graph, kXDataII, std::move(x));
-  PEvset(graph, kYData, std::move(y));
-  PEactions(graph, kTakeOverAndRedraw);
+std::optional<SampleGraphs> sheet_named(const QString& name) {
+  if (name == QLatin1String("methods")) return sample_methods();
+  if (name == QLatin1String("axes")) return sample_axes();
+  if (name == QLatin1String("texts")) return sample_texts();
+  return std::nullopt;
 }
 
-f64 resonance(f64 t) {
-  return 3 + 40 * std::exp(-(t - 6) * (t - 6)) * std::sin(t * 60) + 0.5 * std::sin(t * 700);
-}
-
-void add_layers(Sheet& sheet) {
-  GraphSurface& graph = sheet.add("Prüflauf 17");
-  graph.pending.SubTitle = "unkomprimierte Daten";
-  graph.pending.XAxisLabel = "Zeit/s";
-  const char* left[] = {"U/min", "mm/s", "°C"};
-  for (std::size_t i = 0; i < 3; ++i) {
-    graph.pending.layers[i].YAxisLabel = left[i];
-    set_element(graph.pending.MultiAxesSubsets, static_cast<i32>(i), i == 0 ? 2 : 1);
-  }
-  graph.pending.layers[0].RYAxisLabel = "kN";
-  graph.pending.layers[0].ShowRYAxis = true;
-  give_curves(graph, 0, 12, 20000,
-              {[](f64 t) { return 6000 * (1 - std::exp(-t / 3)); }, [](f64 t) { return 2 + std::sin(t); },
-               resonance, [](f64 t) { return 20 + 3 * t + (t > 7 && t < 7.002 ? -30 : 0); }});
-  graph.pending.SubsetLabels = {"Drehzahl", "Kraft Lager A", "Schwinggeschwindigkeit", "Temperatur Öl"};
-  set_element(graph.pending.SubsetPlotMethods, 1, kRightAxisMethod);
-  PEactions(graph, kTakeOverAndRedraw);
-}
-
-void add_dates(Sheet& sheet) {
-  for (const f64 days : {0.4, 1e-6, 20.0, 3000.0}) {
-    GraphSurface& graph = sheet.add("Datum + Zeit");
-    graph.pending.DateTimeMode = 1;
-    graph.pending.XAxisLabel = "Zeit";
-    graph.pending.layers[0].YAxisLabel = "bar";
-    give_curves(graph, 45291.8, 45291.8 + days, 500,
-                {[days](f64 x) { return 5 + std::sin((x - 45291.8) / days * 9); }});
-  }
-}
-
-void add_lines_and_symbols(Sheet& sheet) {
-  GraphSurface& lines = sheet.add("Linientypen");
-  lines.pending.LegendLocation = 3;
-  std::vector<Curve> curves;
-  for (int i = 0; i < 10; ++i) curves.push_back([i](f64 x) { return 10 - i + 0.4 * std::sin(x); });
-  give_curves(lines, 0, 10, 300, curves);
-  lines.pending.SubsetLineTypes = {0, 1, 2, 3, 4, 5, 6, 9, 10, 11};
-  PEactions(lines, kTakeOverAndRedraw);
-
-  GraphSurface& symbols = sheet.add("Symbole");
-  symbols.pending.LegendLocation = 2;
-  symbols.pending.DataPointSize = 1;
-  curves.clear();
-  for (int i = 0; i < 14; ++i) curves.push_back([i](f64 x) { return 14 - i + 0.3 * std::sin(x); });
-  give_curves(symbols, 0, 10, 16, curves);
-  symbols.pending.SubsetPointTypes = {0, 1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 72, 73};
-  for (i32& method : symbols.pending.SubsetPlotMethods) method = kMethodLineAndPoints;
-  PEactions(symbols, kTakeOverAndRedraw);
-}
-
-void add_axes(Sheet& sheet) {
-  GraphSurface& logarithmic = sheet.add("Logarithmisch, Nebengitter");
-  logarithmic.pending.layers[0].YAxisScaleControl = 2;
-  logarithmic.pending.XAxisScaleControl = 2;
-  logarithmic.pending.XAxisLabel = "f/Hz";
-  logarithmic.pending.layers[0].YAxisLabel = "m/s²";
-  logarithmic.pending.TickSetting = 5;
-  logarithmic.pending.LegendLocation = 0;
-  give_curves(logarithmic, 1, 20000, 20000,
-              {[](f64 x) { return 1e-4 + 1 / (0.01 + std::pow(x / 300 - 1, 2)); },
-               [](f64 x) { return 1 / (1 + x / 30); }});
-
-  GraphSurface& small = sheet.add("Nanosekunden");
-  small.pending.XAxisLabel = "Zeit/s";
-  small.pending.LegendStyle = 2;
-  give_curves(small, 0, 7e-8, 300, {[](f64 x) { return 1e-7 * std::sin(x * 3e8); }});
-
-  GraphSurface& fine = sheet.add("Feine Schritte, fern von null");
-  fine.pending.GridStyle = kGridDashed;
-  give_curves(fine, 123456.789, 123456.7895, 300, {[](f64 x) { return 20000000 + x; }});
-
-  GraphSurface& inverted = sheet.add("Invertiert, eigenes Format");
-  inverted.pending.layers[0].InvertedYAxis = true;
-  inverted.pending.layers[0].AxisFormatY = "U = |.00| V";
-  inverted.pending.GridStyle = kGridDotted;
-  give_curves(inverted, -5, 5, 300, {[](f64 x) { return x * x; }});
-}
-
-std::string name_of(i32 method) {
-  for (const PlotMethodChoice& choice : kFirstMethods)
-    if (choice.method == method) return choice.name;
-  for (const PlotMethodChoice& choice : kSecondMethods)
-    if (choice.method == method) return choice.name;
-  return "Methode " + std::to_string(method);
-}
-
-void add_methods(Sheet& sheet) {
-  for (i32 method = 0; method < kMethodCount; ++method) {
-    GraphSurface& graph = sheet.add(name_of(method));
-    give_curves(graph, 0, 30, 31,
-                {[](f64 x) { return 2 + std::sin(x / 3) * (1 + x / 20) + 0.3 * std::sin(x * 17); },
-                 [](f64 x) { return 1.2 + 0.05 * x + 0.4 * std::cos(x * 11); }});
-    graph.pending.SubsetPlotMethods = {method, method};
-    graph.pending.SubsetPointTypes = {3, 5};
-    PEactions(graph, kTakeOverAndRedraw);
-  }
-}
-
-void add_annotation(GraphSurface& graph, i32 kind, f64 x, f64 y, const std::string& text, i32 color) {
-  const auto index = static_cast<i32>(graph.pending.GraphAnnotationType.size());
-  set_element(graph.pending.GraphAnnotationType, index, kind);
-  set_element(graph.pending.GraphAnnotationX, index, x);
-  set_element(graph.pending.GraphAnnotationY, index, y);
-  set_element(graph.pending.GraphAnnotationText, index, text);
-  set_element(graph.pending.GraphAnnotationColor, index, color);
-  set_element(graph.pending.GraphAnnotationAxis, index, 0);
-}
-
-void add_annotations(Sheet& sheet) {
-  GraphSurface& graph = sheet.add("Annotationen und Cursordaten");
-  give_curves(graph, 0, 12, 4000,
-              {[](f64 x) { return 40 * std::exp(-(x - 6) * (x - 6)) * std::sin(x * 9); }});
-  GraphProperties& pending = graph.pending;
-  pending.ShowAnnotations = true;
-  for (i32 symbol = 1; symbol <= 12; ++symbol) add_annotation(graph, symbol, symbol - 0.5, -33, "", 0x804000);
-  add_annotation(graph, 6, 6.1, 38, "Resonanz", 0x2020C0);
-  add_annotation(graph, kLineStartKind + 1, 8, 30, "", 0x208020);
-  add_annotation(graph, kLineEndKind, 10.5, 12, "Abfall", 0x208020);
-  add_annotation(graph, kFirstCornerKind, 1, 25, "", 0);
-  add_annotation(graph, kSecondCornerKind, 3, 10, "", 0);
-  add_annotation(graph, kEllipseKind + kFilledShape, 0, 0, "Fenster", 0xB05010);
-  pending.HorzLineAnnotation = {20, -20};
-  pending.HorzLineAnnotationText = {"|Rmax", "Grenze unten"};
-  pending.HorzLineAnnotationColor = {0x2020C0, 0x2020C0};
-  pending.HorzLineAnnotationType = {1, 0};
-  pending.VertLineAnnotation = {3.5, 8.5};
-  pending.VertLineAnnotationText = {"", "|TEnde"};
-  pending.VertLineAnnotationType = {6, 6};
-  pending.RightMargin = "|Rmax";
-  pending.TopMargin = "|TEnde";
-  pending.XAxisAnnotation = {5};
-  pending.XAxisAnnotationText = {"T1"};
-  pending.layers[0].YAxisAnnotation = {0};
-  pending.layers[0].YAxisAnnotationText = {"null"};
-  pending.AnnotationTextSize = pending.AxisAnnotationTextSize = pending.LineAnnotationTextSize = 80;
-  pending.TablesEnabled = true;
-  TableProperties& table = pending.tables[0];
-  table.TableVisible = true;
-  table.TableLocation = 6;
-  table.TableRows = 5;
-  table.TableColumns = 1;
-  table.TableBorder = 3;
-  table.TableTextSize = 80;
-  table.column_widths[0] = 10;
-  set_cell_text(table, 0, 0, "x=6.12 s");
-  set_cell_text(table, 1, 0, "38.214 mm/s");
-  set_cell_color(table, 1, 0, kColors[0]);
-  set_cell_text(table, 2, 0, "----------------");
-  PEactions(graph, kTakeOverAndRedraw);
-}
-
-void add_texts(Sheet& sheet) {
-  GraphSurface& graph = sheet.add(
-      "Ein sehr langer Haupttitel, der auch in einer breiten Graphik nicht mehr in eine "
-      "Zeile passt und deshalb gekürzt wird, hier");
-  graph.pending.SubTitle = "komprimierte Daten";
-  set_element(graph.pending.MultiSubTitles, 0, std::string("Prüfstand 4|Mitte|12.03.2024"));
-  set_element(graph.pending.MultiBottomTitles, 0, std::string("|unten|"));
-  graph.pending.XAxisLabel = "Zeit/s";
-  std::vector<Curve> curves;
-  for (int i = 0; i < 12; ++i) curves.push_back([i](f64 x) { return std::sin(x + i / 3.0); });
-  give_curves(graph, 0, 10, 400, curves);
-  graph.pending.SubsetLabels[3] =
-      "Beschleunigung Lagergehäuse Antriebsseite, radial, gefiltert 10 Hz bis 1 kHz";
-  PEactions(graph, kTakeOverAndRedraw);
-  GraphSurface& empty = sheet.add("Keine Kurven");
-  empty.pending.SubTitle = "unkomprimierte Daten";
-  PEactions(empty, kTakeOverAndRedraw);
-}
-
-QImage drawn(const Sheet& sheet, f64 scale) {
-  const int rows = (static_cast<int>(sheet.graphs.size()) + sheet.columns - 1) / sheet.columns;
-  QImage image(QSize(sheet.tile.width() * sheet.columns, sheet.tile.height() * rows) * scale,
-               QImage::Format_RGB32);
+QImage drawn(const SampleGraphs& graphs, f64 scale) {
+  const int rows = (static_cast<int>(graphs.size()) + kColumns - 1) / kColumns;
+  QImage image(QSize(kTile.width() * kColumns, kTile.height() * rows) * scale, QImage::Format_RGB32);
   image.setDevicePixelRatio(scale);
-  image.fill(Qt::lightGray);
+  image.fill(Qt::white);
   QPainter painter(&image);
-  for (std::size_t i = 0; i < sheet.graphs.size(); ++i) {
-    const int place = static_cast<int>(i);
+  int place = 0;
+  for (const GraphSurface& graph : graphs) {
     painter.save();
-    painter.translate(place % sheet.columns * sheet.tile.width(),
-                      place / sheet.columns * sheet.tile.height());
-    paint_graph(painter, sheet.graphs[i].second.shown(),
-                QSizeF(sheet.tile.width() - 2, sheet.tile.height() - 2));
+    painter.translate(place % kColumns * kTile.width(), place / kColumns * kTile.height());
+    paint_graph(painter, graph.shown(), QSizeF(kTile));
     painter.restore();
+    ++place;
   }
   return image;
 }
@@ -261,18 +46,12 @@ QImage drawn(const Sheet& sheet, f64 scale) {
 int main(int argument_count, char** arguments) {
   if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
   const QGuiApplication application(argument_count, arguments);
-  if (argument_count < 2) {
-    std::fprintf(stderr, "paint_gallery PICTURE.png [SCALE]\n");
+  const auto sheet =
+      argument_count > 2 ? trendaro::sheet_named(QString::fromLocal8Bit(arguments[1])) : std::nullopt;
+  if (!sheet) {
+    std::fprintf(stderr, "paint_gallery methods|axes|texts PICTURE.png [SCALE]\n");
     return 2;
   }
-  trendaro::Sheet sheet;
-  trendaro::add_layers(sheet);
-  trendaro::add_texts(sheet);
-  trendaro::add_dates(sheet);
-  trendaro::add_lines_and_symbols(sheet);
-  trendaro::add_axes(sheet);
-  trendaro::add_methods(sheet);
-  trendaro::add_annotations(sheet);
-  const double scale = argument_count > 2 ? QByteArray(arguments[2]).toDouble() : 1;
-  return trendaro::drawn(sheet, scale).save(QString::fromLocal8Bit(arguments[1])) ? 0 : 1;
+  const double scale = argument_count > 3 ? QByteArray(arguments[3]).toDouble() : 1;
+  return trendaro::drawn(*sheet, scale).save(QString::fromLocal8Bit(arguments[2])) ? 0 : 1;
 }

@@ -155,6 +155,19 @@ TEST(GraphPainterTest, EveryMethodLineAndSymbolDrawsSomething) {
       }
 }
 
+TEST(GraphPainterTest, EverySymbolOfAnAnnotationHasItsColour) {
+  GraphSurface graph = graph_of({0, 1}, {0, 1});
+  graph.pending.SubsetColors = {0};
+  graph.pending.ShowAnnotations = true;
+  for (i32 kind = 1; kind <= 36; ++kind) {
+    graph.pending.GraphAnnotationType = {kind};
+    graph.pending.GraphAnnotationX = graph.pending.GraphAnnotationY = {0.5};
+    graph.pending.GraphAnnotationColor = {kRed};
+    PEactions(graph, kTakeOverAndRedraw);
+    EXPECT_GT(reddish_pixels(drawn(graph)), 3) << kind;
+  }
+}
+
 TEST(GraphPainterTest, ColoursAreBlueGreenRedOrOfTheDesktop) {
   EXPECT_EQ(graph_color(0x102030), QColor(0x30, 0x20, 0x10));
   EXPECT_EQ(graph_color(static_cast<i32>(0x80000005U)), QPalette().color(QPalette::Base));

@@ -21,6 +21,7 @@ constexpr i32 kSymbolsOfASize = 12;
 
 QPen pen_of(const GraphProperties& shown, const PlacedAnnotation& annotation) {
   const QColor color = graph_color(annotation.color);
+  if (annotation.shape == AnnotationShape::Symbol) return QPen(color);
   if (annotation.style == kGridLineStyle)
     return line_pen(0, blended(color, graph_color(shown.GraphBackColor), kGridShare));
   return line_pen(annotation.style <= kBoldStyle ? annotation.style : 0, color);

@@ -1,0 +1,103 @@
+// Pictures of the sample graphs against those that were looked at and kept. Their texts are left out and
+// their layout measures texts by a fixed rule, so that they do not depend on the fonts of a machine.
+//   TRENDARO_REMAKE_PICTURES=1 paint_test --gtest_filter=GoldenPictureTest*
+// draws the kept ones anew.
+
+#include <QImage>
+#include <QPainter>
+#include <algorithm>
+#include <cstdlib>
+
+#include <gtest/gtest.h>
+
+#include "graph/graph_painter.h"
+#include "sample_graphs.h"
+#include "support/fixed_measure.h"
+
+namespace trendaro {
+namespace {
+
+constexpr int kColumns = 4;
+constexpr QSize kTile(300, 180);
+constexpr int kTolerance = 40;             // of 255, in a colour of a pixel
+constexpr f64 kMostDifferent = 1.0 / 500;  // of the pixels
+
+void leave_out_texts(AxisLayout& axis) {
+  axis.labels.clear();
+  axis.title.text.clear();
+}
+
+GraphLayout layout_without_texts(const GraphProperties& shown) {
+  GraphLayout layout = graph_layout(shown, kTile.width(), kTile.height(), FixedMeasure());
+  layout.titles.clear();
+  leave_out_texts(layout.x_axis);
+  for (LayerLayout& layer : layout.layers) {
+    leave_out_texts(layer.left);
+    leave_out_texts(layer.right);
+  }
+  for (LegendEntry& entry : layout.legend) entry.name.text.clear();
+  return layout;
+}
+
+QImage drawn(const SampleGraphs& graphs, f64 scale) {
+  const int rows = (static_cast<int>(graphs.size()) + kColumns - 1) / kColumns;
+  QImage image(QSize(kTile.width() * kColumns, kTile.height() * rows) * scale, QImage::Format_RGB32);
+  image.setDevicePixelRatio(scale);
+  image.fill(Qt::white);
+  QPainter painter(&image);
+  int place = 0;
+  for (const GraphSurface& graph : graphs) {
+    painter.save();
+    painter.translate(place % kColumns * kTile.width(), place / kColumns * kTile.height());
+    paint_graph_base(painter, GraphSheet(graph.shown(), layout_without_texts(graph.shown())));
+    painter.restore();
+    ++place;
+  }
+  return image;
+}
+
+bool differ(QRgb a, QRgb b) {
+  return std::abs(qRed(a) - qRed(b)) > kTolerance || std::abs(qGreen(a) - qGreen(b)) > kTolerance ||
+         std::abs(qBlue(a) - qBlue(b)) > kTolerance;
+}
+
+f64 share_of_different_pixels(const QImage& a, const QImage& b) {
+  if (a.size() != b.size()) return 1;
+  i64 count = 0;
+  for (int y = 0; y < a.height(); ++y)
+    for (int x = 0; x < a.width(); ++x) count += differ(a.pixel(x, y), b.pixel(x, y)) ? 1 : 0;
+  return static_cast<f64>(count) / (static_cast<f64>(a.width()) * a.height());
+}
+
+void expect_as_kept(const SampleGraphs& graphs, f64 scale, const char* name) {
+  const QString kept = QStringLiteral(GOLDEN_PICTURES "/%1.png").arg(QLatin1String(name));
+  const QImage now = drawn(graphs, scale);
+  if (qEnvironmentVariableIsSet("TRENDARO_REMAKE_PICTURES")) {
+    const QImage small = now.convertToFormat(QImage::Format_Indexed8, Qt::ThresholdDither);
+    ASSERT_TRUE(small.save(kept));
+  }
+  const QImage then(kept);
+  ASSERT_FALSE(then.isNull()) << kept.toStdString();
+  const f64 share = share_of_different_pixels(now, then.convertToFormat(QImage::Format_RGB32));
+  EXPECT_LE(share, kMostDifferent);
+  if (share > kMostDifferent) now.save(QStringLiteral("%1-now.png").arg(QLatin1String(name)));
+}
+
+TEST(GoldenPictureTest, MethodsLinesAndSymbols) {
+  expect_as_kept(sample_methods(), 1, "methods");
+}
+
+TEST(GoldenPictureTest, MethodsLinesAndSymbolsAtTwiceTheScale) {
+  expect_as_kept(sample_methods(), 2, "methods-2x");
+}
+
+TEST(GoldenPictureTest, AxesAndGrids) {
+  expect_as_kept(sample_axes(), 1, "axes");
+}
+
+TEST(GoldenPictureTest, LegendsAndFrames) {
+  expect_as_kept(sample_texts(), 1, "texts");
+}
+
+}  // namespace
+}  // namespace trendaro
