@@ -14,6 +14,8 @@ namespace {
 
 constexpr std::size_t kRowsOfAPiece = 4096;
 
+constexpr char kDatabaseTitle[] = "Datenbasis einrichten";
+
 using Columns = std::vector<const MemoryChannel*>;
 
 Columns selected_channels(const OneBased<MemoryChannel>& channels) {
@@ -58,6 +60,14 @@ bool write_table(const std::string& path, const Columns& columns) {
   });
 }
 
+bool fits_into(const OneBased<MemoryChannel>& channels, const DatabaseSize& size) {
+  for (std::size_t number = 1; number <= channels.size(); ++number) {
+    const i32 taken = number <= static_cast<std::size_t>(size.channels) ? size.samples : 0;
+    if (channel_length(channels[number]) > taken) return false;
+  }
+  return true;
+}
+
 std::string with_extension(std::string path) {
   std::string folder;
   std::string name;
@@ -68,11 +78,13 @@ std::string with_extension(std::string path) {
 
 }  // namespace
 
-i32 ask_capacity(Shell& shell, i32 capacity) {
-  const std::string answer = shell.ask_text(
-      "Anzahl Werte, die ein Datenbasiskanal aufnimmt:", "Datenbasis einrichten", number_text(i64{capacity}));
-  const f64 wished = ParseNumber(answer);
-  return wished >= 1 && wished <= kLargestCapacity ? round_to_i32(wished) : capacity;
+DatabaseSize ask_size(Shell& shell, const OneBased<MemoryChannel>& channels, const DatabaseSize& size) {
+  const DatabaseSize wished = possible_size(shell.ask_database_size(size).value_or(size));
+  if (fits_into(channels, wished)) return wished;
+  const bool goes_on = shell.ask_yes_no(
+      "In der kleineren Datenbasis ist für einen Teil der Werte kein Platz; sie gehen verloren. Fortsetzen?",
+      kDatabaseTitle);
+  return goes_on ? wished : size;
 }
 
 void export_channels(Shell& shell, const OneBased<MemoryChannel>& channels) {

@@ -8,10 +8,9 @@ namespace trendaro {
 
 // The dialogs of the embedded host.
 
-// Asks how many samples a channel of the database takes. Returns `capacity` when the user cancelled or typed
-// no number from 1 to kLargestCapacity.
-i32 ask_capacity(Shell& shell, i32 capacity);
-inline constexpr i32 kLargestCapacity = 100000000;
+// Asks for the size of the database of these channels, and once more where samples would not fit into it.
+// Returns `size` when the user cancelled or wants to keep the samples.
+DatabaseSize ask_size(Shell& shell, const OneBased<MemoryChannel>& channels, const DatabaseSize& size);
 
 // Asks for a file and writes the channels that are selected for the export into it as a table: a line of
 // names, a line of units, then a line for each sample, with tabs between the columns. A shorter channel

@@ -16,6 +16,7 @@ namespace {
 
 constexpr i16 kFileLength = 3;
 constexpr i16 kCloseProgress = 2;
+constexpr i16 kExportSelected = 1;
 constexpr i32 kDone = 1;
 constexpr i32 kFailed = 0;
 
@@ -42,6 +43,7 @@ struct MemoryHost::Impl {
   OneBased<MemoryChannel> channels;
   std::map<i16, HostValue> import_settings;
   HostImport files;
+  std::function<void(const DatabaseSize&)> keep_size = [](const DatabaseSize&) {};
 
   MemoryChannel& channel(i32 number) {
     if (!channels.has(number)) throw RunTimeError{kIndexOutOfRange};
@@ -55,12 +57,30 @@ struct MemoryHost::Impl {
     if (found == import_settings.end()) throw RunTimeError{kInvalidArgument};
     return found->second;
   }
+
+  // Asks for the size of the database and changes it. What has no room is lost.
+  void configure();
 };
+
+void MemoryHost::Impl::configure() {
+  const DatabaseSize size{static_cast<i16>(channels.size()), capacity};
+  const DatabaseSize wished = ask_size(shell, channels, size);
+  if (wished == size) return;
+  channels.resize(static_cast<std::size_t>(wished.channels));
+  capacity = wished.samples;
+  for (MemoryChannel& channel : channels)
+    set_length(channel, std::min(channel_length(channel), capacity), capacity);
+  keep_size(wished);
+}
 
 MemoryHost::MemoryHost(Shell& shell, i16 channels, i32 capacity)
     : impl_(std::make_unique<Impl>(shell, channels, capacity)) {}
 
 MemoryHost::~MemoryHost() = default;
+
+void MemoryHost::keep_size_with(std::function<void(const DatabaseSize&)> keep) {
+  impl_->keep_size = std::move(keep);
+}
 
 void MemoryHost::ProgressControl(i16 command) {
   if (command == kCloseProgress) impl_->shell.show_progress(-1);
@@ -149,14 +169,12 @@ void MemoryHost::ClearAllChannels() {
   for (MemoryChannel& channel : impl_->channels) empty_channel(channel);
 }
 
-void MemoryHost::ShowDialog(i16 dialog, i16) {
+void MemoryHost::ShowDialog(i16 dialog, i16 argument) {
   switch (dialog) {
     case kDatabaseConfiguration:
-      impl_->capacity = ask_capacity(impl_->shell, impl_->capacity);
-      for (MemoryChannel& channel : impl_->channels)
-        set_length(channel, std::min(channel_length(channel), impl_->capacity), impl_->capacity);
-      return;
+      return impl_->configure();
     case kExportDialog:
+      if (argument != kExportSelected) throw RunTimeError{kInvalidArgument};
       return export_channels(impl_->shell, impl_->channels);
     default:
       throw RunTimeError{kHostMemberMissing};

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <memory>
 
 #include "app/database_kernel.h"
@@ -14,8 +15,12 @@ class MemoryHost : public MervanHost, public HostDatabase, public DatabaseKernel
  public:
   // `channels` database channels (from 1) that take `capacity` samples each. The shell shows the progress of
   // imports.
-  explicit MemoryHost(Shell& shell, i16 channels = 96, i32 capacity = 100000);
+  explicit MemoryHost(Shell& shell, i16 channels = DatabaseSize().channels,
+                      i32 capacity = DatabaseSize().samples);
   ~MemoryHost() override;
+
+  // `keep` is told the new size of the database when the user has changed it.
+  void keep_size_with(std::function<void(const DatabaseSize&)> keep);
 
   HostDatabase& DB() override { return *this; }
   void ProgressControl(i16 command) override;

@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "app/database_size.h"
 #include "app/types.h"
 #include "files/channel_info_rows.h"
 
@@ -48,6 +49,8 @@ class Shell {
   virtual std::string ask_open_file(const FileDialog& dialog) = 0;
   // Absolute path to write to; empty when the user cancelled. Overwriting was asked for.
   virtual std::string ask_save_file(const FileDialog& dialog) = 0;
+  // The size that the database is to have; nothing when the user cancelled.
+  virtual std::optional<DatabaseSize> ask_database_size(const DatabaseSize&) { return std::nullopt; }
   // Writes a panel of the status bar, from 1, at once on screen.
   virtual void show_status(int panel, const std::string& text) = 0;
   // Progress of long work, 0 to 1, drawn at once; a negative value takes the display away.

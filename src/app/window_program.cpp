@@ -9,6 +9,8 @@
 #include "app/bus_names.h"
 #include "app/first_place.h"
 #include "app/memory_host.h"
+#include "app/paths.h"
+#include "app/program_folder.h"
 #include "app/program_window.h"
 #include "app/splash.h"
 #include "app/toolkit_notes.h"
@@ -28,7 +30,10 @@ struct CreatedHost {
       program.model.Host = over_bus.get();
       program.model.Kernel = over_bus.get();
     } else if (!call.without_host) {
-      embedded = std::make_unique<MemoryHost>(program.shell);
+      const std::string kept = join_path(template_folder(), "DATABASE.$$$");
+      const DatabaseSize size = read_database_size(kept);
+      embedded = std::make_unique<MemoryHost>(program.shell, size.channels, size.samples);
+      embedded->keep_size_with([kept](const DatabaseSize& chosen) { keep_database_size(kept, chosen); });
       program.model.Host = embedded.get();
       program.model.Kernel = embedded.get();
     }

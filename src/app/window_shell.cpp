@@ -6,6 +6,7 @@
 #include <QFileInfo>
 #include <QWidget>
 
+#include "app/database_dialog.h"
 #include "app/message_boxes.h"
 #include "app/qt_text.h"
 #include "app/status_bar.h"
@@ -71,6 +72,13 @@ std::string WindowShell::ask_open_file(const FileDialog& dialog) {
 std::string WindowShell::ask_save_file(const FileDialog& dialog) {
   const DialogTime time(window_);
   return remember(ask_save_file_box(window_, dialog, folder_));
+}
+
+std::optional<DatabaseSize> WindowShell::ask_database_size(const DatabaseSize& size) {
+  const DialogTime time(window_);
+  DatabaseDialog dialog(size, window_);
+  if (dialog.exec() != QDialog::Accepted) return std::nullopt;
+  return dialog.size_chosen();
 }
 
 std::string WindowShell::remember(const QString& file) {

@@ -26,6 +26,7 @@ class WindowShell : public Shell {
                        const std::string& preset) override;
   std::string ask_open_file(const FileDialog& dialog) override;
   std::string ask_save_file(const FileDialog& dialog) override;
+  std::optional<DatabaseSize> ask_database_size(const DatabaseSize& size) override;
   void show_status(int panel, const std::string& text) override;
   void show_progress(f64 fraction) override;
   void show_wait_pointer(bool on) override;

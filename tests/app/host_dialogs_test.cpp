@@ -1,5 +1,6 @@
 #include "app/host_dialogs.h"
 
+#include <algorithm>
 #include <filesystem>
 
 #include <gmock/gmock.h>
@@ -78,13 +79,41 @@ TEST_F(ExportTest, FileThatCannotBeWrittenIsSaid) {
               ElementsAre("Trendaro: Fehler beim Schreiben der Datei " + folder.file("none/w.txt")));
 }
 
-TEST(CapacityTest, NumberInRangeIsTaken) {
+class SizeTest : public testing::Test {
+ protected:
   RecordingShell shell;
-  shell.texts = {"250000", "0", "-4", "viel", "100000001", ""};
-  EXPECT_EQ(ask_capacity(shell, 100000), 250000);
-  for (int i = 0; i < 5; ++i) EXPECT_EQ(ask_capacity(shell, 100000), 100000);
-  EXPECT_EQ(shell.calls.front(),
-            "text: Datenbasis einrichten: Anzahl Werte, die ein Datenbasiskanal aufnimmt: [100000]");
+  OneBased<MemoryChannel> channels{3};
+};
+
+TEST_F(SizeTest, ChosenSizeIsTaken) {
+  shell.sizes = {DatabaseSize{12, 250000}};
+  EXPECT_EQ(ask_size(shell, channels, {3, 1000}), (DatabaseSize{12, 250000}));
+  EXPECT_THAT(shell.calls, ElementsAre("database: 3 x 1000"));
+}
+
+TEST_F(SizeTest, CancelledDialogKeepsTheSize) {
+  EXPECT_EQ(ask_size(shell, channels, {3, 1000}), (DatabaseSize{3, 1000}));
+}
+
+TEST_F(SizeTest, SizeThatNoDatabaseHasIsCut) {
+  shell.sizes = {DatabaseSize{0, -5}, DatabaseSize{10000, 100000001}};
+  EXPECT_EQ(ask_size(shell, channels, {3, 1000}), (DatabaseSize{1, 1}));
+  EXPECT_EQ(ask_size(shell, channels, {3, 1000}), (DatabaseSize{9999, 100000000}));
+}
+
+TEST_F(SizeTest, LossOfSamplesIsAskedFor) {
+  append_samples(channels[2], std::vector<f64>(5), 1000);
+  shell.sizes = {DatabaseSize{2, 5}, DatabaseSize{2, 4}, DatabaseSize{1, 5}, DatabaseSize{1, 1}};
+  shell.yes_no = {false, true, true};
+  EXPECT_EQ(ask_size(shell, channels, {3, 1000}), (DatabaseSize{2, 5}));
+  EXPECT_THAT(shell.calls, ElementsAre("database: 3 x 1000"));
+  EXPECT_EQ(ask_size(shell, channels, {3, 1000}), (DatabaseSize{3, 1000}));
+  EXPECT_EQ(ask_size(shell, channels, {3, 1000}), (DatabaseSize{1, 5}));
+  EXPECT_EQ(ask_size(shell, channels, {3, 1000}), (DatabaseSize{1, 1}));
+  EXPECT_EQ(std::ranges::count(shell.calls,
+                               "question: Datenbasis einrichten: In der kleineren Datenbasis ist für einen "
+                               "Teil der Werte kein Platz; sie gehen verloren. Fortsetzen?"),
+            3);
 }
 
 }  // namespace

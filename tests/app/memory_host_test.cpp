@@ -194,6 +194,36 @@ TEST_F(MemoryHostTest, ProgressDisplayIsClosedByTheCommand) {
   EXPECT_THAT(shell.progress, ElementsAre(-1));
 }
 
+TEST_F(MemoryHostTest, ConfiguredSizeHoldsAtOnceAndIsKept) {
+  std::vector<DatabaseSize> kept;
+  host.keep_size_with([&](const DatabaseSize& size) { kept.push_back(size); });
+  write(1, {1, 2, 3});
+  write(4, {4});
+  shell.sizes = {DatabaseSize{4, 10}, std::nullopt, DatabaseSize{3, 2}};
+  shell.yes_no = {true};
+  for (int i = 0; i < 3; ++i) host.ShowDialog(kDatabaseConfiguration, 0);
+  EXPECT_EQ(host.MaxChannels(), 3);
+  EXPECT_EQ(host.GetChannelProperty(3, kChannelCapacity), HostValue(i32{2}));
+  EXPECT_THAT(samples(1), ElementsAre(1, 2));
+  EXPECT_EQ(error_of([&] { host.GetChannelLength(4); }), kIndexOutOfRange);
+  EXPECT_THAT(kept, ElementsAre(DatabaseSize{3, 2}));
+}
+
+TEST_F(MemoryHostTest, LargerDatabaseKeepsItsSamples) {
+  write(4, {4, 5});
+  shell.sizes = {DatabaseSize{6, 20}};
+  host.ShowDialog(kDatabaseConfiguration, 0);
+  EXPECT_EQ(host.MaxChannels(), 6);
+  EXPECT_THAT(samples(4), ElementsAre(4, 5));
+  EXPECT_EQ(host.GetChannelLength(6), 0);
+}
+
+TEST_F(MemoryHostTest, DialogsThatAreNoneAreRefused) {
+  EXPECT_EQ(error_of([&] { host.ShowDialog(7, 0); }), kHostMemberMissing);
+  EXPECT_EQ(error_of([&] { host.ShowDialog(kExportDialog, 2); }), kInvalidArgument);
+  EXPECT_THAT(shell.calls, IsEmpty());
+}
+
 // A standard file of the oldest kind: each channel holds the numbers from `start` on.
 FileBuilder recording(i32 points) {
   FileBuilder file;

@@ -77,6 +77,39 @@ TEST(ProgramStartTest, SplashShowsAheadOfTheWindowAndGoes) {
   EXPECT_TRUE(viewer.shows("Kelmira"));
 }
 
+// The embedded host keeps its size beside the program; the viewer has to start again for a new one.
+TEST(ProgramStartTest, ChosenSizeOfTheDatabaseHoldsInTheNextRun) {
+  const TemporaryFolder folder;
+  const std::string program = folder.file("viewer");
+  fs::copy_file(ROBOT_VIEWER, program);
+  for (const int channels : {120, 7}) {
+    Robot viewer(nullptr, {}, program.c_str());
+    viewer.start();
+    ASSERT_TRUE(viewer.shows("Kelmira"));
+    viewer.tell("choose mnuDBConfig");
+    ASSERT_TRUE(viewer.shows("Kelmira frmDatabase"));
+    viewer.tell("type ChannelsBox " + std::to_string(channels));
+    viewer.tell("press OKButton");
+    ASSERT_TRUE(viewer.shows("Kelmira MsgBox"));
+    EXPECT_EQ(viewer.message(), "Die Datenbasisrekonfiguration erfordert, dass Trendaro neu gestartet wird!");
+    viewer.tell("press OK");
+    ASSERT_TRUE(QTest::qWaitFor([&] { return viewer.message() == "Trendaro beenden?"; }, kPatience));
+    viewer.tell("press Ja");
+    EXPECT_EQ(viewer.wait_for_end(), 0);
+  }
+  EXPECT_EQ(read_file(folder.file("DATABASE.$$$")), "channels 7\nsamples 100000\n");
+}
+
+TEST(ProgramStartTest, SizeOfTheDatabaseThatStaysNeedsNoNewStart) {
+  Robot viewer(nullptr, {});
+  viewer.start();
+  ASSERT_TRUE(viewer.shows("Kelmira"));
+  viewer.tell("choose mnuDBConfig");
+  ASSERT_TRUE(viewer.shows("Kelmira frmDatabase"));
+  viewer.tell("press CancelButton");
+  EXPECT_TRUE(viewer.shows("Kelmira"));
+}
+
 // Two runs of a program whose folder cannot be written.
 TEST(ProgramStartTest, LookIsKeptWhereTheProgramFolderCannotBeWritten) {
   const TemporaryFolder folder;

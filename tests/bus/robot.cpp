@@ -3,6 +3,7 @@
 //   windows        the object names of all visible windows, with blanks between them
 //   message        the text of the message box on screen
 //   press NAME     presses a button by its object name
+//   type NAME TEXT gives a box of numbers that text
 //   choose NAME    chooses a menu entry by its object name
 //   close          closes the main window
 
@@ -11,6 +12,7 @@
 #include <QApplication>
 #include <QMessageBox>
 #include <QSocketNotifier>
+#include <QSpinBox>
 #include <QTimer>
 #include <iostream>
 #include <string>
@@ -65,6 +67,10 @@ QString obey(const QString& order) {
   if (order.startsWith(QLatin1String("press "))) {
     auto* button = find<QAbstractButton>(name);
     return later(button, [button] { button->click(); });
+  }
+  if (order.startsWith(QLatin1String("type "))) {
+    auto* box = find<QSpinBox>(order.section(QLatin1Char(' '), 1, 1));
+    return later(box, [box, text = order.section(QLatin1Char(' '), 2)] { box->setValue(text.toInt()); });
   }
   auto* action = find<QAction>(name);
   return later(action, [action] { action->trigger(); });

@@ -2,6 +2,7 @@
 
 #include <deque>
 #include <functional>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -17,6 +18,7 @@ class RecordingShell : public Shell {
   std::deque<bool> yes_no;
   std::deque<std::string> texts;
   std::deque<std::string> files;
+  std::deque<std::optional<DatabaseSize>> sizes;
   // The icons of the messages shown, in order.
   std::vector<MessageIcon> icons;
   // The file dialogs shown, in order.
@@ -54,6 +56,10 @@ class RecordingShell : public Shell {
     calls.push_back("save: " + dialog.title);
     dialogs.push_back(dialog);
     return take(files);
+  }
+  std::optional<DatabaseSize> ask_database_size(const DatabaseSize& size) override {
+    calls.push_back("database: " + std::to_string(size.channels) + " x " + std::to_string(size.samples));
+    return take(sizes);
   }
   void show_status(int panel, const std::string& text) override {
     calls.push_back("status " + std::to_string(panel) + ": " + text);

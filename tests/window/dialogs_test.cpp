@@ -6,6 +6,7 @@
 #include <QMessageBox>
 #include <QPushButton>
 #include <QRegularExpression>
+#include <QSpinBox>
 #include <QTimer>
 #include <QTreeView>
 #include <functional>
@@ -139,6 +140,27 @@ TEST_F(DialogsTest, InputGivesTheTypedTextAndNothingWhenCancelled) {
   EXPECT_EQ(window_shell.ask_text("Erweiterung", "Titel", "DAT"), "BIN");
   in_dialog([](QDialog& dialog) { dialog.reject(); });
   EXPECT_EQ(window_shell.ask_text("Erweiterung", "Titel", "DAT"), "");
+}
+
+TEST_F(DialogsTest, DatabaseFormGivesTheChosenSize) {
+  in_dialog([](QDialog& dialog) {
+    EXPECT_EQ(dialog.windowTitle(), QStringLiteral("Datenbasis einrichten"));
+    auto* channels = dialog.findChild<QSpinBox*>(QStringLiteral("ChannelsBox"));
+    auto* samples = dialog.findChild<QSpinBox*>(QStringLiteral("SamplesBox"));
+    EXPECT_EQ(channels->value(), 96);
+    EXPECT_EQ(samples->value(), 100000);
+    QTest::keyClicks(channels, QStringLiteral("12"));  // all of it is selected
+    samples->selectAll();
+    QTest::keyClicks(samples, QStringLiteral("250000"));
+    press(dialog, "OKButton");
+  });
+  EXPECT_EQ(window_shell.ask_database_size(DatabaseSize()), (DatabaseSize{12, 250000}));
+  EXPECT_EQ(seen, QStringLiteral("frmDatabase"));
+}
+
+TEST_F(DialogsTest, CancelledDatabaseFormGivesNoSize) {
+  in_dialog([](QDialog& dialog) { press(dialog, "CancelButton"); });
+  EXPECT_EQ(window_shell.ask_database_size(DatabaseSize()), std::nullopt);
 }
 
 TEST_F(DialogsTest, OpenDialogHasTitleFiltersAndGermanButtons) {
