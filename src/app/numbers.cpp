@@ -4,6 +4,8 @@
 #include <charconv>
 #include <cmath>
 #include <limits>
+#include <locale>
+#include <sstream>
 
 #include "app/run_time_error.h"
 
@@ -20,11 +22,22 @@ Integer rounded(f64 value) {
   return static_cast<Integer>(nearest);
 }
 
-f64 hexadecimal(std::string_view digits) {
-  u64 value = 0;
-  const auto [end, error] = std::from_chars(digits.data(), digits.data() + digits.size(), value, 16);
-  if (error == std::errc::result_out_of_range) return static_cast<f64>(std::numeric_limits<u64>::max());
-  return static_cast<f64>(value);
+f64 hexadecimal(std::string_view text) {
+  // Behind its digits a hexadecimal number could go on with a fraction, an exponent or a word.
+  const std::string_view digits = text.substr(0, text.find_first_not_of("0123456789ABCDEFabcdef"));
+  f64 value = 0;
+  const auto [end, error] =
+      std::from_chars(digits.data(), digits.data() + digits.size(), value, std::chars_format::hex);
+  return error == std::errc::result_out_of_range ? std::numeric_limits<f64>::max() : value;
+}
+
+// A number that no f64 can be: the largest one or 0.
+f64 nearest_bound(const std::string& number) {
+  std::istringstream stream(number);
+  stream.imbue(std::locale::classic());
+  f64 value = 0;
+  stream >> value;
+  return value;
 }
 
 f64 leading_number(std::string_view text) {
@@ -40,10 +53,7 @@ f64 leading_number(std::string_view text) {
   f64 value = 0;
   const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value);
   if (error != std::errc::result_out_of_range) return value;
-  const std::string_view number(text.data(), static_cast<std::size_t>(end - text.data()));
-  const bool tiny =
-      number.find("e-") != std::string_view::npos || number.find("E-") != std::string_view::npos;
-  return tiny ? 0 : std::copysign(std::numeric_limits<f64>::max(), first > 0 ? -1.0 : 1.0);
+  return nearest_bound({text.data(), static_cast<std::size_t>(end - text.data())});
 }
 
 // Plain digits where a reader would write them so: an exponent from -5 up to what the type holds exactly.

@@ -20,9 +20,6 @@ void size_result(LoaderResult& result, std::size_t channels) {
   result.FileChannelRates.assign(channels, 0);
   result.FileChannelPoints.assign(channels + 1, 0);
   result.FileChannelPointsEstimate.assign(channels, 0);
-  result.FileHeaderPoints.clear();
-  result.FileChannelKinds.clear();
-  result.FileChannelFormats.clear();
 }
 
 void read_file_header(ByteCursor& cursor, BlockHeader& header, LoaderResult& result) {

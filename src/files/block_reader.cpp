@@ -42,6 +42,8 @@ void load_into_database(Model& model, ByteCursor& cursor, const BlockHeader& hea
     pass_on_fixed_blocks(model, cursor, header, channel, append);
   else
     pass_on_variable_blocks(model, cursor, header, channel, append);
+  // A channel with part of its values must not look like a whole one.
+  if (cursor.device_failed()) return;
   describe_database_channel(model, header.kept, database_channel);
 }
 

@@ -40,8 +40,8 @@ class InputFile {
 // The bytes that a read delivered. Throws RunTimeError{kDeviceError} when the system reported an error.
 i64 delivered_bytes(const ReadResult& read);
 
-// True when both handles name one and the same file, by whatever paths it was opened, and also when the system
-// cannot tell: what is asked is whether one may be written without harm to the other.
+// True when both handles name one and the same file, by whatever paths it was opened, and also when the
+// system cannot tell: what is asked is whether one may be written without harm to the other.
 bool is_same_file(int descriptor, int other_descriptor);
 
 }  // namespace trendaro

@@ -36,10 +36,7 @@ class WorkingCopies {
  public:
   WorkingCopies(LoaderResult& result, i16 mode) : result_(result), erased_(mode != 0) {}
   ~WorkingCopies() {
-    if (!erased_) return;
-    result_.FileHeaderPoints.clear();
-    result_.FileChannelKinds.clear();
-    result_.FileChannelFormats.clear();
+    if (erased_) forget_working_copies(result_);
   }
   WorkingCopies(const WorkingCopies&) = delete;
   WorkingCopies& operator=(const WorkingCopies&) = delete;
@@ -63,15 +60,6 @@ FileGroup recognise(Model& model, const InputFile& file) {
   return group;
 }
 
-// Takes away what a header may leave unfilled, so that nothing of another file shows through.
-void forget_former_file(LoaderResult& result) {
-  result.FileDateText.clear();
-  result.FileCommentText.clear();
-  result.FileChannelComment.clear();
-  result.ChannelParams.erase(0);
-  result.ChannelExtras.erase(0);
-}
-
 // Opens and recognises a file and runs the reader of its group; a recorder file is closed first.
 template <typename Standard, typename BlockFile, typename Recorder>
 LoadStatus with_file(Model& model, const std::string& path, Standard standard, BlockFile block,
@@ -83,7 +71,8 @@ LoadStatus with_file(Model& model, const std::string& path, Standard standard, B
     if (!file.is_open()) return LoadStatus::NotOpened;
     const FileGroup group = recognise(model, file);
     if (group == FileGroup::Unknown) return LoadStatus::NotMeasurement;
-    forget_former_file(model);
+    // Nothing of another file shows through what the header leaves unfilled.
+    forget_description(model);
     ByteCursor cursor(file, kIdBytes);
     if (group == FileGroup::Standard) return standard(cursor);
     if (group == FileGroup::Block) return block(cursor);

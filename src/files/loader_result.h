@@ -45,4 +45,11 @@ struct LoaderResult {
   std::map<i32, ChannelExtraRecord> ChannelExtras;
 };
 
+// Takes away what a file was described by. FileChannelValues, FileId and the records of database channels
+// stay.
+void forget_description(LoaderResult& result);
+
+// Takes away FileHeaderPoints, FileChannelKinds and FileChannelFormats.
+void forget_working_copies(LoaderResult& result);
+
 }  // namespace trendaro

@@ -58,26 +58,11 @@ void describe(LoaderResult& result, const RecorderHeader& header, const Recorder
   result.FileReduceFactor = header.reduce_factor;
   result.FileDateText = header.date_text;
   result.FileCommentText = header.comment_text;
-  result.FileChannelPointsEstimate.clear();
-  result.FileHeaderPoints.clear();
-  result.FileChannelKinds.clear();
-  result.FileChannelFormats.clear();
-  result.FileChannelComment.clear();
   if (requested != nullptr)
     result.FileChannelComment =
         requested->name.comment.empty() ? header.comment_text : requested->name.comment;
   describe_columns(result, header);
   describe_parameters(result, header, requested);
-}
-
-// Reads the header. Where that fails, nothing of the file before it stays either.
-std::optional<RecorderHeader> read_header(LoaderResult& result, const InputFile& file) {
-  try {
-    return read_recorder_header(file);
-  } catch (...) {
-    describe(result, {}, nullptr);
-    throw;
-  }
 }
 
 const RecorderColumn* find_column(const RecorderHeader& header, i16 channel) {
@@ -184,7 +169,8 @@ LoadStatus read_recorder(Model& model, const std::string& path, i16 channel, Rea
     model.FileReduceBlock = 0;
     const InputFile file(path);
     if (!file.is_open()) return LoadStatus::NotOpened;
-    const auto header = read_header(model, file);
+    forget_description(model);
+    const auto header = read_recorder_header(file);
     if (!header) return LoadStatus::NotMeasurement;
     const RecorderColumn* requested = find_column(*header, channel);
     describe(model, *header, requested);

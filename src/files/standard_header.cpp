@@ -26,7 +26,6 @@ void size_result(LoaderResult& result, std::size_t channels) {
   result.FileHeaderPoints.assign(channels + 1, 0);
   result.FileChannelKinds.assign(channels + 1, 0);
   result.FileChannelFormats.assign(channels + 1, 0);
-  result.FileChannelPointsEstimate.clear();
 }
 
 void read_file_header(ByteCursor& cursor, i16 id, StandardHeader& header, LoaderResult& result) {
@@ -34,9 +33,10 @@ void read_file_header(ByteCursor& cursor, i16 id, StandardHeader& header, Loader
   if (id >= kWithFileComment) cursor.read_optional_text();
   if (id >= kWithReservedTexts)
     for (int text = 0; text < kReservedTexts; ++text) cursor.read_optional_text();
-  result.FileChannelCount = cursor.read_i16();
-  if (result.FileChannelCount < 0) throw RunTimeError{kIndexOutOfRange};
-  size_result(result, static_cast<std::size_t>(result.FileChannelCount));
+  const i16 count = cursor.read_i16();
+  if (count < 0) throw RunTimeError{kIndexOutOfRange};
+  result.FileChannelCount = count;
+  size_result(result, static_cast<std::size_t>(count));
   if (id < kWithPadding) return;
   header.padded_length = cursor.read_i32();
   cursor.skip(i64{4} * result.FileChannelCount);  // ChannelOffsets

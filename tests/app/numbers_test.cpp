@@ -1,6 +1,7 @@
 #include "app/numbers.h"
 
 #include <limits>
+#include <string>
 
 #include <gtest/gtest.h>
 
@@ -48,6 +49,30 @@ TEST(ParseNumberTest, NumbersOutOfRangeAreTheLargestOrNothing) {
   EXPECT_EQ(ParseNumber("1e999"), std::numeric_limits<f64>::max());
   EXPECT_EQ(ParseNumber("-1e999"), std::numeric_limits<f64>::lowest());
   EXPECT_EQ(ParseNumber("1e-999"), 0);
+  EXPECT_EQ(ParseNumber("-1e-999 mm"), 0);
+  EXPECT_EQ(ParseNumber(std::string(400, '9') + " m"), std::numeric_limits<f64>::max());
+  EXPECT_EQ(ParseNumber('-' + std::string(400, '9')), std::numeric_limits<f64>::lowest());
+}
+
+TEST(ParseNumberTest, DigitsAndExponentTogetherTellWhatIsOutOfRange) {
+  const std::string zeros(400, '0');
+  EXPECT_EQ(ParseNumber("0," + zeros + "1"), 0);
+  EXPECT_EQ(ParseNumber("0," + zeros + "1e401"), 1);
+  EXPECT_EQ(ParseNumber("1" + zeros + "e-5"), std::numeric_limits<f64>::max());
+  EXPECT_EQ(ParseNumber("1" + zeros + "e-400"), 1);
+  EXPECT_EQ(ParseNumber("1" + zeros + "e-5x"), 0);  // behind the "x" stands nothing
+  EXPECT_EQ(ParseNumber("1e-310"), 1e-310);
+}
+
+TEST(ParseNumberTest, LongHexadecimalNumbers) {
+  EXPECT_EQ(ParseNumber("0xFFFFFFFF"), 4294967295.0);
+  // 17 digits: 2 to the power of 69 less 1, which rounds to that power.
+  EXPECT_EQ(ParseNumber("0x1FFFFFFFFFFFFFFFFF"), 590295810358705651712.0);
+  EXPECT_EQ(ParseNumber("0x1" + std::string(300, '0')), std::numeric_limits<f64>::max());
+  EXPECT_EQ(ParseNumber("0x1F.8"), 31);
+  EXPECT_EQ(ParseNumber("0x1Fp3"), 31);
+  EXPECT_EQ(ParseNumber("0x-1F"), 0);
+  EXPECT_EQ(ParseNumber("0xinf"), 0);
 }
 
 TEST(RoundingTest, TiesGoToTheEvenNeighbour) {

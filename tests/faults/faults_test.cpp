@@ -6,16 +6,20 @@
 #include <gtest/gtest.h>
 
 #include "app/model.h"
+#include "app/run_time_error.h"
 #include "faults/fault_injection.h"
 #include "files/loader.h"
 #include "files/recorder_reader.h"
 #include "files/reducer.h"
 #include "files/section_writer.h"
+#include "support/block_builder.h"
 #include "support/file_builder.h"
 #include "support/recorder_builder.h"
+#include "support/recording_kernel.h"
 #include "support/recording_shell.h"
 #include "support/reducible_files.h"
 #include "support/silent_shell.h"
+#include "support/standard_builder.h"
 
 namespace trendaro {
 namespace {
@@ -93,17 +97,21 @@ struct FailedLoad {
   LoadStatus status;
   std::vector<std::string> messages;
   std::size_t values;
+  std::vector<std::string> kernel_calls;
 };
 
 FailedLoad load_with_error(const std::string& path, i16 channel, FaultPlan plan, i16 mode = 1) {
   RecordingShell shell;
   Model model(shell);
+  RecordingKernel kernel;
+  model.Kernel = &kernel;
+  model.FileChannelValues = {42};
   LoadStatus status = LoadStatus::Done;
   {
     const FaultsAtWork faults(plan);
-    status = LoadMeasurementFile(model, mode, path, channel, 0);
+    status = LoadMeasurementFile(model, mode, path, channel, 3);
   }
-  return {status, shell.messages(), model.FileChannelValues.size()};
+  return {status, shell.messages(), model.FileChannelValues.size(), kernel.calls};
 }
 
 Operation load_range(const std::string& path, i16 channel) {
@@ -199,6 +207,47 @@ TEST(FaultsTest, ABadPlaceOnTheDiskCostsOnlyWhatLiesBehindIt) {
   }
   const FaultPlan behind{.bad_place = values_begin + 8000};
   EXPECT_EQ(load_with_error(file.path(), 1, behind).status, LoadStatus::Done);
+}
+
+TEST(FaultsTest, ABadPlaceAmongTextsIsAFailedRead) {
+  StandardFileLayout standard;
+  standard.channels = {{.kind = 1, .texts = std::vector<std::string>(5000, "offen")}, {.values = wave(100)}};
+  const TemporaryFile file(standard.build());
+  const auto texts_begin = static_cast<long long>(standard.header().size());
+  const FaultPlan plan{.bad_place = texts_begin + 20000};
+  for (const i16 channel : std::initializer_list<i16>{1, 2})
+    for (const i16 mode : std::initializer_list<i16>{1, 2}) {
+      const FailedLoad load = load_with_error(file.path(), channel, plan, mode);
+      EXPECT_EQ(load.status, LoadStatus::ReadFailed);
+      EXPECT_EQ(load.messages,
+                std::vector<std::string>{"Trendaro: Fehler beim Lesen der Daten aufgetreten!"});
+      EXPECT_EQ(load.values, 0u);
+      EXPECT_TRUE(load.kernel_calls.empty());
+    }
+  SilentShell shell;
+  Model model(shell);
+  SampleArray range;
+  const FaultsAtWork faults(plan);
+  EXPECT_EQ(LoadSampleRange(model, file.path(), 2, 0, 10, range), LoadStatus::ReadFailed);
+  EXPECT_TRUE(range.empty());
+}
+
+TEST(FaultsTest, AChannelOfABlockFileThatIsReadInPartIsNotDescribedToTheDatabase) {
+  for (const u8 fixed : std::initializer_list<u8>{0, 1}) {
+    BlockFileLayout block{.id = 5003, .channels = {{.name = "Weg"}}};
+    block.channels[0].record.FixedBlockFlag = fixed;
+    FileBuilder bytes = block.header();
+    const auto data_begin = static_cast<long long>(bytes.size());
+    for (int round = 0; round < 20; ++round) add_block(bytes, wave(1000));
+    const TemporaryFile file(bytes);
+    const FailedLoad sound = load_with_error(file.path(), 1, {}, 2);
+    EXPECT_EQ(sound.status, LoadStatus::Done);
+    EXPECT_EQ(sound.kernel_calls.back(), "modified 3: 0");
+    const FailedLoad load = load_with_error(file.path(), 1, {.bad_place = data_begin + 50000}, 2);
+    EXPECT_EQ(load.status, static_cast<LoadStatus>(kDeviceError));
+    EXPECT_FALSE(load.kernel_calls.empty());
+    for (const std::string& call : load.kernel_calls) EXPECT_EQ(call.substr(0, 7), "write 3");
+  }
 }
 
 TEST(FaultsTest, LoadingABlockFile) {

@@ -32,28 +32,31 @@ TEST_F(StandardHeaderTest, Id5009HasADataOffsetButNoPaddingAndNoOffsets) {
 }
 
 TEST_F(StandardHeaderTest, EveryFieldOfTheNewestId) {
-  StandardFileLayout standard{.id = 5012, .comment = "c", .reserved_text = "dropped", .reduce_block = 50};
   const ChannelExtraRecord extra{2, 1, 3, {1.5, 2.5, -3.5}, 105, "x*2"};
-  standard.channels = {{.name = "T\xE4st ",
-                        .unit = "\xB0"
-                                "C",
-                        .values = {1}},
-                       {.channel_date = 44260.75,
-                        .record = distinct_param_record(7),
-                        .extra = extra,
-                        .extension = "unknown",
-                        .values = {8}}};
-  EXPECT_EQ(load(standard.build(), 0, 2), LoadStatus::Done);
-  EXPECT_EQ(model.FileReduceBlock, 50);
-  EXPECT_EQ(model.FileChannelNames[1], "Täst ");
-  EXPECT_EQ(model.FileChannelUnits[1], "°C");
-  EXPECT_EQ(model.FileDateText, "44260.75");
-  EXPECT_EQ(model.FileChannelRates[1], 0);
-  EXPECT_EQ(model.FileChannelRates[2], 7.5f);
-  EXPECT_EQ(model.ChannelParams[0], distinct_param_record(7));
-  EXPECT_EQ(model.ChannelExtras[0], extra);
-  EXPECT_EQ(load(standard.build(), 1, 2), LoadStatus::Done);
-  EXPECT_EQ(values(), std::vector<f64>{8});
+  for (const i16 id : std::initializer_list<i16>{5012, 7001}) {
+    SCOPED_TRACE(id);
+    StandardFileLayout standard{.id = id, .comment = "c", .reserved_text = "dropped", .reduce_block = 50};
+    standard.channels = {{.name = "T\xE4st ",
+                          .unit = "\xB0"
+                                  "C",
+                          .values = {1}},
+                         {.channel_date = 44260.75,
+                          .record = distinct_param_record(7),
+                          .extra = extra,
+                          .extension = "unknown",
+                          .values = {8}}};
+    EXPECT_EQ(load(standard.build(), 0, 2), LoadStatus::Done);
+    EXPECT_EQ(model.FileReduceBlock, 50);
+    EXPECT_EQ(model.FileChannelNames[1], "Täst ");
+    EXPECT_EQ(model.FileChannelUnits[1], "°C");
+    EXPECT_EQ(model.FileDateText, "44260.75");
+    EXPECT_EQ(model.FileChannelRates[1], 0);
+    EXPECT_EQ(model.FileChannelRates[2], 7.5f);
+    EXPECT_EQ(model.ChannelParams[0], distinct_param_record(7));
+    EXPECT_EQ(model.ChannelExtras[0], extra);
+    EXPECT_EQ(load(standard.build(), 1, 2), LoadStatus::Done);
+    EXPECT_EQ(values(), std::vector<f64>{8});
+  }
 }
 
 TEST_F(StandardHeaderTest, AShortRecordLeavesTheOtherFieldsAsTheyWere) {

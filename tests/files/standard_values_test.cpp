@@ -22,6 +22,18 @@ TEST_F(StandardValuesTest, ShortReadShowsItsMessageAndKeepsWhatWasRead) {
   EXPECT_TRUE(model.FileHeaderPoints.empty());
 }
 
+TEST_F(StandardValuesTest, ShortReadForTheDatabaseWritesNothing) {
+  StandardFileLayout standard{.id = 5012};
+  standard.channels = {{.values = {1, 2, 3}, .points = 10}};
+  EXPECT_EQ(load(standard.build(), 2, 1, 5), LoadStatus::ReadFailed);
+  EXPECT_EQ(values(), (std::vector<f64>{1, 2, 3}));
+  EXPECT_EQ(shell.messages().size(), 1u);
+  EXPECT_TRUE(kernel.calls.empty());
+  EXPECT_TRUE(model.FileHeaderPoints.empty());
+  EXPECT_TRUE(model.FileChannelKinds.empty());
+  EXPECT_TRUE(model.FileChannelFormats.empty());
+}
+
 TEST_F(StandardValuesTest, ChannelsWithoutPointsReadNothing) {
   StandardFileLayout standard{.id = 5012};
   model.FileChannelValues = {42};
@@ -186,6 +198,7 @@ TEST_F(StandardValuesTest, ARefusedWriteFails) {
   kernel.write_result = 0;
   EXPECT_EQ(load(standard.build(), 2, 1, 2), LoadStatus::ReadFailed);
   EXPECT_EQ(model.LastDatabaseStatus, 0);
+  EXPECT_EQ(values(), (std::vector<f64>{1, 2}));
   EXPECT_EQ(shell.messages().size(), 1u);
   EXPECT_EQ(kernel.calls.size(), 1u);
 }
