@@ -7,8 +7,11 @@
 #include <limits>
 #include <sstream>
 #include <tuple>
+#include <type_traits>
 
 #include <CLI/CLI.hpp>
+
+#include "app/numbers.h"
 
 namespace trendaro {
 namespace {
@@ -40,9 +43,9 @@ std::optional<Number> decimal(std::string_view text) {
   Number value = 0;
   const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value);
   if (text.empty() || end != text.data() + text.size()) return std::nullopt;
-  if (error == std::errc::result_out_of_range)
-    return text.front() == '-' ? std::numeric_limits<Number>::lowest() : std::numeric_limits<Number>::max();
-  return value;
+  if (error != std::errc::result_out_of_range) return value;
+  if constexpr (std::is_floating_point_v<Number>) return nearest_bound(std::string(text));
+  return text.front() == '-' ? std::numeric_limits<Number>::lowest() : std::numeric_limits<Number>::max();
 }
 
 bool has_digits_and_commas_alone(std::string_view text) {
@@ -188,7 +191,8 @@ WrongCall wrong_value(const std::string& name, const std::string& text) {
 }
 
 Invocation info_invocation(const Options& options) {
-  const auto channel = decimal<i16>(options.channel.empty() ? "0" : options.channel);
+  const bool names_channel = options.info->count("CHANNEL") > 0;
+  const auto channel = decimal<i16>(names_channel ? options.channel : "0");
   if (!channel) return wrong_value("CHANNEL", options.channel);
   return InfoCommand{.path = absolute(options.file), .channel = *channel, .json = options.json};
 }

@@ -31,15 +31,6 @@ f64 hexadecimal(std::string_view text) {
   return error == std::errc::result_out_of_range ? std::numeric_limits<f64>::max() : value;
 }
 
-// A number that no f64 can be: the largest one or 0.
-f64 nearest_bound(const std::string& number) {
-  std::istringstream stream(number);
-  stream.imbue(std::locale::classic());
-  f64 value = 0;
-  stream >> value;
-  return value;
-}
-
 f64 leading_number(std::string_view text) {
   const auto start = text.find_first_not_of(" \t");
   if (start == std::string_view::npos) return 0;
@@ -77,6 +68,14 @@ f64 ParseNumber(std::string_view text) {
   std::string with_point(text);
   if (const auto comma = with_point.find(','); comma != std::string::npos) with_point[comma] = '.';
   return leading_number(with_point);
+}
+
+f64 nearest_bound(const std::string& number) {
+  std::istringstream stream(number);
+  stream.imbue(std::locale::classic());
+  f64 value = 0;
+  stream >> value;
+  return value;
 }
 
 i16 round_to_i16(f64 value) {

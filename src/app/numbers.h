@@ -11,6 +11,9 @@ namespace trendaro {
 // longest number at the start is taken; a text without one gives 0. Beyond the range it is the largest f64.
 f64 ParseNumber(std::string_view text);
 
+// The f64 nearest to a decimal number that is too large or too small for one: the largest of its sign, or 0.
+f64 nearest_bound(const std::string& number);
+
 // The nearest integer, ties to even. Throws RunTimeError{kOverflow} when it does not fit, and for a NaN.
 i16 round_to_i16(f64 value);
 i32 round_to_i32(f64 value);

@@ -115,8 +115,8 @@ void append_block(ReducedChannel& channel, std::span<const f64> values, i32 bloc
 }
 
 // Reads the next block into the buffer and gives its values; nothing for an empty block. At the end of the
-// file `ended` is raised. A value that is cut short counts when more than half of it is there, and takes its
-// missing bytes from the block before.
+// file `ended` is raised. A value that is cut short counts when more than half of it is there, or half of it
+// behind an odd number of whole ones; it takes its missing bytes from the block before.
 std::span<const f64> read_block(ByteCursor& source, BlockBuffer& buffer, bool& ended) {
   if (source.left() < i64{sizeof(i32)}) {
     ended = true;

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "app/model.h"
+#include "app/numbers.h"
 #include "app/run_time_error.h"
 #include "files/recorder_header.h"
 #include "files/recorder_settings.h"
@@ -45,7 +46,7 @@ void describe_parameters(LoaderResult& result, const RecorderHeader& header,
   if (requested != nullptr) {
     if (requested->has_settings())
       parameters = recorder_settings(ByteView{header.bytes}, requested->settings_block);
-    parameters.HardwareChannel = static_cast<i16>(requested->entry_channel);
+    parameters.HardwareChannel = round_to_i16(requested->entry_channel);
     parameters.HardwareSubChannel = static_cast<i16>(requested->sub_channel);
     parameters.SampleInterval = header.interval();
   }
@@ -132,7 +133,8 @@ void write_double_channel(Model& model, const InputFile& file, const RecorderHea
     });
   };
   append_column(channel, database_channel, -1);
-  if (find_column(header, channel)->entry_channel != kTimeChannel) return;
+  // Without rows the scratch channel keeps what it held, and that must not be added.
+  if (rows == 0 || find_column(header, channel)->entry_channel != kTimeChannel) return;
   const i32 scratch = model.XScratchChannel;
   append_column(channel + 1, scratch, 0);
   model.LastDatabaseStatus = model.Kernel->DB_QuickMath(database_channel, scratch);

@@ -130,11 +130,15 @@ f64 physical_time_word(u16 raw, f32 scale, f32 offset) {
   return f64{kRawScale16} * raw * f64{scale} - f64{offset};
 }
 
+bool is_credible_row_count(i64 claimed, i64 there) {
+  return claimed <= kFreeRows + kClaimedToPresentRows * there;
+}
+
 i64 row_count_to_hold(const InputFile& file, const RecorderHeader& header) {
   if (header.row_count < 0) throw RunTimeError{kIndexOutOfRange};
   const i64 data_bytes = std::max<i64>(0, file.size() - std::max(0, header.data_offset));
   const i64 rows_there = data_bytes / std::max<i64>(1, row_bytes(header));
-  if (header.row_count > kFreeRows + kClaimedToPresentRows * rows_there) throw RunTimeError{kOutOfMemory};
+  if (!is_credible_row_count(header.row_count, rows_there)) throw RunTimeError{kOutOfMemory};
   return header.row_count;
 }
 

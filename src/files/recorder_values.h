@@ -14,6 +14,10 @@ f64 physical_i32(i32 raw, f32 scale, f32 offset);
 f64 physical_i16(i16 raw, f32 scale, f32 offset);
 f64 physical_time_word(u16 raw, f32 scale, f32 offset);  // i16 samples of time channels count without a sign
 
+// True when a number of rows may be believed where `there` rows are: up to a million, and beyond them up to
+// eight times those.
+bool is_credible_row_count(i64 claimed, i64 there);
+
 // The number of rows, for which memory may be taken: a recording may lack the end of its data part, but one
 // that claims far more than eight times what is there (and more than a million rows) throws
 // RunTimeError{kOutOfMemory}. Throws RunTimeError{kIndexOutOfRange} for a negative number.

@@ -9,7 +9,7 @@ namespace trendaro {
 inline constexpr i64 kSampleBytes = 8;
 
 // Whole values in a number of bytes, rounded to the nearest, ties to even: a last value counts when more than
-// half of it is there.
+// half of it is there, or half of it behind an odd number of whole ones.
 i64 rounded_values(i64 bytes);
 
 // Reads bytes to `destination`; what the file no longer delivers is zero.

@@ -21,6 +21,7 @@
 #include "files/recorder_header.h"
 #include "files/recorder_settings.h"
 #include "files/recorder_tables.h"
+#include "files/recorder_values.h"
 
 namespace trendaro {
 namespace {
@@ -124,6 +125,8 @@ void copy_rows(const InputFile& source, ByteWriter& target, const SectionHeader&
   const i64 row_bytes = sample_bytes(header.sample_format) * header.entry_count;
   if (row_bytes == 0) return;
   if (first_row < 0 || row_count < 0) throw RunTimeError{kIndexOutOfRange};
+  const i64 rows_there = std::max<i64>(0, source.size() - header.data_offset) / row_bytes;
+  if (!is_credible_row_count(row_count, rows_there)) throw RunTimeError{kOutOfMemory};
   const i64 begin = header.data_offset + row_bytes * first_row;
   const i64 wanted = row_bytes * row_count;
   std::vector<char> buffer(static_cast<std::size_t>(std::min(wanted, kCopyBytes)));

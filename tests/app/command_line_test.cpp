@@ -2,6 +2,7 @@
 
 #include <filesystem>
 #include <fstream>
+#include <limits>
 
 #include <gtest/gtest.h>
 
@@ -96,6 +97,9 @@ TEST(CommandLineTest, ChannelsAreDecimalAndClampedToWhatFilesCanHave) {
   EXPECT_TRUE(parsed<ValuesCommand>({"values", "--raw", "/a", "1"}).raw);
   expect_wrong({"values", "/a", "0x2"}, "CHANNEL: kein gültiger Wert: \"0x2\"");
   expect_wrong({"info", "/a", "zwei"}, "CHANNEL: kein gültiger Wert: \"zwei\"");
+  for (const char* command : {"info", "values"})
+    expect_wrong({command, "/a", ""}, "CHANNEL: kein gültiger Wert: \"\"");
+  EXPECT_EQ(parsed<InfoCommand>({"info", "/a"}).channel, 0);
 }
 
 TEST(CommandLineTest, ReduceHasItsFactorAndMayHaveATarget) {
@@ -131,6 +135,19 @@ TEST(CommandLineTest, RenderTakesSizeUnitAndRange) {
     expect_wrong({"render", "--output", "/p.png", "--size", size, "/a"}, "--size: kein gültiger Wert");
   expect_wrong({"render", "--output", "/p.png", "--unit", "tage", "/a"}, "--unit");
   expect_wrong({"render", "--output", "/p.png", "--to", "1,5x", "/a"}, "--to");
+}
+
+TEST(CommandLineTest, RangeOutsideOfAllNumbersIsTheNearestOne) {
+  const auto range = [](const std::string& from, const std::string& to) {
+    const auto render =
+        parsed<RenderCommand>({"render", "--output", "/p", "--from", from.c_str(), "--to", to.c_str(), "/a"});
+    return std::pair(render.from.value(), render.to.value());
+  };
+  constexpr f64 kMost = std::numeric_limits<f64>::max();
+  EXPECT_EQ(range("1e-400", "1e400"), std::pair(0.0, kMost));
+  EXPECT_EQ(range("-1e400", "-1e-400"), std::pair(-kMost, 0.0));
+  EXPECT_EQ(range("0." + std::string(400, '0') + "1", "1" + std::string(400, '0') + "e-5"),
+            std::pair(0.0, kMost));
 }
 
 TEST(CommandLineTest, WrongCallsSayInGermanWhatIsWrong) {

@@ -134,6 +134,19 @@ TEST_F(BlockReducerTest, ValueCutBehindItsHalfTakesTheRestFromTheBlockBefore) {
             reduced(file, 4, {last_is_least ? std::vector<f64>{2, mixed} : std::vector<f64>{1.0 / 3, 2}}));
 }
 
+TEST_F(BlockReducerTest, HalfAValueCountsOnlyBehindAnOddNumber) {
+  BlockFile file{.channels = {{.samples = {}}}};
+  const auto with_half_behind = [&](const std::vector<f64>& whole) {
+    return file.header().i32_field(9).values(whole).zeros(4).bytes();
+  };
+  EXPECT_EQ(reduce(with_half_behind({5}), 2), ReduceStatus::Done);
+  EXPECT_EQ(result(), reduced(file, 2, {{5, 0}}));
+  EXPECT_EQ(reduce(with_half_behind({5, 6}), 2), ReduceStatus::Done);
+  EXPECT_EQ(result(), reduced(file, 2, {{5, 6}}));
+  EXPECT_EQ(reduce(with_half_behind({5, 6}), 3), ReduceStatus::Done);
+  EXPECT_EQ(result(), reduced(file, 3, {{}}));
+}
+
 TEST_F(BlockReducerTest, BlockBeyondTheBufferFails) {
   BlockFile file{.channels = {{.samples = ramp(2050)}}, .block_lengths = {2050}};
   EXPECT_EQ(reduce(file.build().bytes(), 10), ReduceStatus::Failed);

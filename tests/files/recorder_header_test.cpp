@@ -80,6 +80,23 @@ TEST(RecorderHeaderTest, EachTimeCarryTakesOneFromTheCountButStaysAColumn) {
             (std::vector<std::string>{"TLQ CH 1.0", "TLQ 17 (Zeitkanal)", "TLQ 18 (Zeitkanal Übertrag)"}));
 }
 
+TEST(RecorderHeaderTest, EveryTimeCarryCountsWhateverTheIdAndItsSignals) {
+  struct Row {
+    i32 id;
+    std::vector<RecorderEntry> entries;
+    i16 count;
+  };
+  const RecorderEntry hardware{.channel = 1, .mask = 3};
+  const RecorderEntry time{.channel = 17, .mask = 3};
+  const RecorderEntry carry{.channel = 18, .mask = 3};
+  const RecorderEntry silent_carry{.channel = 18, .mask = 0};
+  for (const Row& row : {Row{6002, {hardware, time, carry}, 5}, Row{6001, {hardware, carry, carry}, 1},
+                         Row{6001, {hardware, silent_carry}, 1}}) {
+    RecorderBuilder recording{.id = row.id, .entries = row.entries};
+    EXPECT_EQ(read(recording.build())->channel_count, row.count);
+  }
+}
+
 TEST(RecorderHeaderTest, DefaultNameTakesTheSubChannelOfTheColumnBefore) {
   RecorderBuilder recording;
   recording.entries = {{.channel = 3, .mask = 0x020003},  // sub-channel 2, two columns

@@ -243,6 +243,27 @@ TEST_F(RecorderReaderTest, KernelSumsATimeOfDoublesThroughTheScratchChannel) {
   EXPECT_EQ(kernel.calls[8], "text 5 2: ");
 }
 
+TEST_F(RecorderReaderTest, ATimeOfDoublesWithoutRowsAddsNothing) {
+  RecorderBuilder recording{.id = 6011};
+  recording.entries = {{.channel = 17, .unit = "ms"}, {.channel = 18}};
+  file.rewrite(recording.build().bytes());
+  ASSERT_EQ(LoadRecorderFile(model, 2, file.path(), 1, 5), LoadStatus::Done);
+  EXPECT_EQ(kernel.calls,
+            (std::vector<std::string>{"text 5 0: TLQ 17 (Zeitkanal)", "text 5 1: ms", "text 5 2: "}));
+}
+
+TEST_F(RecorderReaderTest, HardwareChannelsThatNoFieldHoldsAreAnErrorWhereTheyAreAskedFor) {
+  for (const i32 number : {70000, -40000}) {
+    RecorderBuilder recording;
+    recording.entries = {{.channel = number}, {.channel = 2}};
+    if (number > 0) recording.entries[0].settings = FileBuilder();
+    EXPECT_EQ(load(recording.build(), 0, 1), run_time_error(kOverflow)) << number;
+    EXPECT_EQ(load(recording.build(), 0, 2), LoadStatus::Done) << number;
+    EXPECT_EQ(model.ChannelParams[0].HardwareChannel, 2);
+    EXPECT_EQ(model.FileChannelNames[1], "TLQ CH " + std::to_string(number) + ".0");
+  }
+}
+
 TEST_F(RecorderReaderTest, WithoutAKernelModeTwoFails) {
   model.Kernel = nullptr;
   EXPECT_EQ(load(small_recording().build(), 2, 1), run_time_error(kHostMemberMissing));

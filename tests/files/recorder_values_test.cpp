@@ -41,7 +41,8 @@ TEST_F(RecorderValuesTest, DefaultScaleReadsWholeValues) {
   RecorderBuilder recording{.row_count = 1, .sample_format = 1253};
   recording.entries = {{.scale = kAllOnes}};
   recording.data.i32_field(256);
-  EXPECT_FLOAT_EQ(static_cast<f32>(load_values(recording, 1).at(0)), 1.0F);
+  // 256 times the nearest f32 to 1 / 1966080000, which is 9162597 / 2 to the power of 54, times 7680000.
+  EXPECT_DOUBLE_EQ(load_values(recording, 1).at(0), 256.0 * 7680000 * 9162597 * 0x1p-54);
 
   recording.sample_format = 1255;
   recording.data = FileBuilder().i16_field(1);
@@ -211,8 +212,8 @@ TEST_F(RecorderValuesTest, DoublesStandChannelAfterChannel) {
 }
 
 // A recording of doubles with a time channel and its carry.
-RecorderBuilder time_of_doubles(i32 rows) {
-  RecorderBuilder recording{.id = 6011, .row_count = rows};
+RecorderBuilder time_of_doubles(i32 rows, i32 id = 6011) {
+  RecorderBuilder recording{.id = id, .row_count = rows};
   recording.entries = {{.channel = 17}, {.channel = 18}};
   for (i32 row = 0; row < rows; ++row) recording.data.f64_field(row + 0.25);
   for (i32 row = 0; row < rows; ++row) recording.data.f64_field(1000.0 * row);
@@ -230,12 +231,13 @@ TEST_F(RecorderValuesTest, TimeOfDoublesIsSummedWhereTheRestIsAtMostOne) {
 }
 
 TEST_F(RecorderValuesTest, TimeOfDoublesWithALongerRestFails) {
-  for (const i32 rows : {2, 499, 502, 999, 1250}) {
-    static_cast<void>(load_values(time_of_doubles(rows), 1));
-    EXPECT_EQ(status, run_time_error(kIndexOutOfRange)) << rows;
-    EXPECT_EQ(load_values(time_of_doubles(rows), 2).at(1), 1000.0);
-    EXPECT_EQ(status, LoadStatus::Done);
-  }
+  for (const i32 id : {6011, 6012})
+    for (const i32 rows : {2, 499, 502, 999, 1250}) {
+      static_cast<void>(load_values(time_of_doubles(rows, id), 1));
+      EXPECT_EQ(status, run_time_error(kIndexOutOfRange)) << rows;
+      EXPECT_EQ(load_values(time_of_doubles(rows, id), 2).at(1), 1000.0);
+      EXPECT_EQ(status, LoadStatus::Done);
+    }
 }
 
 TEST_F(RecorderValuesTest, RangeOfATimeOfDoublesIsSummedToTheEnd) {

@@ -7,6 +7,7 @@
 
 #include "app/commands.h"
 #include "app/model.h"
+#include "files/loader.h"
 #include "support/file_builder.h"
 #include "support/recording_shell.h"
 #include "support/reducible_files.h"
@@ -66,6 +67,24 @@ TEST_F(ReduceHandlersTest, LastBlockSizeIsTheDefault) {
   EXPECT_THAT(shell_.calls, ElementsAre(prompt("250")));
 }
 
+TEST_F(ReduceHandlersTest, BlockSizeIsTheDefaultUntilAFileIsLoaded) {
+  write_source();
+  shell_.texts = {"25"};
+  shell_.files = {source()};
+  mnuReduceBin(model_);
+  shell_.calls.clear();
+  mnuReduceBin(model_);
+  EXPECT_THAT(shell_.calls, ElementsAre(prompt("25")));
+  EXPECT_EQ(LoadMeasurementFile(model_, 0, target(), 1, 0), LoadStatus::Done);
+  shell_.calls.clear();
+  mnuReduceBin(model_);
+  EXPECT_THAT(shell_.calls, ElementsAre(prompt("25")));  // that of the reduced file
+  EXPECT_EQ(LoadMeasurementFile(model_, 0, source(), 1, 0), LoadStatus::Done);
+  shell_.calls.clear();
+  mnuReduceBin(model_);
+  EXPECT_THAT(shell_.calls, ElementsAre(prompt("100")));
+}
+
 TEST_F(ReduceHandlersTest, CancelAndZeroEndTheCommandWithTheDefaultKept) {
   for (const char* answer : {"", "0", "abc", "0.4", "0,5"}) {
     shell_.calls.clear();
@@ -122,15 +141,30 @@ TEST_F(ReduceHandlersTest, YesWritesOverAnExistingTarget) {
   EXPECT_GT(read_file(target()).size(), 100U);
 }
 
-TEST_F(ReduceHandlersTest, FailureShowsItsWords) {
-  write_file(source(), FileBuilder().i16_field(5009).zeros(20).bytes());
-  shell_.texts = {"20"};
-  shell_.files = {source()};
-  mnuReduceBin(model_);
-  EXPECT_EQ(model_.LastDatabaseStatus, -2000);
-  EXPECT_EQ(shell_.wait_pointers, 0);
-  EXPECT_THAT(shell_.calls, testing::Contains("status 1: Fehler bei Reduzierung aufgetreten."));
-  EXPECT_THAT(shell_.messages(), ElementsAre("Trendaro: Diese Datei hat ein veraltetes binäres Format."));
+TEST_F(ReduceHandlersTest, EachFailureShowsItsWords) {
+  struct Row {
+    std::string bytes;
+    i32 status;
+    std::string message;
+  };
+  const std::string cut = StandardFile{.channels = {{.samples = {1, 2}}}, .points = {100}}.build().bytes();
+  for (const Row& row : {Row{FileBuilder().i16_field(5009).zeros(20).bytes(), -2000,
+                             "Trendaro: Diese Datei hat ein veraltetes binäres Format."},
+                         Row{FileBuilder().i16_field(5003).zeros(20).bytes(), -1000,
+                             "Trendaro: Diese Datei hat kein binäres Standardformat."},
+                         Row{cut, -1, "Trendaro: Fehler bei Öffnen der Datei aufgetreten."}}) {
+    SCOPED_TRACE(row.message);
+    write_file(source(), row.bytes);
+    shell_.calls.clear();
+    shell_.texts = {"20"};
+    shell_.files = {source()};
+    shell_.yes_no = {true};
+    mnuReduceBin(model_);
+    EXPECT_EQ(model_.LastDatabaseStatus, row.status);
+    EXPECT_EQ(shell_.wait_pointers, 0);
+    EXPECT_THAT(shell_.calls, testing::Contains("status 1: Fehler bei Reduzierung aufgetreten."));
+    EXPECT_THAT(shell_.messages(), testing::Contains(row.message));
+  }
 }
 
 TEST(ReducedFileNameTest, NameUpToItsFirstDotGetsTheEnding) {

@@ -88,6 +88,28 @@ TEST_F(ReducerTest, HeaderAndPairsOfEveryId) {
   }
 }
 
+TEST_F(ReducerTest, NumberAndLastPairFollowTheRest) {
+  struct Row {
+    i32 block;
+    int samples;
+    std::size_t values;
+    std::vector<f64> last_pair;
+  };
+  for (const Row& row :
+       {Row{10, 100, 20, {90, 99}}, Row{100, 1050, 20, {900, 1049}}, Row{100, 1040, 22, {1000, 1039}},
+        Row{100, 1002, 20, {900, 1001}}, Row{100, 150, 4, {100, 149}}, Row{100, 50, 0, {}}}) {
+    StandardFile file{.channels = {{.samples = ramp(row.samples)}}};
+    ASSERT_EQ(reduce(file.build().bytes(), row.block), ReduceStatus::Done);
+    std::vector<f64> pairs;
+    for (std::size_t pair = 0; 2 * pair < row.values; ++pair) {
+      const f64 first = static_cast<f64>(pair) * row.block;
+      pairs.insert(pairs.end(), {first, first + row.block - 1});
+    }
+    if (!pairs.empty()) std::copy(row.last_pair.begin(), row.last_pair.end(), pairs.end() - 2);
+    EXPECT_EQ(result(), reduced(file, row.block, {pairs})) << row.samples << " / " << row.block;
+  }
+}
+
 TEST_F(ReducerTest, RestOfTwoSamplesJoinsLastBlock) {
   StandardFile file{.channels = {{.samples = ramp(22)}}};
   EXPECT_EQ(reduce(file.build().bytes(), 10), ReduceStatus::Done);

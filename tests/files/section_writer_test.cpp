@@ -79,6 +79,11 @@ TEST_F(SectionWriterTest, DateMovesWithTheFirstRow) {
   EXPECT_EQ(date_at(recording, 30), "05.03.2021 12:35:56");
   recording.rate_code = 0;
   EXPECT_EQ(date_at(recording, 4), "05.03.2021 12:35:00");
+  recording.rate_code = 6308;
+  // 11 h 25 min 4 s later the day ends.
+  EXPECT_EQ(date_at(recording, 100 * (11 * 3600 + 25 * 60 + 4)), "06.03.2021 00:00:00");
+  recording.date = "Wed Mar 31 23:59:59 2021";
+  EXPECT_EQ(date_at(recording, 200), "01.04.2021 00:00:01");
 }
 
 TEST_F(SectionWriterTest, SectionOfASectionKeepsItsDate) {
@@ -155,6 +160,25 @@ TEST_F(SectionWriterTest, RowCountIsTheAskedOneEvenWhereTheSourceEnds) {
 
   ASSERT_EQ(write(source_recording().build().bytes(), kRows + 100, 3), SectionStatus::Done);
   EXPECT_EQ(section_values(2), (std::vector<f64>{0, 0, 0}));
+}
+
+TEST_F(SectionWriterTest, TheHeaderNamesTheAskedRows) {
+  ASSERT_EQ(write(source_recording().build().bytes(), kRows - 2, 10), SectionStatus::Done);
+  i32 rows = 0;
+  std::memcpy(&rows, read_file(target()).data() + 12, sizeof rows);
+  EXPECT_EQ(rows, 10);
+}
+
+TEST_F(SectionWriterTest, RowsFarBeyondTheSourceAreAFailure) {
+  const std::string bytes = source_recording().build().bytes();
+  const i32 most = 1000000 + 8 * kRows;
+  EXPECT_EQ(write(bytes, 0, most), SectionStatus::Done);
+  EXPECT_EQ(section_values(1).size(), static_cast<std::size_t>(most));
+  for (const i32 count : {most + 1, std::numeric_limits<i32>::max()}) {
+    EXPECT_EQ(write(bytes, 0, count), SectionStatus::Failed);
+    EXPECT_LE(std::filesystem::file_size(target()),
+              static_cast<std::uintmax_t>(source_recording().data_offset()));
+  }
 }
 
 TEST_F(SectionWriterTest, EmptySectionHasAHeaderAlone) {
