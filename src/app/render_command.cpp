@@ -137,6 +137,8 @@ int run_render(const RenderCommand& command, std::ostream& errors) {
   model.TemplateFolder = kNoTemplates;
   load_main_window(model);
   set_time_unit(model, command.time_unit);
+  // Nothing is drawn twice, so that nothing need be kept.
+  model.CurveCacheOff = true;
   // A section shows all samples that it has; the whole recording keeps its extremes when it is compressed.
   if (command.from || command.to) model.controls["mnuUseCompression"].ticked = false;
   for (const FileArgument& file : command.files)

@@ -3,7 +3,7 @@
 #include "app/one_based.h"
 #include "app/types.h"
 #include "datasource/plot_record.h"
-#include "files/sample_array.h"
+#include "graph/sample_index.h"
 
 namespace trendaro {
 
@@ -12,7 +12,7 @@ struct Model;
 // The plots of the former list while a new one is built. Both lists count from 1.
 struct FormerPlots {
   OneBased<PlotRecord> plots;
-  OneBased<SampleArray> caches;
+  OneBased<CurveBlock> caches;
   OneBased<i16> cache_from;  // for each new plot: the former plot whose samples it takes, 0 for none
 };
 

@@ -5,7 +5,7 @@
 #include "app/one_based.h"
 #include "app/types.h"
 #include "datasource/plot_record.h"
-#include "files/sample_array.h"
+#include "graph/sample_index.h"
 
 namespace trendaro {
 
@@ -22,7 +22,7 @@ struct PlotListState {
   OneBased<std::string> PlotUnits;
   OneBased<f64> PlotStep;               // x step of two display points
   OneBased<std::string> PlotDateTexts;  // date text of each plot's file
-  OneBased<SampleArray> CurveCache;     // samples of a plot; empty where nothing is cached
+  OneBased<CurveBlock> CurveCache;      // samples of a plot; empty where nothing is cached
 
   OneBased<i16> LayerPlotCount = OneBased<i16>(3);       // all plots of layer 1 to 3
   OneBased<i16> LayerRightPlotCount = OneBased<i16>(3);  // right-axis plots of layer 1 to 3

@@ -2,6 +2,7 @@
 
 #include <exception>
 #include <new>
+#include <utility>
 
 #include "app/model.h"
 #include "app/run_time_error.h"
@@ -107,6 +108,31 @@ LoadStatus LoadMeasurementFile(Model& model, i16 mode, const std::string& path, 
         // The database channel is not handed on.
         [&] { return LoadRecorderFile(model, mode, path, channel, 0); });
   });
+}
+
+LoadStatus PassMeasurementValues(Model& model, const std::string& path, i16 channel, const TakeValues& take) {
+  model.FileChannelValues = {};
+  LoadStatus status = caught([&] {
+    return with_file(
+        model, path,
+        [&](ByteCursor& cursor) {
+          const WorkingCopies copies(model, 1);
+          const StandardHeader header = read_standard_header(cursor, model.FileId, channel, model);
+          expect_no_device_error(cursor);
+          return pass_standard_values(model, cursor, header, channel, take);
+        },
+        [&](ByteCursor& cursor) { return load_block_file(model, cursor, 1, channel, 0); },
+        [&] { return LoadRecorderFile(model, 1, path, channel, 0); });
+  });
+  // Readers of the other groups leave an array, which may hold values also where they have failed.
+  if (const SampleArray values = std::exchange(model.FileChannelValues, {}); !values.empty()) {
+    const LoadStatus taken = caught([&] {
+      take(values);
+      return LoadStatus::Done;
+    });
+    if (status == LoadStatus::Done) status = taken;
+  }
+  return status;
 }
 
 LoadStatus LoadSampleRange(Model& model, const std::string& path, i16 channel, i64 first, i64 count,

@@ -5,6 +5,7 @@
 #include "app/types.h"
 #include "files/load_status.h"
 #include "files/sample_array.h"
+#include "files/value_run.h"
 
 namespace trendaro {
 
@@ -20,6 +21,12 @@ struct Model;
 // closed on every way out, and nothing is thrown.
 LoadStatus LoadMeasurementFile(Model& model, i16 mode, const std::string& path, i16 channel,
                                i32 databaseChannel);
+
+// Mode 1 without an array: `take` gets the values of `channel` in runs, the very values that mode 1 would
+// leave in FileChannelValues, which ends empty. Status, messages and the rest of the result area are those of
+// mode 1; the description of the file stands there from the first run on. What `take` throws ends the load as
+// an error of the reader does.
+LoadStatus PassMeasurementValues(Model& model, const std::string& path, i16 channel, const TakeValues& take);
 
 // The samples `first` (from 0) to `first + count - 1` of one channel, as mode 1 would give them at those
 // indices; fewer where the channel or the file ends earlier. Reads the header and the bytes of those samples

@@ -31,4 +31,16 @@ bool read_samples(ByteCursor& cursor, i64 count, SampleArray& values) {
   return static_cast<i64>(values.size()) == count;
 }
 
+bool pass_samples(ByteCursor& cursor, i64 count, const TakeValues& take) {
+  // Small enough that the samples are still in the processor's cache when they are looked at.
+  constexpr i64 kRun = (i64{1} << 20) / kSampleBytes;
+  SampleArray run;
+  for (i64 left = count; left > 0; left -= kRun) {
+    const bool complete = read_samples(cursor, std::min(left, kRun), run);
+    if (!run.empty()) take(run);
+    if (!complete) return false;
+  }
+  return true;
+}
+
 }  // namespace trendaro

@@ -3,6 +3,7 @@
 #include "app/types.h"
 #include "files/byte_cursor.h"
 #include "files/sample_array.h"
+#include "files/value_run.h"
 
 namespace trendaro {
 
@@ -22,5 +23,9 @@ void make_room(SampleArray& values, i64 count);
 // Reads up to `count` samples straight into `values`, which holds the whole samples that arrived. Never sizes
 // it beyond the bytes that the file has left. True when all of them arrived.
 bool read_samples(ByteCursor& cursor, i64 count, SampleArray& values);
+
+// Hands `count` samples on in runs of at most 1 MiB, as far as the file has them. True when all of them
+// arrived.
+bool pass_samples(ByteCursor& cursor, i64 count, const TakeValues& take);
 
 }  // namespace trendaro

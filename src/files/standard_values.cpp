@@ -98,10 +98,11 @@ void describe_database_channel(Model& model, const KeptTexts& kept, i32 database
   model.LastDatabaseStatus = kernel.KSD_SetDatabaseChanModified(database_channel, date_stamp(kept));
 }
 
-}  // namespace
-
-LoadStatus load_standard_values(Model& model, ByteCursor& cursor, const StandardHeader& header, i16 mode,
-                                i16 channel, i32 database_channel) {
+// Goes through the data part channel by channel; `read(points)` reads the values of the requested one. The
+// channels behind it are passed all the same, as an error of the device there fails the load too.
+template <typename Read>
+LoadStatus walk_channels(Model& model, ByteCursor& cursor, const StandardHeader& header, i16 channel,
+                         Read read) {
   DataPart data(model, cursor, header);
   for (i32 number = 1; number <= model.FileChannelCount; ++number) {
     const auto slot = static_cast<std::size_t>(number) - 1;
@@ -110,18 +111,32 @@ LoadStatus load_standard_values(Model& model, ByteCursor& cursor, const Standard
       continue;
     }
     data.enter(slot);
-    const LoadStatus status =
-        read_requested(model, cursor, model.FileHeaderPoints[slot], mode, database_channel);
+    const LoadStatus status = read(model.FileHeaderPoints[slot]);
     if (status != LoadStatus::Done) return status;
   }
-  if (cursor.device_failed()) {
-    if (!is_numeric_channel(model, channel)) model.FileChannelValues.clear();
-    return failed_read(model);
-  }
-  if (mode != 2) return LoadStatus::Done;
+  if (!cursor.device_failed()) return LoadStatus::Done;
+  if (!is_numeric_channel(model, channel)) model.FileChannelValues.clear();
+  return failed_read(model);
+}
+
+}  // namespace
+
+LoadStatus load_standard_values(Model& model, ByteCursor& cursor, const StandardHeader& header, i16 mode,
+                                i16 channel, i32 database_channel) {
+  const LoadStatus status = walk_channels(model, cursor, header, channel, [&](i32 points) {
+    return read_requested(model, cursor, points, mode, database_channel);
+  });
+  if (status != LoadStatus::Done || mode != 2) return status;
   SampleArray().swap(model.FileChannelValues);
   if (header.kept.found) describe_database_channel(model, header.kept, database_channel);
   return LoadStatus::Done;
+}
+
+LoadStatus pass_standard_values(Model& model, ByteCursor& cursor, const StandardHeader& header, i16 channel,
+                                const TakeValues& take) {
+  return walk_channels(model, cursor, header, channel, [&](i32 points) {
+    return pass_samples(cursor, points, take) ? LoadStatus::Done : failed_read(model);
+  });
 }
 
 LoadStatus load_standard_range(const LoaderResult& result, ByteCursor& cursor, const StandardHeader& header,

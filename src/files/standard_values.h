@@ -7,6 +7,7 @@
 #include "files/load_status.h"
 #include "files/sample_array.h"
 #include "files/standard_header.h"
+#include "files/value_run.h"
 
 namespace trendaro {
 
@@ -17,6 +18,11 @@ struct Model;
 // its message shown; FileChannelValues then holds what was read. Throws RunTimeError.
 LoadStatus load_standard_values(Model& model, ByteCursor& cursor, const StandardHeader& header, i16 mode,
                                 i16 channel, i32 database_channel);
+
+// The value pass of mode 1 with the same statuses and messages, but `take` gets the values in runs and
+// FileChannelValues stays empty. Throws RunTimeError.
+LoadStatus pass_standard_values(Model& model, ByteCursor& cursor, const StandardHeader& header, i16 channel,
+                                const TakeValues& take);
 
 // The samples `first` to `first + count - 1` of a numeric channel, as far as channel and file go. Empty for a
 // text channel or one that the file lacks. Throws RunTimeError.

@@ -105,17 +105,36 @@ class PointWriter {
   std::size_t place_ = 0;
 };
 
+void write_pair(const SampleExtremes& extremes, PointWriter& writer) {
+  const bool rising = extremes.greatest > extremes.least;
+  writer.write(rising ? extremes.least : extremes.greatest);
+  writer.write(rising ? extremes.greatest : extremes.least);
+}
+
+// Blocks of neighbours can be looked up or scanned as a whole.
+void write_pairs_of_neighbours(const View& view, const PlainCurve& samples, std::size_t pair_block,
+                               PointWriter& writer) {
+  for (std::size_t first = view.first; view.last - first >= pair_block; first += pair_block) {
+    if (samples.index != nullptr) {
+      write_pair(find_sample_extremes(samples.y, *samples.index, first, first + pair_block), writer);
+      continue;
+    }
+    SampleExtremes extremes = extremes_of(samples.y[first], first);
+    add_samples(extremes, samples.y.subspan(first, pair_block), first);
+    write_pair(extremes, writer);
+  }
+}
+
 void write_pairs(const View& view, const PlainCurve& samples, i64 pair_block, PointWriter& writer) {
-  const std::span<const f64> y = samples.y;
-  std::size_t least = 0, greatest = 0;
+  if (view.whole)
+    return write_pairs_of_neighbours(view, samples, static_cast<std::size_t>(pair_block), writer);
+  SampleExtremes extremes;
   i64 count = 0;
   for_samples_in(view, samples, [&](std::size_t i) {
-    if (count == 0) least = greatest = i;
-    if (y[i] > y[greatest]) greatest = i;
-    if (y[i] < y[least]) least = i;
+    if (count == 0) extremes = extremes_of(samples.y[i], i);
+    add_sample(extremes, samples.y[i], i);
     if (++count < pair_block) return;
-    writer.write(greatest > least ? least : greatest);
-    writer.write(greatest > least ? greatest : least);
+    write_pair(extremes, writer);
     count = 0;
   });
 }
@@ -141,6 +160,51 @@ void CompressCurve(Model& model, const PlainCurve& samples, i32 factor, const Cu
     write_pairs(view, samples, pair_block, writer);
   pad_y(slot.DrawY, writer.place(), model.PESG.pending.NullDataValue);
   pad_x(slot, writer.place(), model.PESG.pending.NullDataValueX);
+}
+
+PairStream::PairStream(i32 factor, std::size_t count, std::size_t most_points)
+    : pair_block_(2 * static_cast<std::size_t>(std::max(factor, 2))),
+      count_(count),
+      most_points_(most_points) {
+  points_.reserve(std::min(most_points, count / pair_block_ * 2));
+}
+
+void PairStream::add(std::span<const f64> run) {
+  run = run.first(std::min(run.size(), count_ - next_));
+  while (!run.empty()) {
+    const auto part = run.first(std::min(run.size(), pair_block_ - open_));
+    if (open_ == 0) extremes_ = extremes_of(part.front(), next_);
+    add_samples(extremes_, part, next_);
+    next_ += part.size();
+    open_ += part.size();
+    if (open_ == pair_block_) close_block();
+    run = run.subspan(part.size());
+  }
+}
+
+void PairStream::close_block() {
+  const Point least{extremes_.least, extremes_.least_value};
+  const Point greatest{extremes_.greatest, extremes_.greatest_value};
+  const bool rising = greatest.sample > least.sample;
+  for (const Point& point : {rising ? least : greatest, rising ? greatest : least})
+    if (points_.size() < most_points_) points_.push_back(point);
+  open_ = 0;
+}
+
+void write_pair_points(Model& model, const PairStream& stream, const TimeLine& line, const CurveSlot& slot,
+                       i16 plot, i16 sign) {
+  const PlotRecord& record = model.Plots[plot];
+  const DisplayScale scale{record.YOffset, sign};
+  std::size_t place = 0;
+  for (const PairStream::Point& point : stream.points()) {
+    const f64 x = line.at(point.sample) + record.XOffset;
+    if (place < slot.DrawY.size()) slot.DrawY[place] = scale(point.y);
+    if (place < slot.DrawX.size()) slot.DrawX[place] = static_cast<f32>(x);
+    if (place < slot.DrawXII.size()) slot.DrawXII[place] = x;
+    ++place;
+  }
+  pad_y(slot.DrawY, place, model.PESG.pending.NullDataValue);
+  pad_x(slot, place, model.PESG.pending.NullDataValueX);
 }
 
 }  // namespace trendaro

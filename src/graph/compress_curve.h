@@ -2,9 +2,11 @@
 
 #include <cstddef>
 #include <span>
+#include <vector>
 
 #include "app/types.h"
 #include "graph/draw_arrays.h"
+#include "graph/sample_index.h"
 #include "graph/time_axis.h"
 
 namespace trendaro {
@@ -16,6 +18,7 @@ struct PlainCurve {
   std::span<const f64> y;
   const std::span<const f64>* x = nullptr;  // behind its end x is 0
   TimeLine line;
+  const SampleIndex* index = nullptr;  // that of y, where there is one
 
   [[nodiscard]] f64 x_at(std::size_t sample) const {
     if (x == nullptr) return line.at(sample);
@@ -30,5 +33,35 @@ struct PlainCurve {
 // cut off.
 void CompressCurve(Model& model, const PlainCurve& samples, i32 factor, const CurveSlot& slot, i16 plot,
                    i16 sign);
+
+// Points of a compressed curve whose samples come run by run, without being kept: those that CompressCurve
+// would write for the whole curve.
+class PairStream {
+ public:
+  struct Point {
+    std::size_t sample;  // index of a sample
+    f64 y;
+  };
+
+  // `factor` as above, at least 2; samples behind the first `count` and points beyond `most_points` are
+  // passed over.
+  PairStream(i32 factor, std::size_t count, std::size_t most_points);
+
+  void add(std::span<const f64> run);
+  [[nodiscard]] const std::vector<Point>& points() const { return points_; }
+
+ private:
+  void close_block();
+
+  std::size_t pair_block_, count_, most_points_;
+  std::size_t next_ = 0;  // index of the next sample
+  std::size_t open_ = 0;  // samples in the open block
+  SampleExtremes extremes_;
+  std::vector<Point> points_;
+};
+
+// Fills the slot of a plain plot with the points of a stream, over evenly spaced x.
+void write_pair_points(Model& model, const PairStream& stream, const TimeLine& line, const CurveSlot& slot,
+                       i16 plot, i16 sign);
 
 }  // namespace trendaro

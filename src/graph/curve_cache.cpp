@@ -16,7 +16,7 @@ LoadStatus load(Model& model, i16 mode, const std::string& path, i16 channel) {
   return status;
 }
 
-SampleArray& cache_of(Model& model, i16 plot) {
+CurveBlock& cache_of(Model& model, i16 plot) {
   if (!model.CurveCache.has(plot)) model.CurveCache.resize(model.Plots.size());
   return model.CurveCache[plot];
 }
@@ -33,11 +33,22 @@ std::span<const f64> plain_samples(Model& model, i16 plot, const std::string& pa
   status = load(model, 1, path, record.ChannelIndex);
   // A file that could not be opened left nothing to keep, and is tried again the next time.
   if (model.CurveCacheOff || status == LoadStatus::NotOpened) return model.FileChannelValues;
-  SampleArray& cache = cache_of(model, plot);
-  cache = std::move(model.FileChannelValues);
+  CurveBlock& cache = cache_of(model, plot);
+  cache.index = nullptr;
+  cache.swap(model.FileChannelValues);
   model.FileChannelValues = {};
   record.Cached = 1;
   return cache;
+}
+
+const SampleIndex* kept_index(Model& model, i16 plot) {
+  // A shorter curve is looked through as fast.
+  constexpr std::size_t kWorthAnIndex = 1 << 16;
+  if (model.Plots[plot].Cached == 0) return nullptr;
+  CurveBlock& cache = cache_of(model, plot);
+  if (cache.size() < kWorthAnIndex) return nullptr;
+  if (cache.index == nullptr) cache.index = build_sample_index(cache);
+  return cache.index.get();
 }
 
 std::span<const f64> x_channel_samples(Model& model, const std::string& path, i16 channel) {

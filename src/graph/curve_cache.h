@@ -5,6 +5,7 @@
 
 #include "app/types.h"
 #include "files/load_status.h"
+#include "graph/sample_index.h"
 
 namespace trendaro {
 
@@ -14,6 +15,9 @@ struct Model;
 // caching is off, kept. The description of the file is read in both cases. The span lasts until the cache of
 // the plot is freed or, with caching off, until the next load. `status` is the loader's.
 std::span<const f64> plain_samples(Model& model, i16 plot, const std::string& path, LoadStatus& status);
+
+// The index of the samples kept of a plot, for long curves; null where nothing is kept.
+const SampleIndex* kept_index(Model& model, i16 plot);
 
 // The samples of the x channel. The file is always read; with caching on all plots then share the samples
 // that were read first, as far as those go.

@@ -6,6 +6,7 @@
 #include "app/attempt.h"
 #include "app/model.h"
 #include "app/paths.h"
+#include "files/loader.h"
 #include "graph/compress_curve.h"
 #include "graph/curve_cache.h"
 #include "graph/main_sizing.h"
@@ -151,12 +152,38 @@ void draw_plain_samples(CurveTask& task, MainReading& reading, std::span<const f
     take_x_texts(task, reading);
     curve.x = &x;
   }
-  if (compressed)
+  if (compressed) {
+    curve.index = kept_index(model, task.number);
     CompressCurve(model, curve, model.CompressFactor, task.slot, task.number, task.sign());
-  else if (curve.x != nullptr)
+  } else if (curve.x != nullptr)
     write_x(task.slot, x.first(std::min(x.size(), samples.size())), task.plot.XOffset);
   else if (time_from_base(task.plot))
     write_line(task.slot, samples.size(), curve.line);
+}
+
+// Whether a curve can be compressed while it is read: its samples are not needed afterwards, nor x for
+// choosing among them.
+bool compresses_while_reading(const CurveTask& task) {
+  const Model& model = task.model;
+  return model.HasFullDataPlot && model.DisplayCompression && model.CompressFactor > 1 &&
+         model.CurveCacheOff && task.plot.Cached == 0 && !model.Zoomed && task.plot.XSource <= 0 &&
+         task.points > 0;
+}
+
+void compress_while_reading(CurveTask& task, MainReading& reading) {
+  Model& model = task.model;
+  PairStream pairs(model.CompressFactor, static_cast<std::size_t>(task.points), task.slot.DrawY.size());
+  const LoadStatus status = PassMeasurementValues(model, task.path, task.plot.ChannelIndex,
+                                                  [&](std::span<const f64> run) { pairs.add(run); });
+  model.LastDatabaseStatus = static_cast<i32>(status);
+  report_status(model, task.path, status);
+  take_plain_description(task);
+  TimeLine line;
+  if (time_from_base(task.plot)) {
+    line = reading.line = plain_time_line(task, reading, true);
+    take_time_title(model, reading);
+  }
+  write_pair_points(model, pairs, line, task.slot, task.number, task.sign());
 }
 
 }  // namespace
@@ -206,6 +233,7 @@ void read_block_curve(CurveTask& task, MainReading& reading) {
 void read_plain_curve(CurveTask& task, MainReading& reading) {
   if (!has_length(task) || reading.settings_only) return;
   Model& model = task.model;
+  if (compresses_while_reading(task)) return compress_while_reading(task, reading);
   LoadStatus status = LoadStatus::Done;
   std::span<const f64> samples = plain_samples(model, task.number, task.path, status);
   report_status(model, task.path, status);

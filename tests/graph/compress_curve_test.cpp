@@ -47,6 +47,19 @@ class CompressCurveTest : public testing::Test {
     model.ZoomScaleLimits[0] = {low, high, 0, 0};
   }
 
+  // The same from samples that pass in runs.
+  Points pass(const std::vector<f64>& y, const TimeLine& line, i32 factor, std::size_t slot_length, i16 sign,
+              std::size_t run) {
+    PairStream stream(factor, y.size(), slot_length);
+    const std::span<const f64> all = y;
+    for (std::size_t i = 0; i < y.size(); i += run) stream.add(all.subspan(i, std::min(run, y.size() - i)));
+    FlatArray slot_y(slot_length, 0);
+    SampleArray slot_x(slot_length, 0);
+    write_pair_points(model, stream, line,
+                      {.DrawY = slot_y, .DrawYDatabase = {}, .DrawX = {}, .DrawXII = slot_x}, 1, sign);
+    return {{slot_y.begin(), slot_y.end()}, {slot_x.begin(), slot_x.end()}};
+  }
+
   // The same by a plain walk over marked samples, with every value kept at hand.
   [[nodiscard]] Points plainly(const std::vector<f64>& y, const std::vector<f64>& x, i32 factor,
                                std::size_t slot_length, i16 sign) const {
@@ -91,6 +104,14 @@ class CompressCurveTest : public testing::Test {
     return points;
   }
 };
+
+void expect_same(const Points& found, const Points& expected, int round) {
+  ASSERT_EQ(found.x, expected.x) << "round " << round;
+  ASSERT_EQ(found.y.size(), expected.y.size());
+  for (std::size_t i = 0; i < expected.y.size(); ++i)
+    ASSERT_TRUE(found.y[i] == expected.y[i] || (std::isnan(found.y[i]) && std::isnan(expected.y[i])))
+        << "round " << round << ", point " << i;
+}
 
 TEST_F(CompressCurveTest, RisingBlockGivesMinimumFirstAFallingOneMaximumFirst) {
   const Points points = compress({1, 2, 3, 4, 8, 7, 6, 5}, 2, 4);
@@ -200,11 +221,32 @@ TEST_F(CompressCurveTest, RandomCurvesEqualAPlainWalk) {
     const std::size_t slot = random() % 400;
     const std::span<const f64> places = x;
     const PlainCurve samples{.y = y, .x = channel ? &places : nullptr, .line = line};
-    const Points expected = plainly(y, x, factor, slot, sign), found = compress(samples, factor, slot, sign);
-    ASSERT_EQ(found.x, expected.x) << "round " << round;
-    for (std::size_t i = 0; i < slot; ++i)
-      ASSERT_TRUE(found.y[i] == expected.y[i] || (std::isnan(found.y[i]) && std::isnan(expected.y[i])))
-          << "round " << round << ", point " << i;
+    expect_same(compress(samples, factor, slot, sign), plainly(y, x, factor, slot, sign), round);
+  }
+}
+
+// Long enough that blocks are looked through with vectors, looked up in an index, and come in runs.
+TEST_F(CompressCurveTest, LongRandomCurvesEqualAPlainWalk) {
+  std::mt19937 random(12);
+  for (int round = 0; round < 60; ++round) {
+    const std::size_t n = random() % 20000;
+    std::vector<f64> y(n), x(n);
+    for (f64& value : y) value = static_cast<f64>(random() % 500);
+    for (std::size_t gap = n / 100; gap > 0; --gap) y[random() % n] = std::nan("");
+    const TimeLine line{.step = 0.5, .start = -100};
+    for (std::size_t i = 0; i < n; ++i) x[i] = line.at(i);
+    model.Zoomed = round % 3 == 0;
+    const f64 low = static_cast<f64>(random() % 10000) - 200;
+    model.ZoomScaleLimits[0] = {low, low + static_cast<f64>(random() % 10000), 0, 0};
+    const i32 factor = static_cast<i32>(2 + random() % 3000);
+    const std::size_t slot = random() % 200;
+    const auto index = build_sample_index(y);
+    const Points expected = plainly(y, x, factor, slot, -1);
+    expect_same(compress(PlainCurve{.y = y, .x = nullptr, .line = line}, factor, slot, -1), expected, round);
+    expect_same(
+        compress(PlainCurve{.y = y, .x = nullptr, .line = line, .index = index.get()}, factor, slot, -1),
+        expected, round);
+    if (!model.Zoomed) expect_same(pass(y, line, factor, slot, -1, 1 + random() % 3000), expected, round);
   }
 }
 

@@ -1,6 +1,10 @@
 #pragma once
 
+#include <cstring>
 #include <filesystem>
+#include <span>
+#include <utility>
+#include <vector>
 
 #include <gtest/gtest.h>
 
@@ -48,6 +52,25 @@ inline LoadStatus run_time_error(i16 number) {
   return static_cast<LoadStatus>(number);
 }
 
+// Passes the values of the channel that mode 1 has just loaded with `status`: the same values, words and
+// status.
+inline void expect_passing_to_give_what_was_loaded(Model& model, const std::string& path, i16 channel,
+                                                   LoadStatus status, RecordingShell& shell) {
+  const SampleArray loaded = std::exchange(model.FileChannelValues, {});
+  const std::vector<std::string> messages = shell.messages();
+  shell.calls.clear();
+  std::vector<f64> passed;
+  const auto take = [&](std::span<const f64> run) { passed.insert(passed.end(), run.begin(), run.end()); };
+  EXPECT_EQ(PassMeasurementValues(model, path, channel, take), status);
+  EXPECT_EQ(shell.messages(), messages);
+  EXPECT_TRUE(model.FileChannelValues.empty());
+  ASSERT_EQ(passed.size(), loaded.size());
+  const bool same =
+      passed.empty() || std::memcmp(passed.data(), loaded.data(), passed.size() * sizeof(f64)) == 0;
+  EXPECT_TRUE(same);
+  model.FileChannelValues = loaded;
+}
+
 // Cuts a file to every length from whole to empty and loads description, values and a range of each channel
 // from 0 to `channels` + 1. No load may deliver more than the bytes there can hold, and what a range gives is
 // what the whole load gives.
@@ -65,6 +88,7 @@ inline void expect_every_cut_to_be_harmless(const std::string& bytes, i16 channe
       EXPECT_TRUE(size >= 2 || description == LoadStatus::NotMeasurement);
       const LoadStatus status = LoadMeasurementFile(model, 1, file.path(), channel, 0);
       EXPECT_EQ(status == LoadStatus::ReadFailed, !shell.messages().empty());
+      expect_passing_to_give_what_was_loaded(model, file.path(), channel, status, shell);
       SampleArray part;
       static_cast<void>(LoadSampleRange(model, file.path(), channel, 1, 3, part));
       EXPECT_LE(part.size(), 3u);

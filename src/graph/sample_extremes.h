@@ -1,0 +1,47 @@
+#pragma once
+
+#include <cstddef>
+#include <span>
+
+#include "app/types.h"
+
+namespace trendaro {
+
+// Where a run of samples is lowest and highest; of equal samples the first. A sample that is not a number is
+// passed over, but as the first of the run it is both.
+struct SampleExtremes {
+  std::size_t least = 0, greatest = 0;  // indices of samples
+  f64 least_value = 0, greatest_value = 0;
+};
+
+// The extremes of one sample.
+inline SampleExtremes extremes_of(f64 value, std::size_t index) {
+  return {.least = index, .greatest = index, .least_value = value, .greatest_value = value};
+}
+
+// Widens `extremes` by a sample that follows.
+inline void add_sample(SampleExtremes& extremes, f64 value, std::size_t index) {
+  if (value > extremes.greatest_value) {
+    extremes.greatest_value = value;
+    extremes.greatest = index;
+  }
+  if (value < extremes.least_value) {
+    extremes.least_value = value;
+    extremes.least = index;
+  }
+}
+
+// Widens `extremes` by the samples that follow; the first of `samples` has the index `first`.
+void add_samples(SampleExtremes& extremes, std::span<const f64> samples, std::size_t first);
+
+// Minimum and maximum of samples, without those that are not a number; infinity and -infinity where there is
+// nothing else.
+struct ValueRange {
+  f64 low = 0, high = 0;
+};
+ValueRange range_of(std::span<const f64> samples);
+
+// Index of the first sample that equals `value`, which one of them does.
+std::size_t first_equal(std::span<const f64> samples, f64 value);
+
+}  // namespace trendaro
