@@ -10,6 +10,7 @@
 #include "graph/main_curves.h"
 #include "graph/main_sizing.h"
 #include "graph/titles.h"
+#include "interact/annotation_tables.h"
 
 namespace trendaro {
 namespace {
@@ -118,6 +119,7 @@ void RedrawKMGraph(Model& model, bool settings_only) {
   attempt([&] { write_graph_style(model, model.PESG); });
   if (!settings_only && !model.IsRealTime)
     attempt([&] { hand_over(model, model.PESG, std::move(arrays), true); });
+  attempt([&] { RebuildAnnotations(model, model.PESG); });
   attempt([&] { SetGraphTitles(model, model.PESG); });
   model.LayerShift = std::max(model.LayerShift, model.FirstLayer);
   attempt([&] { switch_legend(model, model.PESG); });

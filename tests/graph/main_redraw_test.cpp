@@ -294,6 +294,19 @@ TEST_F(MainRedrawTest, SettingsAloneReadNothing) {
   EXPECT_TRUE(shell.messages().empty());
 }
 
+TEST_F(MainRedrawTest, AnnotationsOutliveTheSetUpOfTheGraph) {
+  add_plot(write("a.dat", curve_file({{.samples = {1, 2, 4}, .interval = 500}})), 1, kKindPlain, 3);
+  model.AnnotationCount = 1;
+  model.Annotations.resize(1);
+  model.Annotations[1] = {.Type = 1, .Y = {3, 0}, .Text = "Grenze", .LineStyle = 1};
+  for (int redraw = 0; redraw < 2; ++redraw) {
+    RedrawKMGraph(model, false);
+    EXPECT_THAT(shown().HorzLineAnnotation, ElementsAre(3));
+    EXPECT_THAT(shown().HorzLineAnnotationText, ElementsAre("Grenze"));
+    EXPECT_TRUE(shown().ShowAnnotations);
+  }
+}
+
 TEST_F(MainRedrawTest, LiveUseHandsNoDataOver) {
   add_plot(write("a.dat", curve_file({{.samples = {1, 2}}})), 1, kKindPlain, 2);
   model.IsRealTime = true;
