@@ -26,6 +26,8 @@ class PaneArea : public QWidget {
 
   [[nodiscard]] ChannelGrid& grid() { return *grid_; }
   [[nodiscard]] QComboBox& x_source() { return *x_source_; }
+  [[nodiscard]] GraphWidget& graph() { return *graph_; }
+  [[nodiscard]] GraphWidget& survey() { return *survey_; }
 
  protected:
   void resizeEvent(QResizeEvent* event) override;

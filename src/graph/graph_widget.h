@@ -3,6 +3,7 @@
 #include <QPixmap>
 #include <QWidget>
 
+#include "graph/graph_event.h"
 #include "graph/graph_surface.h"
 
 namespace trendaro {
@@ -20,6 +21,10 @@ class GraphWidget : public QWidget {
 
   [[nodiscard]] QSize sizeHint() const override;
   [[nodiscard]] QSize minimumSizeHint() const override;
+
+ Q_SIGNALS:
+  // What the user did; the properties that it changes are written already.
+  void happened(const GraphEvent& event);
 
  protected:
   void paintEvent(QPaintEvent* event) override;
