@@ -28,9 +28,9 @@ PaneArea::PaneArea(Model& model, QWidget* parent)
       x_source_(new QComboBox(this)),
       grid_(new ChannelGrid(model.Grid, model, this)),
       separator_(new PaneSeparator(Qt::Vertical, this)),
-      graph_(new GraphWidget(model.PESG, this)),
+      graph_(new GraphWidget(model.PESG, GraphRole::Detail, this)),
       separator_graph_(new PaneSeparator(Qt::Horizontal, this)),
-      survey_(new GraphWidget(model.PESGSurvey, this)) {
+      survey_(new GraphWidget(model.PESGSurvey, GraphRole::Survey, this)) {
   label_->setObjectName(QStringLiteral("Label1"));
   label_->setBuddy(x_source_);
   x_source_->setObjectName(QStringLiteral("xSrc"));

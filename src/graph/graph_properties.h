@@ -25,6 +25,8 @@ struct LayerProperties {
 #define LAYER_PROPERTY(number, type, name, initial) type name = initial;
 #define LAYER_LIST(number, type, name) std::vector<type> name;
 #include "graph/graph_properties.def"
+
+  friend bool operator==(const LayerProperties&, const LayerProperties&) = default;
 };
 
 inline constexpr std::size_t kGraphTables = 6;
@@ -32,6 +34,8 @@ inline constexpr std::size_t kGraphTables = 6;
 struct TableCell {
   std::string text;
   i32 color = -1;  // 0x00BBGGRR; -1: that of the table
+
+  friend bool operator==(const TableCell&, const TableCell&) = default;
 };
 
 // A table of texts. TableLocation is 6 for the right of the graph, 100 + n for the inside of layer n, from 0.
@@ -41,6 +45,8 @@ struct TableProperties {
 
   std::map<i32, i32> column_widths;                // by column from 0, in characters
   std::map<std::pair<i32, i32>, TableCell> cells;  // by row and column from 0
+
+  friend bool operator==(const TableProperties&, const TableProperties&) = default;
 };
 
 // All settings of a graph. The curves' samples are shared and never written after they were handed over.
@@ -61,6 +67,9 @@ struct GraphProperties {
   std::shared_ptr<const CurveIndex> curve_index;
   // Best fits of the curves whose method draws one. Null where there is none.
   std::shared_ptr<const CurveFits> curve_fits;
+
+  // Curves are the same when they are the same arrays.
+  friend bool operator==(const GraphProperties&, const GraphProperties&) = default;
 };
 
 // A curve whose plotting method carries this summand belongs to the right y axis of its layer.

@@ -1,0 +1,115 @@
+#include "graph/annotation_target.h"
+
+#include <algorithm>
+#include <cmath>
+#include <optional>
+
+#include "graph/pixel_conversion.h"
+#include "graph/rubber_band.h"
+
+namespace trendaro {
+namespace {
+
+constexpr f64 kReach = 6;  // pixels
+
+// Kinds of point annotations: up to 37 a symbol, then the start of a line, its end, two corners of a shape
+// and the shape itself.
+constexpr i32 kFirstLineStart = 38;
+constexpr i32 kLineEnd = 45;
+constexpr i32 kFirstCorner = 46;
+constexpr i32 kSecondCorner = 47;
+constexpr i32 kFirstShape = 48;
+
+// The value at an index, or `other` where the list is shorter.
+template <typename T>
+T at_or(const std::vector<T>& list, std::size_t index, T other) {
+  return index < list.size() ? list[index] : other;
+}
+
+bool layer_is_on_show(const GraphLayout& layout, i32 layer) {
+  return std::any_of(layout.layers.begin(), layout.layers.end(),
+                     [&](const LayerLayout& each) { return static_cast<i32>(each.layer) == layer; });
+}
+
+std::optional<PixelPoint> point_place(const GraphProperties& shown, const GraphLayout& layout,
+                                      std::size_t entry) {
+  const i32 layer = at_or(shown.GraphAnnotationAxis, entry, 0);
+  if (entry >= shown.GraphAnnotationX.size() || !layer_is_on_show(layout, layer)) return std::nullopt;
+  const GraphPlace place{shown.GraphAnnotationX[entry], at_or(shown.GraphAnnotationY, entry, 0.0),
+                         static_cast<i16>(layer)};
+  const PixelPoint pixel = PEconvpixeltograph(layout, place);
+  if (!std::isfinite(pixel.x) || !std::isfinite(pixel.y)) return std::nullopt;
+  return pixel;
+}
+
+f64 distance_to_shape(PixelPoint place, PixelPoint corner, PixelPoint opposite) {
+  const PixelPoint across{opposite.x, corner.y};
+  const PixelPoint below{corner.x, opposite.y};
+  return std::min({distance_to_line(place, corner, across), distance_to_line(place, across, opposite),
+                   distance_to_line(place, opposite, below), distance_to_line(place, below, corner)});
+}
+
+// How far the annotation that entry completes is drawn from the place.
+f64 distance_of_entry(const GraphProperties& shown, const GraphLayout& layout, std::size_t entry,
+                      PixelPoint place) {
+  const i32 kind = at_or(shown.GraphAnnotationType, entry, 0);
+  const auto here = point_place(shown, layout, entry);
+  const auto former = entry >= 1 ? point_place(shown, layout, entry - 1) : std::nullopt;
+  if (kind < kFirstLineStart) return here ? std::hypot(place.x - here->x, place.y - here->y) : kReach + 1;
+  if (kind == kLineEnd) return here && former ? distance_to_line(place, *former, *here) : kReach + 1;
+  if (kind < kFirstShape || entry < 2) return kReach + 1;
+  const auto first = point_place(shown, layout, entry - 2);
+  const bool corners = at_or(shown.GraphAnnotationType, entry - 2, 0) == kFirstCorner &&
+                       at_or(shown.GraphAnnotationType, entry - 1, 0) == kSecondCorner;
+  return corners && first && former ? distance_to_shape(place, *first, *former) : kReach + 1;
+}
+
+GraphTarget point_annotation_at(const GraphProperties& shown, const GraphLayout& layout, PixelPoint place) {
+  for (std::size_t entry = shown.GraphAnnotationX.size(); entry-- > 0;)
+    if (distance_of_entry(shown, layout, entry, place) <= kReach)
+      return {TargetKind::PointAnnotation, static_cast<i32>(entry)};
+  return {};
+}
+
+GraphTarget horizontal_line_at(const GraphProperties& shown, const GraphLayout& layout, PixelPoint place) {
+  for (std::size_t entry = shown.HorzLineAnnotation.size(); entry-- > 0;) {
+    const i32 number = at_or(shown.HorzLineAnnotationAxis, entry, 0);
+    if (!layer_is_on_show(layout, number)) continue;
+    const GraphPlace line{layout.x_axis.scale.minimum, shown.HorzLineAnnotation[entry],
+                          static_cast<i16>(number)};
+    const LayerLayout& layer = layout.layers[slot_at(layout, place.y)];
+    const bool same_layer = static_cast<i32>(layer.layer) == number;
+    if (same_layer && std::abs(PEconvpixeltograph(layout, line).y - place.y) <= kReach)
+      return {TargetKind::HorzLine, static_cast<i32>(entry)};
+  }
+  return {};
+}
+
+GraphTarget vertical_line_at(const GraphProperties& shown, const GraphLayout& layout, PixelPoint place) {
+  for (std::size_t entry = shown.VertLineAnnotation.size(); entry-- > 0;)
+    if (std::abs(pixel_of(layout.x_axis.scale, shown.VertLineAnnotation[entry]) - place.x) <= kReach)
+      return {TargetKind::VertLine, static_cast<i32>(entry)};
+  return {};
+}
+
+}  // namespace
+
+f64 distance_to_line(PixelPoint place, PixelPoint from, PixelPoint to) {
+  const f64 across = to.x - from.x;
+  const f64 down = to.y - from.y;
+  const f64 square = across * across + down * down;
+  const f64 part =
+      square > 0 ? std::clamp(((place.x - from.x) * across + (place.y - from.y) * down) / square, 0.0, 1.0)
+                 : 0;
+  return std::hypot(from.x + part * across - place.x, from.y + part * down - place.y);
+}
+
+GraphTarget annotation_at(const GraphProperties& shown, const GraphLayout& layout, PixelPoint place) {
+  if (!shown.ShowAnnotations || !layout.has_axes) return {};
+  GraphTarget target = point_annotation_at(shown, layout, place);
+  if (target.kind == TargetKind::None) target = horizontal_line_at(shown, layout, place);
+  if (target.kind == TargetKind::None) target = vertical_line_at(shown, layout, place);
+  return target;
+}
+
+}  // namespace trendaro

@@ -1,0 +1,21 @@
+#pragma once
+
+#include <QPainter>
+
+#include "graph/graph_cursor.h"
+#include "graph/graph_layout.h"
+#include "graph/graph_properties.h"
+
+namespace trendaro {
+
+// What moves with the pointer and is drawn over the kept picture of a graph.
+
+// The two limits of the section on show, over all layers.
+void paint_limit_lines(QPainter& painter, const GraphProperties& properties, const GraphLayout& layout);
+
+void paint_cursor(QPainter& painter, const GraphProperties& properties, const CursorMark& mark);
+
+// Nothing for an empty rectangle.
+void paint_rubber_band(QPainter& painter, const PixelRectangle& band);
+
+}  // namespace trendaro
