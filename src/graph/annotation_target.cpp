@@ -4,6 +4,7 @@
 #include <cmath>
 #include <optional>
 
+#include "graph/annotation_layout.h"
 #include "graph/pixel_conversion.h"
 #include "graph/rubber_band.h"
 
@@ -11,14 +12,6 @@ namespace trendaro {
 namespace {
 
 constexpr f64 kReach = 6;  // pixels
-
-// Kinds of point annotations: up to 37 a symbol, then the start of a line, its end, two corners of a shape
-// and the shape itself.
-constexpr i32 kFirstLineStart = 38;
-constexpr i32 kLineEnd = 45;
-constexpr i32 kFirstCorner = 46;
-constexpr i32 kSecondCorner = 47;
-constexpr i32 kFirstShape = 48;
 
 // The value at an index, or `other` where the list is shorter.
 template <typename T>
@@ -55,12 +48,12 @@ f64 distance_of_entry(const GraphProperties& shown, const GraphLayout& layout, s
   const i32 kind = at_or(shown.GraphAnnotationType, entry, 0);
   const auto here = point_place(shown, layout, entry);
   const auto former = entry >= 1 ? point_place(shown, layout, entry - 1) : std::nullopt;
-  if (kind < kFirstLineStart) return here ? std::hypot(place.x - here->x, place.y - here->y) : kReach + 1;
-  if (kind == kLineEnd) return here && former ? distance_to_line(place, *former, *here) : kReach + 1;
-  if (kind < kFirstShape || entry < 2) return kReach + 1;
+  if (kind < kLineStartKind) return here ? std::hypot(place.x - here->x, place.y - here->y) : kReach + 1;
+  if (kind == kLineEndKind) return here && former ? distance_to_line(place, *former, *here) : kReach + 1;
+  if (kind < kRectangleKind || entry < 2) return kReach + 1;
   const auto first = point_place(shown, layout, entry - 2);
-  const bool corners = at_or(shown.GraphAnnotationType, entry - 2, 0) == kFirstCorner &&
-                       at_or(shown.GraphAnnotationType, entry - 1, 0) == kSecondCorner;
+  const bool corners = at_or(shown.GraphAnnotationType, entry - 2, 0) == kFirstCornerKind &&
+                       at_or(shown.GraphAnnotationType, entry - 1, 0) == kSecondCornerKind;
   return corners && first && former ? distance_to_shape(place, *first, *former) : kReach + 1;
 }
 

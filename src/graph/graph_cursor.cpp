@@ -59,15 +59,17 @@ f64 beside(const GraphLayout& layout, f64 x, bool forward, f64 distance) {
   return std::clamp(x + (rises == forward ? distance : -distance), all.x, all.right());
 }
 
+// Where x falls, forward is towards the start of the curve.
 bool step_point(GraphSurface& graph, const GraphLayout& layout, const CurvePlace& curve, bool forward) {
   const auto point = static_cast<std::size_t>(graph.pending.CursorPoint);
-  const auto next = next_sample(graph.shown(), curve.subset, point, forward);
+  const CurveSamples samples = curve_samples(graph.shown(), curve.subset);
+  const auto next = next_sample(graph.shown(), curve.subset, point, forward != samples.falling);
   if (!next) return false;
   // A curve that runs to and fro may leave the picture and come back.
   const PixelRectangle all = layers_rectangle(layout);
   const auto place = place_of_sample(graph.shown(), layout, curve, *next);
   const bool on_show = place && lies_between(place->x, all.x, all.right());
-  if (curve_samples(graph.shown(), curve.subset).rising && !on_show) return false;
+  if ((samples.rising || samples.falling) && !on_show) return false;
   return set_cursor(graph, curve.subset, *next);
 }
 

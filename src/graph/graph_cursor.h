@@ -13,6 +13,8 @@ inline constexpr i16 kCursorLine = 1;
 inline constexpr i16 kCursorCross = 2;
 inline constexpr i16 kCursorSquare = 3;
 
+// The cursor needs no PEactions: its properties of `pending` count at once.
+
 // The strokes of the cursor, in pixels. Nothing where no cursor is on or its point is not on show.
 struct CursorMark {
   std::optional<PixelRectangle> vertical;    // a line: width 0

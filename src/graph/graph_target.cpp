@@ -45,9 +45,10 @@ f64 distance_of_line(const GraphProperties& shown, const GraphLayout& layout, co
 GraphTarget curve_at(const GraphProperties& shown, const GraphLayout& layout, PixelPoint place) {
   for (const CurvePlace& curve : layout.curves) {
     if (!contains(layout.layers[curve.slot].area, place)) continue;
-    const bool rising = curve_samples(shown, curve.subset).rising;
+    const CurveSamples samples = curve_samples(shown, curve.subset);
+    const bool one_way = samples.rising || samples.falling;
     const auto near = nearest_sample(shown, layout, curve, place, layout.width + layout.height,
-                                     rising ? Nearness::AlongX : Nearness::InBothDirections);
+                                     one_way ? Nearness::AlongX : Nearness::InBothDirections);
     if (near && distance_of_line(shown, layout, curve, near->point, place) <= kCurveReach)
       return {TargetKind::Curve, -1, static_cast<i32>(near->subset), static_cast<i32>(near->point)};
   }

@@ -12,8 +12,6 @@
 #include <cmath>
 #include <optional>
 
-#include "graph/graph_painter.h"
-#include "graph/painters/graph_fonts.h"
 #include "graph/painters/overlay_painter.h"
 #include "graph/zoom_scroll.h"
 
@@ -122,7 +120,7 @@ void GraphWidget::mirror() {
 
 const GraphLayout& GraphWidget::layout_on_show() {
   refresh();
-  return layout_;
+  return sheet_->layout;
 }
 
 QSize GraphWidget::sizeHint() const {
@@ -156,10 +154,9 @@ void GraphWidget::place_scroll_bars() {
 void GraphWidget::refresh() {
   if (!stale_ && seen_revision_ == graph_.revision() && laid_out_size_ == graph_size()) return;
   place_scroll_bars();
-  const GraphProperties still = without_moving_parts(graph_.shown(), interaction_.has_limit_lines);
-  if (stale_ || laid_out_size_ != graph_size() || !same_picture(painted_, still)) {
-    layout_ = graph_layout(still, graph_size().width(), graph_size().height(), GraphFonts(still));
-    painted_ = picture_state(still);
+  if (stale_ || laid_out_size_ != graph_size() || !same_picture(painted_, graph_.shown())) {
+    sheet_.emplace(graph_.shown(), QSizeF(graph_size()));
+    painted_ = picture_state(graph_.shown());
     laid_out_size_ = graph_size();
     picture_stale_ = true;
   }
@@ -178,16 +175,15 @@ void GraphWidget::paint_picture() {
     picture_.setDevicePixelRatio(ratio);
   }
   QPainter painter(&picture_);
-  paint_graph(painter, without_moving_parts(graph_.shown(), interaction_.has_limit_lines),
-              QSizeF(graph_size()));
+  paint_graph_base(painter, *sheet_);
   picture_stale_ = false;
   ++pictures_painted_;
 }
 
 void GraphWidget::paint_overlay(QPainter& painter) {
-  if (interaction_.has_limit_lines) paint_limit_lines(painter, graph_.shown(), layout_);
-  paint_cursor(painter, graph_.shown(), cursor_mark(graph_, layout_));
-  paint_rubber_band(painter, drawn_band(interaction_, layout_));
+  paint_graph_overlay(painter, *sheet_);
+  paint_cursor(painter, graph_.shown(), cursor_mark(graph_, sheet_->layout));
+  paint_rubber_band(painter, drawn_band(interaction_, sheet_->layout));
 }
 
 void GraphWidget::paintEvent(QPaintEvent* event) {

@@ -2,9 +2,11 @@
 
 #include <QPixmap>
 #include <QWidget>
+#include <optional>
 
 #include "graph/graph_event.h"
 #include "graph/graph_layout.h"
+#include "graph/graph_painter.h"
 #include "graph/graph_surface.h"
 #include "graph/interaction.h"
 #include "graph/picture_state.h"
@@ -18,8 +20,8 @@ enum class GraphRole : u8 {
   Survey,  // its vertical lines are limits that can be dragged
 };
 
-// Shows a graph and tells what the user does with it. The picture of the curves is kept; rubber band, cursor
-// and limit lines are drawn over it, so that moving them costs no more than a copy.
+// Shows a graph and tells what the user does with it. The picture of the curves is kept; annotations, tables,
+// limit lines, cursor and rubber band are drawn over it, so that moving them costs no more than a copy.
 class GraphWidget : public QWidget {
   Q_OBJECT
 
@@ -70,7 +72,7 @@ class GraphWidget : public QWidget {
   QScrollBar* vertical_;
   QPixmap picture_;
   PictureState painted_;
-  GraphLayout layout_;
+  std::optional<GraphSheet> sheet_;
   QSize laid_out_size_;
   u64 seen_revision_ = 0;
   u64 pictures_painted_ = 0;

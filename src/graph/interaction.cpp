@@ -111,7 +111,7 @@ GraphEvents press_pointer(Interaction& interaction, GraphSurface& graph, const G
   if (interaction.drag != PointerDrag::None) return {};
   if (button == PointerButton::Right) return right_click(graph, layout, place);
   interaction.start = interaction.now = place;
-  interaction.line = interaction.has_limit_lines ? gripped_line(graph.pending, layout, place) : -1;
+  interaction.line = interaction.has_limit_lines ? gripped_line(graph.shown(), layout, place) : -1;
   if (interaction.line >= 0) {
     interaction.drag = PointerDrag::LimitLine;
     return {line_event(GraphEventKind::LimitLineClick, layout, place, interaction.line, button)};
@@ -200,7 +200,7 @@ PixelRectangle drawn_band(const Interaction& interaction, const GraphLayout& lay
 PointerShape pointer_shape(const Interaction& interaction, const GraphSurface& graph,
                            const GraphLayout& layout, PixelPoint place) {
   if (interaction.drag == PointerDrag::LimitLine) return PointerShape::Grip;
-  if (interaction.has_limit_lines && gripped_line(graph.pending, layout, place) >= 0)
+  if (interaction.has_limit_lines && gripped_line(graph.shown(), layout, place) >= 0)
     return PointerShape::Grip;
   return zooming_allowed(graph) && inside_layers(layout, place) ? PointerShape::Cross : PointerShape::Arrow;
 }

@@ -6,15 +6,14 @@
 
 namespace trendaro {
 
-// What a kept picture of a graph was painted from, without holding its curves in memory.
+// What a kept picture of a graph's curves was painted from, without holding the curves in memory. What is
+// drawn over the picture does not count: the place of the cursor, annotations, limit lines, the contents of
+// tables.
 struct PictureState {
   GraphProperties settings;
+  i32 table_characters = 0;  // beside the graph, where they take its room
   std::weak_ptr<const CurveIndex> data;
 };
-
-// The properties of a graph without what is drawn over the kept picture, because it moves with the pointer:
-// the place of the cursor and, where they can be gripped, the vertical lines.
-GraphProperties without_moving_parts(const GraphProperties& shown, bool with_limit_lines);
 
 PictureState picture_state(const GraphProperties& painted);
 

@@ -5,13 +5,11 @@
 
 #include "graph/painters/graph_colors.h"
 #include "graph/painters/sharp_lines.h"
-#include "graph/rubber_band.h"
 
 namespace trendaro {
 namespace {
 
-constexpr f64 kLimitWidth = 2;    // logical pixels
-constexpr f64 kSquare = 9;        // edge of the square around a data point
+constexpr f64 kSquare = 9;        // edge of the square around a data point, in logical pixels
 constexpr int kBandOpacity = 50;  // of 255
 
 QPen flat_pen(const QColor& color) {
@@ -28,18 +26,6 @@ void paint_frame(QPainter& painter, const QRectF& box, f64 width, const QPen& pe
 }
 
 }  // namespace
-
-void paint_limit_lines(QPainter& painter, const GraphProperties& properties, const GraphLayout& layout) {
-  if (!properties.ShowAnnotations || !layout.has_axes) return;
-  const PixelRectangle all = layers_rectangle(layout);
-  for (std::size_t line = 0; line < properties.VertLineAnnotation.size(); ++line) {
-    const f64 x = pixel_of(layout.x_axis.scale, properties.VertLineAnnotation[line]);
-    if (!(x >= all.x - 1 && x <= all.right() + 1)) continue;
-    const bool colored = line < properties.VertLineAnnotationColor.size();
-    const QColor color = graph_color(colored ? properties.VertLineAnnotationColor[line] : 0);
-    draw_upright_line(painter, x, all.y, all.bottom(), kLimitWidth, flat_pen(color));
-  }
-}
 
 void paint_cursor(QPainter& painter, const GraphProperties& properties, const CursorMark& mark) {
   const QPen pen = flat_pen(graph_color(properties.GraphForeColor));

@@ -8,10 +8,7 @@
 
 namespace trendaro {
 
-// What moves with the pointer and is drawn over the kept picture of a graph.
-
-// The two limits of the section on show, over all layers.
-void paint_limit_lines(QPainter& painter, const GraphProperties& properties, const GraphLayout& layout);
+// What moves with the pointer and is drawn over all else of a graph.
 
 void paint_cursor(QPainter& painter, const GraphProperties& properties, const CursorMark& mark);
 
