@@ -14,7 +14,9 @@
 #include "datasource/plot_list.h"
 #include "files/channel_info_handlers.h"
 #include "files/reduce_handlers.h"
+#include "files/section_handlers.h"
 #include "graph/cache_handlers.h"
+#include "graph/zoom_modes.h"
 
 namespace trendaro {
 namespace {
@@ -40,7 +42,7 @@ constexpr auto kCommands = std::to_array<Command>({
     {"mnuSaveAs", "Aussichtsgraphik speichern als...", "mnuFile", nullptr, false, "Ctrl+S"},
     separator_in("mnuFile"),
     {"mnuReduceBin", "Mervan-Datei komprimieren...", "mnuFile", mnuReduceBin},
-    {"mnuCreateMEASection", "Meßwertausschnittsdatei erzeugen...", "mnuFile", nullptr},
+    {"mnuCreateMEASection", "Meßwertausschnittsdatei erzeugen...", "mnuFile", mnuCreateMEASection},
     {"mnuFileExtension", "Dateierweiterung der Originaldateien...", "mnuFile", mnuFileExtension},
     separator_in("mnuFile"),
     {"mnuExportClip", "Ausschnittsgrafik in Zwischenablage", "mnuFile", nullptr},
@@ -59,10 +61,10 @@ constexpr auto kCommands = std::to_array<Command>({
     {"mnuShowDatasourceGrid", "Kanalliste", "mnuView", mnuShowDatasourceGrid, true},
     {"mnuShowSurvGraph", "Übersichtsgraphik", "mnuView", mnuShowSurvGraph, true},
     separator_in("mnuView"),
-    {"mnuZoomHorz", "Horizontaler Zoom", "mnuView", nullptr},
-    {"mnuZoomVert", "Vertikaler Zoom", "mnuView", nullptr},
-    {"mnuZoomRect", "Rechteckzoom", "mnuView", nullptr},
-    {"mnuZoomToMax", "Zoom in Maximalintervall", "mnuView", nullptr},
+    {"mnuZoomHorz", "Horizontaler Zoom", "mnuView", choose_zoom_mode<ZoomMode::Horizontal>},
+    {"mnuZoomVert", "Vertikaler Zoom", "mnuView", choose_zoom_mode<ZoomMode::Vertical>},
+    {"mnuZoomRect", "Rechteckzoom", "mnuView", choose_zoom_mode<ZoomMode::Rectangle>},
+    {"mnuZoomToMax", "Zoom in Maximalintervall", "mnuView", spring_with_plots},
     {"mnuResetZoom", "Zoom zurücksetzen", "mnuView", reset_zoom},
     separator_in("mnuView"),
     {"mnuCursor", "Cursor", "mnuView", nullptr},

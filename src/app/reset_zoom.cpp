@@ -6,7 +6,11 @@
 #include "app/numbers.h"
 #include "app/toolbar.h"
 #include "graph/full_range.h"
+#include "graph/limit_lines.h"
 #include "graph/main_redraw.h"
+#include "graph/saved_axes.h"
+#include "graph/section_import.h"
+#include "graph/unzoomed_scale.h"
 
 namespace trendaro {
 namespace {
@@ -25,21 +29,13 @@ void set_window_to_full_range(Model& model) {
 }
 
 void show_all_layers(Model& model) {
-  model.LastZoomLayer = 2;
-  model.FirstZoomLayer = 0;
+  bring_layers_back(model);
+  model.LastZoomLayer = model.LastLayer = 2;
+  model.FirstZoomLayer = model.FirstLayer = 0;
+  model.LayerShift = 0;
+  model.CurveOffset = 0;
   for (int axis = 1; axis <= 6; ++axis)
     enable_control(model, "mnuConfigAxis(" + std::to_string(axis) + ")", true);
-}
-
-void return_to_reduced_data(Model& model) {
-  for (PlotRecord& plot : model.Plots) {
-    if (plot.FileKind == kKindDatabase) {
-      plot.FileKind = kKindReducedPairs;
-      plot.ChannelIndex = round_to_i16(2.0 * plot.ChannelIndex - 1);
-    } else if (plot.FileKind == kKindDatabaseFromBlock) {
-      plot.FileKind = kKindReducedBlock;
-    }
-  }
 }
 
 void show_points(Model& model) {
@@ -72,12 +68,17 @@ void reset_zoom(Model& model) {
   show_all_layers(model);
   if (model.OriginalDataMode) {
     model.OriginalDataMode = false;
-    return_to_reduced_data(model);
+    return_to_reduced(model);
   }
   model.MaxViewPoints = 0;
+  RedrawSurvAnnotation(model);
   show_points(model);
   set_graphs_to_full_range(model);
+  PEactions(model.PESGSurvey, kRedrawFromSettings);
+  if (model.DisplayCompression) restore_unzoomed_scale(model);
+  model.unzoomed_scale.held = false;
   RedrawKMGraph(model, false);
+  model.saved_axes = {};
   for (const char* entry : {"mnuDBOffset", "mnuXUnit", "mnuNullValues"}) enable_control(model, entry, true);
 }
 

@@ -17,6 +17,7 @@ inline constexpr i16 kInvalidArgument = 5;
 inline constexpr i16 kOverflow = 6;
 inline constexpr i16 kOutOfMemory = 7;
 inline constexpr i16 kIndexOutOfRange = 9;
+inline constexpr i16 kDivisionByZero = 11;
 inline constexpr i16 kTypeMismatch = 13;
 inline constexpr i16 kDeviceError = 57;
 inline constexpr i16 kHostCallFailed = 440;

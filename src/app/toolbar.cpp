@@ -8,6 +8,8 @@
 #include "app/model.h"
 #include "datasource/file_list.h"
 #include "files/channel_info_handlers.h"
+#include "graph/scrolling.h"
+#include "graph/zoom_modes.h"
 
 namespace trendaro {
 namespace {
@@ -22,6 +24,11 @@ template <i16 Side>
 void choose_side(Model& model) {
   model.CurrentSide = Side;
   ToolbarHandler(model, false);
+}
+
+template <bool Right>
+void scroll(Model& model) {
+  scroll_section(model, Right);
 }
 
 constexpr ToolButton separator(const char* key = nullptr) {
@@ -55,17 +62,20 @@ constexpr auto kButtons = std::to_array<ToolButton>({
     button("TB_RYAXIS", "Kurven gegen rechte y-Achse zeichnen", "RY_UP", "RY_DN", choose_side<2>),
     separator("TB_SEPARATOR16"),
     holder("TB_ZOOMPOINTS", "Maximalintervall der anzuzeigenden Originaldatenpunkte", "PointsBox"),
-    button("TB_ZOOMINTERVAL", "Zoom in Maximalintervall", "ZOOMMAX", nullptr, nullptr),
+    button("TB_ZOOMINTERVAL", "Zoom in Maximalintervall", "ZOOMMAX", nullptr, spring_with_plots),
     button("TB_ZOOMFIX", "Zoom zurücksetzen", "ZOOMFIX", nullptr, reset_zoom),
-    button("TB_ZOOMHORZ", "Horizontalen Zoom im Ausschnitt ein/ausschalten", "HZOOMUP", "HZOOMDN", nullptr),
-    button("TB_ZOOMVERT", "Vertikalen Zoom im Ausschnitt ein/ausschalten", "VZOOMUP", "VZOOMDN", nullptr),
-    button("TB_ZOOMRECT", "Rechteckzoom im Ausschnitt ein/ausschalten", "RZOOMUP", "RZOOMDN", nullptr),
+    button("TB_ZOOMHORZ", "Horizontalen Zoom im Ausschnitt ein/ausschalten", "HZOOMUP", "HZOOMDN",
+           choose_zoom_mode<ZoomMode::Horizontal>),
+    button("TB_ZOOMVERT", "Vertikalen Zoom im Ausschnitt ein/ausschalten", "VZOOMUP", "VZOOMDN",
+           choose_zoom_mode<ZoomMode::Vertical>),
+    button("TB_ZOOMRECT", "Rechteckzoom im Ausschnitt ein/ausschalten", "RZOOMUP", "RZOOMDN",
+           choose_zoom_mode<ZoomMode::Rectangle>),
     separator(),
     holder("TB_SHOWPOINTS", "Anzahl der Originalpunkte in aktuellem Ausschnitt", "ZoomPointsBox"),
     separator(),
-    button("TB_SCROLLLEFT", "Zoomausschnitt nach links verschieben", "SCROLLLEFT", nullptr, nullptr),
+    button("TB_SCROLLLEFT", "Zoomausschnitt nach links verschieben", "SCROLLLEFT", nullptr, scroll<false>),
     holder("TB_SCROLLPOINTS", "Punktanzahl, um die der Zoomausschnitt verschoben wird", "StepBox"),
-    button("TB_SCROLLRIGHT", "Zoomausschnitt nach rechts verschieben", "SCROLLRIGHT", nullptr, nullptr),
+    button("TB_SCROLLRIGHT", "Zoomausschnitt nach rechts verschieben", "SCROLLRIGHT", nullptr, scroll<true>),
     separator("TB_SEPARATOR29"),
     button("TB_INFO", "Informationen aller dargestellten Kanäle anzeigen", "INFO", nullptr,
            show_info_of_plots),

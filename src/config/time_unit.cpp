@@ -7,9 +7,11 @@
 #include "app/dates.h"
 #include "app/model.h"
 #include "datasource/grid_handlers.h"
+#include "graph/data_zoom.h"
 #include "graph/main_redraw.h"
 #include "graph/survey_redraw.h"
 #include "graph/time_axis.h"
+#include "graph/zoom_arithmetic.h"
 
 namespace trendaro {
 namespace {
@@ -35,6 +37,9 @@ void carry_zoom_over(Model& model, i16 old_unit) {
   for (GraphSurface* graph : {&model.PESG, &model.PESGSurvey})
     for (f64* limit : {&graph->pending.ZoomMinX, &graph->pending.ZoomMaxX})
       *limit = limit_in_unit(*limit, old_unit, model.TimeUnit, date);
+  const GraphProperties& survey = model.PESGSurvey.pending;
+  if (model.SurveyZoom)
+    model.SurveyZoomMarginX = edge_margin({survey.ZoomMinX, survey.ZoomMaxX}, survey.AutoPadPercent);
 }
 
 }  // namespace
@@ -54,8 +59,10 @@ void choose_time_unit(Model& model, i16 index) {
   if (model.IsRealTime) return;
   RedrawKMGraph(model, false);
   if (!model.HasFullDataPlot) RedrawSurvGraph(model, false);
-  if (model.Zoomed && !model.OriginalDataMode && old_unit >= 0 && old_unit < kUnits)
+  if (model.Zoomed && !model.OriginalDataMode && old_unit >= 0 && old_unit < kUnits) {
     carry_zoom_over(model, old_unit);
+    DataZoom(model);
+  }
   show_plot_status(model);
 }
 

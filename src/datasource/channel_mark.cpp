@@ -7,6 +7,7 @@
 #include "app/toolbar.h"
 #include "datasource/plot_list.h"
 #include "datasource/survey_presence.h"
+#include "graph/data_zoom.h"
 #include "graph/main_redraw.h"
 #include "graph/survey_redraw.h"
 
@@ -23,18 +24,24 @@ std::optional<i32> section_points(const Model& model, f64 first, f64 last) {
   return points;
 }
 
-// A zoom that has come to lie behind the end of the data is left.
-void leave_zoom_outside_of_data(Model& model) {
+// A zoom that has come to lie behind the end of the data is left; another one keeps its section.
+void zoom_again(Model& model) {
+  if (model.NofPlots == 0) return;
   const GraphProperties& survey = model.PESGSurvey.pending;
   const auto points =
       section_points(model, survey.ManualMinX + model.SurveyMarginX, survey.ManualMaxX - model.SurveyMarginX);
-  if (!points || ParseNumber(model.controls["ZoomPointsBox"].text) > *points) reset_zoom(model);
+  if (!points || ParseNumber(model.controls["ZoomPointsBox"].text) > *points) return reset_zoom(model);
+  GraphProperties& graph = model.PESG.pending;
+  graph.ZoomActive = true;
+  graph.ZoomMinX = model.ZoomXMin;
+  graph.ZoomMaxX = model.ZoomXMax;
+  DataZoom(model);
 }
 
 void show_points(Model& model) {
   if (const auto points = window_points(model)) model.MaxViewPoints = *points;
   if (model.Zoomed)
-    leave_zoom_outside_of_data(model);
+    zoom_again(model);
   else
     model.controls["ZoomPointsBox"].text = std::to_string(model.MaxViewPoints);
 }
@@ -52,6 +59,8 @@ void release_tools_without_plots(Model& model) {
 }
 
 void redraw_after_mark(Model& model) {
+  // The new plots stand on their reduced files; the zoom brings the samples in again.
+  model.OriginalDataMode = false;
   if (model.Zoomed && model.ActiveLayersChanged) reset_zoom(model);
   RedrawKMGraph(model, false);
   if (model.HasFullDataPlot)

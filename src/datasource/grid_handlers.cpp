@@ -102,7 +102,8 @@ std::string text_tip(Model& model, i32 row, i16 column) {
 }
 
 void press_scroll_key(Model& model, bool right) {
-  if (model.Zoomed) click_tool(model, right ? "TB_SCROLLRIGHT" : "TB_SCROLLLEFT");
+  if (model.Zoomed && model.PESG.pending.CursorMode == 0)
+    click_tool(model, right ? "TB_SCROLLRIGHT" : "TB_SCROLLLEFT");
 }
 
 }  // namespace trendaro

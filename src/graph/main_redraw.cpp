@@ -35,7 +35,7 @@ void size_graph(Model& model, MainReading& reading) {
   attempt([&] { InitMainGraph(model); });
   model.PESG.pending.SubsetCount = size_main_graph(model);
   if (model.PESG.pending.SubsetCount == 0) take_no_curves(model, reading);
-  model.MaxViewPoints = model.ViewPoints;
+  if (!model.OriginalDataMode) model.MaxViewPoints = model.ViewPoints;
   model.MaxPlotPoints = model.LongestFullPoints;
 }
 

@@ -8,9 +8,9 @@
 #include "app/model.h"
 #include "app/numbers.h"
 #include "graph/curve_readers.h"
-#include "graph/full_range.h"
 #include "graph/graph_setup.h"
 #include "graph/hand_over.h"
+#include "graph/limit_lines.h"
 #include "graph/main_sizing.h"
 #include "graph/titles.h"
 
@@ -242,7 +242,7 @@ void RedrawSurvGraph(Model& model, bool settings_only) {
   attempt([&] { switch_legend(model, model.PESGSurvey); });
   attempt([&] { show_graph(model, model.PESGSurvey, "Übersichtsgraphik wird aktualisiert..."); });
   attempt([&] { take_zoom_box_limits(model); });
-  if (!model.Zoomed) set_full_x_range(model);
+  attempt([&] { RedrawSurvAnnotation(model); });
 }
 
 }  // namespace trendaro

@@ -34,6 +34,20 @@ struct ZoomWindow {
   i16 StartAnnoDrag = 0;                      // limit line under the pointer, 0 or 1
   bool AnnoDrag = false;                      // a drag of a limit line is running
   f64 XPos = 0, YPos = 0;                     // last pointer position in graph units
+  bool SurveyMouseMoved = false;              // the pointer moved during the drag of a limit line
+  f64 SurveyZoomMarginX = 0;                  // margin at each end of x of the zoomed survey graph
+  i16 CurveOffset = 0;                        // plots of hidden layers: plot number less curve number
+};
+
+// The scale of the main graph as it was before a compressed view was zoomed.
+struct UnzoomedScale {
+  struct Axis {
+    i16 control = 0;
+    f64 low = 0, high = 0;
+  };
+  bool held = false;
+  f64 low_x = 0, high_x = 0;
+  std::array<Axis, 3> left, right;  // index: layer from 0
 };
 
 // What a redraw of the main graph leaves behind and reads from the settings.
@@ -66,6 +80,7 @@ struct RedrawState {
   // Scale limits of a zoom. Row 0 is x with columns 0 lower and 1 upper; row k + 1 is layer k, columns 0 and
   // 1 the left y axis, 2 and 3 the right one.
   std::array<std::array<f64, 4>, 8> ZoomScaleLimits{};
+  UnzoomedScale unzoomed_scale;
   SavedAxes saved_axes;  // y axes of layers that left the main graph
 };
 

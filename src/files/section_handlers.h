@@ -1,0 +1,11 @@
+#pragma once
+
+namespace trendaro {
+
+struct Model;
+
+// "Meßwertausschnittsdatei erzeugen...": saves the stretch of the original recording behind the zoom as a
+// recording of its own. Nothing without a zoom and for full data.
+void mnuCreateMEASection(Model& model);
+
+}  // namespace trendaro

@@ -1,0 +1,154 @@
+#include "graph/zoom_end.h"
+
+#include <algorithm>
+#include <string>
+
+#include "app/commands.h"
+#include "app/model.h"
+#include "graph/data_zoom.h"
+#include "graph/main_redraw.h"
+#include "graph/saved_axes.h"
+#include "graph/unzoomed_scale.h"
+#include "graph/zoom_arithmetic.h"
+
+namespace trendaro {
+namespace {
+
+constexpr i16 kHorizontal = 1;
+constexpr i16 kVertical = 2;
+constexpr i16 kBoth = 3;
+constexpr i16 kLastLayer = 2;
+
+void take_y_limits(Model& model) {
+  const LayerProperties& layer = zoomed_layer(model, model.PESG);
+  model.ZoomYMin = layer.ZoomMinY;
+  model.ZoomYMax = layer.ZoomMaxY;
+  model.ZoomRYMin = layer.ZoomMinRY;
+  model.ZoomRYMax = layer.ZoomMaxRY;
+}
+
+// The layers that the rubber band touched stay on show; the graph counts them from the first one that it
+// shows. True when other layers are on show from now on.
+bool take_layer_range(Model& model) {
+  const GraphProperties& graph = model.PESG.pending;
+  const i16 base = model.FirstLayer;
+  const i16 last_before = model.LastLayer;
+  model.LastZoomLayer = static_cast<i16>(std::clamp<int>(base + graph.ZoomAxisTop, base, kLastLayer));
+  model.FirstZoomLayer =
+      static_cast<i16>(std::clamp<int>(base + graph.ZoomAxisBottom, base, model.LastZoomLayer));
+  for (int layer = 0; layer < model.FirstZoomLayer; ++layer)
+    for (const int axis : {layer + 1, layer + 4})
+      enable_control(model, "mnuConfigAxis(" + std::to_string(axis) + ")", false);
+  StoreAxesSettings(model, base);
+  shift_layers_down(model, static_cast<i16>(model.FirstZoomLayer - base));
+  model.FirstLayer = model.FirstZoomLayer;
+  model.LastLayer = model.LastZoomLayer;
+  return model.FirstLayer != base || model.LastLayer != last_before;
+}
+
+// The limits that a compressed view is computed for.
+void keep_limits(Model& model) {
+  const GraphProperties& graph = model.PESG.pending;
+  model.ZoomScaleLimits[0] = {graph.ZoomMinX, graph.ZoomMaxX, 0, 0};
+  for (int axis = 0; axis <= model.LastZoomLayer - model.FirstZoomLayer; ++axis) {
+    const auto index = static_cast<std::size_t>(axis);
+    const LayerProperties& layer = graph.layers[index];
+    model.ZoomScaleLimits[index + 1] = {layer.ZoomMinY, layer.ZoomMaxY, layer.ZoomMinRY, layer.ZoomMaxRY};
+  }
+}
+
+void redraw_section(Model& model) {
+  GraphProperties& graph = model.PESG.pending;
+  const i16 mode = graph.AllowZooming;
+  if (mode == kBoth) graph.AllowZooming = kHorizontal;
+  RedrawKMGraph(model, false);
+  model.PESG.pending.AllowZooming = mode;
+  PEactions(model.PESG, kRedrawFromSettings);
+}
+
+void count_hidden_plots(Model& model) {
+  model.CurveOffset = 0;
+  for (i16 layer = 1; layer <= model.FirstZoomLayer; ++layer)
+    model.CurveOffset = static_cast<i16>(model.CurveOffset + model.LayerPlotCount[layer]);
+}
+
+// What the main graph shows at the moment, as its zoom limits.
+void take_shown_section(Model& model) {
+  GraphProperties& graph = model.PESG.pending;
+  graph.ZoomActive = true;
+  if (model.Zoomed) return;
+  graph.ZoomMinX = graph.ManualMinX;
+  graph.ZoomMaxX = graph.ManualMaxX;
+}
+
+void bring_section_inside(Model& model, XWindow range) {
+  GraphProperties& graph = model.PESG.pending;
+  const GraphProperties& survey = model.PESGSurvey.pending;
+  if (graph.ZoomMinX < survey.ZoomMinX) graph.ZoomMinX = range.low;
+  if (graph.ZoomMaxX > survey.ZoomMaxX) graph.ZoomMaxX = range.high;
+  if (graph.ZoomMinX < range.high && graph.ZoomMaxX > range.low) return;
+  if (!model.OriginalDataMode) {
+    graph.ZoomMinX = range.low;
+    graph.ZoomMaxX = range.high;
+    return;
+  }
+  const f64 width = model.ZoomXMax - model.ZoomXMin;
+  graph.ZoomMinX = range.low;
+  graph.ZoomMaxX = range.width() >= width ? range.low + width : range.high;
+  model.OriginalDataMode = false;
+}
+
+void copy_y_limits(Model& model) {
+  const LayerProperties from = zoomed_layer(model, model.PESGSurvey);
+  LayerProperties& to = zoomed_layer(model, model.PESG);
+  to.ZoomMinY = from.ZoomMinY;
+  to.ZoomMaxY = from.ZoomMaxY;
+}
+
+}  // namespace
+
+void end_main_zoom(Model& model) {
+  GraphProperties& graph = model.PESG.pending;
+  const bool vertical = graph.AllowZooming == kVertical;
+  if (!model.Zoomed) hold_unzoomed_scale(model);
+  if (vertical) take_y_limits(model);
+  const bool other_layers = take_layer_range(model);
+  keep_limits(model);
+  if (!vertical) {
+    model.OriginalDataMode = false;
+    DataZoom(model);
+  }
+  model.Zoomed = true;
+  if (model.HasFullDataPlot && model.DisplayCompression) {
+    graph.ZoomActive = false;
+    RedrawKMGraph(model, false);
+  } else if (!vertical) {
+    redraw_section(model);
+  } else if (other_layers) {
+    RedrawKMGraph(model, false);
+  }
+  count_hidden_plots(model);
+}
+
+void undo_main_zoom(Model& model) {
+  if (!model.HasFullDataPlot || !model.DisplayCompression) return;
+  if (model.unzoomed_scale.held) {
+    model.PESG.pending.ZoomMinX = model.unzoomed_scale.low_x;
+    model.PESG.pending.ZoomMaxX = model.unzoomed_scale.high_x;
+  }
+  end_main_zoom(model);
+}
+
+void end_survey_zoom(Model& model) {
+  GraphProperties& survey = model.PESGSurvey.pending;
+  model.SurveyZoom = true;
+  model.SurveyZoomMarginX = edge_margin({survey.ZoomMinX, survey.ZoomMaxX}, survey.AutoPadPercent);
+  if (!model.PESG.pending.ZoomActive) take_shown_section(model);
+  bring_section_inside(model, survey_data_range(model));
+  if (!model.gMultiLayer) copy_y_limits(model);
+  survey.SubTitle = "Zoom";
+  if (survey.ZoomMaxX == survey.ZoomMinX) model.OriginalDataMode = false;
+  DataZoom(model);
+}
+
+}  // namespace trendaro
