@@ -1,0 +1,133 @@
+#include "graph/x_scale_zoom.h"
+
+#include <algorithm>
+#include <filesystem>
+#include <vector>
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "app/commands.h"
+#include "graph/data_zoom.h"
+#include "support/zoom_fixture.h"
+
+namespace trendaro {
+namespace {
+
+using testing::IsEmpty;
+
+// Channel 1 rises by 1 a sample; channel 2 is known. Ten samples a pair, so that a bound stands for five.
+class XScaleZoomTest : public ZoomFixture {
+ protected:
+  static constexpr i32 kRows = 2000;
+
+  static RecorderBuilder recording(i32 id, i32 rows, i32 mask) {
+    RecorderBuilder file{.id = id, .row_count = rows};
+    for (const i16 channel : {i16{1}, i16{2}})
+      file.entries.push_back(
+          {.channel = channel, .mask = mask, .name_field = quoted_name("Kanal " + std::to_string(channel))});
+    return file;
+  }
+  static i16 known(i32 row) { return static_cast<i16>(row * 7 % 1000); }
+
+  XScaleZoomTest() {
+    RecorderBuilder original = recording(6001, kRows, 1);
+    RecorderBuilder envelope = recording(6002, kRows / 10, 3);
+    envelope.reduce_factor = 10;
+    for (i32 row = 0; row < kRows; ++row)
+      original.data.i16_field(static_cast<i16>(row)).i16_field(known(row));
+    for (i32 block = 0; block < kRows / 10; ++block) {
+      i16 low = known(block * 10);
+      i16 high = low;
+      for (i32 row = block * 10; row < block * 10 + 10; ++row) {
+        low = std::min(low, known(row));
+        high = std::max(high, known(row));
+      }
+      envelope.data.i16_field(static_cast<i16>(block * 10)).i16_field(static_cast<i16>(block * 10 + 9));
+      envelope.data.i16_field(low).i16_field(high);
+    }
+    write_file(folder.file("lauf.ME1"), original.build().bytes());
+    write_file(folder.file("lauf.ST1"), envelope.build().bytes());
+    AddFileToGrid(model, folder.file("lauf.ST1"), false);
+  }
+
+  // The y signal over the rising one.
+  void show_over_ramp() {
+    activate_row(model, 2);
+    run_command(model, "mnuSetX");
+    mark(3);
+  }
+  void zoom(f64 low, f64 high) {
+    set_limits(low, high);
+    DataZoom(model);
+  }
+};
+
+// Each bound k of the table, from 0, brings in five samples from 5 * (k - 1) + 1 on.
+TEST_F(XScaleZoomTest, BlocksOfTheBoundsInsideAreImportedInTurn) {
+  show_over_ramp();
+  ASSERT_EQ(model.xSrc.ListIndex, 1);
+  ASSERT_EQ(model.Plots[1].XSource, 1);
+  zoom(100, 119);  // bounds 100, 109, 110 and 119 are numbers 20 to 23
+  EXPECT_TRUE(model.OriginalDataMode);
+  EXPECT_EQ(model.ZoomPoints, 4);
+  EXPECT_EQ(model.Plots[1].FileKind, kKindDatabase);
+  EXPECT_EQ(model.Plots[1].ChannelIndex, 2);
+  const std::vector<f64> x = channel_samples(model.XScratchChannel);
+  const std::vector<f64> y = channel_samples(model.Plots[1].DatabaseChannel);
+  ASSERT_EQ(x.size(), 20u);
+  ASSERT_EQ(y.size(), 20u);
+  for (i32 i = 0; i < 20; ++i) {
+    const auto place = static_cast<std::size_t>(i);
+    EXPECT_NEAR(x[place], 96 + i, 0.01);
+    EXPECT_NEAR(y[place], known(96 + i), 0.01);
+    EXPECT_NEAR(f64{(*model.PESG.shown().XData)[place]}, 96 + i, 0.01);
+    EXPECT_NEAR(f64{(*model.PESG.shown().YData)[place]}, known(96 + i), 0.01);
+  }
+  EXPECT_EQ(box("ZoomPointsBox"), "20");
+  EXPECT_EQ(model.controls["ZoomPointsBox"].back_color, kGreen);
+  for (const char* entry : {"mnuDBOffset", "mnuXUnit", "mnuNullValues"})
+    EXPECT_FALSE(model.controls[entry].enabled) << entry;
+  EXPECT_THAT(shell.messages(), IsEmpty());
+}
+
+TEST_F(XScaleZoomTest, SectionExactlyAsWideAsTheBoundStaysCompressed) {
+  show_over_ramp();
+  box("PointsBox") = "20";
+  zoom(100, 119);
+  EXPECT_FALSE(model.OriginalDataMode);
+  EXPECT_EQ(model.Plots[1].FileKind, kKindReducedPairs);
+  EXPECT_EQ(box("ZoomPointsBox"), "20");
+  EXPECT_EQ(model.controls["ZoomPointsBox"].back_color, kWhite);
+  box("PointsBox") = "21";
+  zoom(100, 119);
+  EXPECT_TRUE(model.OriginalDataMode);
+}
+
+TEST_F(XScaleZoomTest, SectionBetweenTwoBoundsImportsNothing) {
+  show_over_ramp();
+  zoom(102, 105);
+  EXPECT_TRUE(model.OriginalDataMode);
+  EXPECT_EQ(model.ZoomPoints, 1);
+  EXPECT_THAT(channel_samples(model.Plots[1].DatabaseChannel), IsEmpty());
+}
+
+TEST_F(XScaleZoomTest, MissingOriginalIsNotTold) {
+  show_over_ramp();
+  std::filesystem::remove(folder.file("lauf.ME1"));
+  zoom(100, 119);
+  EXPECT_TRUE(model.OriginalFileMissing);
+  EXPECT_THAT(shell.messages(), IsEmpty());
+}
+
+TEST_F(XScaleZoomTest, ResetShowsThePairsAgain) {
+  show_over_ramp();
+  zoom(100, 119);
+  reset_zoom(model);
+  EXPECT_EQ(model.Plots[1].FileKind, kKindReducedPairs);
+  EXPECT_EQ(model.Plots[1].ChannelIndex, 3);
+  EXPECT_NEAR(f64{(*model.PESG.shown().XData)[200]}, 1000, 0.01);
+}
+
+}  // namespace
+}  // namespace trendaro

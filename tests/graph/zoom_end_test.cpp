@@ -1,0 +1,267 @@
+#include "graph/zoom_end.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "app/commands.h"
+#include "graph/data_zoom.h"
+#include "support/zoom_fixture.h"
+
+namespace trendaro {
+namespace {
+
+// A recording of 200 s, 100 samples a second; a display point stands for 5 samples.
+class ZoomEndTest : public ZoomFixture {
+ protected:
+  ZoomEndTest() {
+    box("PointsBox") = "10000";
+    for (int entry = 1; entry <= 6; ++entry) axis_entry(entry) = true;
+  }
+
+  // As a rubber band in the mode of the graph leaves its properties.
+  void band(f64 low, f64 high, i16 lowest_layer = 0, i16 highest_layer = 0) {
+    set_limits(low, high);
+    model.PESG.pending.ZoomAxisBottom = lowest_layer;
+    model.PESG.pending.ZoomAxisTop = highest_layer;
+    end_main_zoom(model);
+  }
+  void survey_band(f64 low, f64 high) {
+    model.PESGSurvey.pending.ZoomActive = true;
+    model.PESGSurvey.pending.ZoomMinX = low;
+    model.PESGSurvey.pending.ZoomMaxX = high;
+    end_survey_zoom(model);
+  }
+  // Padding inside a survey range of this width.
+  [[nodiscard]] f64 margin(f64 width) const {
+    const f64 percent = model.PESGSurvey.pending.AutoPadPercent;
+    return width / ((2 * percent + 100) / percent);
+  }
+  bool& axis_entry(int number) {
+    return model.controls["mnuConfigAxis(" + std::to_string(number) + ")"].enabled;
+  }
+};
+
+TEST_F(ZoomEndTest, BandShowsOriginalsWhereTheyFit) {
+  open({});
+  mark(2);
+  click_tool(model, "TB_ZOOMHORZ");
+  band(50, 60);
+  EXPECT_TRUE(model.Zoomed);
+  EXPECT_TRUE(model.OriginalDataMode);
+  EXPECT_EQ(model.PESG.pending.AllowZooming, 1);
+  expect_drawn(0, 1, 5000, 1000);
+  EXPECT_DOUBLE_EQ(model.ZoomScaleLimits[0][0], 50);
+  EXPECT_DOUBLE_EQ(model.ZoomScaleLimits[0][1], 60);
+}
+
+TEST_F(ZoomEndTest, NarrowerBandImportsItsOwnSection) {
+  open({});
+  mark(2);
+  click_tool(model, "TB_ZOOMHORZ");
+  band(50, 60);
+  band(52, 53);
+  EXPECT_TRUE(model.OriginalDataMode);
+  EXPECT_EQ(model.Plots[1].ChannelIndex, 1);
+  expect_drawn(0, 1, 5200, 100);
+  EXPECT_EQ(box("ZoomPointsBox"), "100");
+}
+
+TEST_F(ZoomEndTest, RectangleModeIsBackBehindTheRedraw) {
+  open({});
+  mark(2);
+  click_tool(model, "TB_ZOOMRECT");
+  band(10, 150);
+  EXPECT_FALSE(model.OriginalDataMode);
+  EXPECT_EQ(model.PESG.pending.AllowZooming, 3);
+  EXPECT_EQ(model.PESG.shown().AllowZooming, 3);
+}
+
+TEST_F(ZoomEndTest, VerticalBandTakesTheYLimitsAndNoSamples) {
+  open({});
+  mark(2);
+  click_tool(model, "TB_ZOOMVERT");
+  LayerProperties& layer = model.PESG.pending.layers[0];
+  layer.ZoomMinY = -300;
+  layer.ZoomMaxY = 400;
+  layer.ZoomMinRY = -1;
+  layer.ZoomMaxRY = 2;
+  band(0, 200);
+  EXPECT_EQ(model.ZoomYMin, -300);
+  EXPECT_EQ(model.ZoomYMax, 400);
+  EXPECT_EQ(model.ZoomRYMin, -1);
+  EXPECT_EQ(model.ZoomRYMax, 2);
+  EXPECT_TRUE(model.Zoomed);
+  EXPECT_FALSE(model.OriginalDataMode);
+  EXPECT_TRUE(model.controls["mnuXUnit"].enabled);  // no section in x was taken
+  EXPECT_EQ(model.PESG.pending.AllowZooming, 2);
+  EXPECT_EQ(model.ZoomScaleLimits[1], (std::array<f64, 4>{-300, 400, -1, 2}));
+}
+
+TEST_F(ZoomEndTest, LayersOutsideOfTheBandLeaveTheGraph) {
+  open({.channels = 3});
+  mark(2, 1);
+  mark(3, 2);
+  mark(4, 3);
+  click_tool(model, "TB_ZOOMRECT");
+  model.PESG.pending.layers[0].ManualMinY = -7;
+  model.PESG.pending.layers[0].YAxisLabel = "Drehzahl";
+  band(50, 60, 1, 2);
+  EXPECT_EQ(model.FirstZoomLayer, 1);
+  EXPECT_EQ(model.LastZoomLayer, 2);
+  EXPECT_FALSE(axis_entry(1));
+  EXPECT_FALSE(axis_entry(4));
+  EXPECT_TRUE(axis_entry(2));
+  EXPECT_TRUE(axis_entry(5));
+  EXPECT_EQ(model.CurveOffset, 1);
+  ASSERT_EQ(model.saved_axes.left.size(), 1u);
+  EXPECT_EQ(model.saved_axes.left[0].low, -7);
+  EXPECT_EQ(model.saved_axes.left[0].title, "Drehzahl");
+  EXPECT_EQ(model.PESG.shown().SubsetCount, 2);
+  expect_drawn(0, 2, 5000, 1000);
+  expect_drawn(1, 3, 5000, 1000);
+}
+
+TEST_F(ZoomEndTest, SecondBandCountsItsLayersFromTheFirstOneOnShow) {
+  open({.channels = 3});
+  mark(2, 1);
+  mark(3, 2);
+  mark(4, 3);
+  click_tool(model, "TB_ZOOMRECT");
+  band(50, 60, 1, 2);
+  band(52, 58, 1, 1);
+  EXPECT_EQ(model.FirstZoomLayer, 2);
+  EXPECT_EQ(model.LastZoomLayer, 2);
+  EXPECT_EQ(model.CurveOffset, 2);
+  EXPECT_EQ(model.PESG.shown().SubsetCount, 1);
+  expect_drawn(0, 3, 5200, 600);
+  EXPECT_FALSE(axis_entry(2));
+  click_tool(model, "TB_ZOOMFIX");
+  EXPECT_EQ(model.PESG.shown().SubsetCount, 3);
+  EXPECT_EQ(model.CurveOffset, 0);
+}
+
+TEST_F(ZoomEndTest, UpperLayersAloneLeaveTheAxesOfTheFirstAlone) {
+  open({.channels = 3});
+  mark(2, 1);
+  mark(3, 2);
+  mark(4, 3);
+  click_tool(model, "TB_ZOOMVERT");
+  band(0, 200, 0, 1);
+  EXPECT_EQ(model.FirstZoomLayer, 0);
+  EXPECT_EQ(model.LastZoomLayer, 1);
+  EXPECT_TRUE(axis_entry(1));
+  EXPECT_EQ(model.CurveOffset, 0);
+  EXPECT_EQ(model.PESG.shown().SubsetCount, 2);
+}
+
+TEST_F(ZoomEndTest, TakenBackZoomMeansNothingForReducedFiles) {
+  open({});
+  mark(2);
+  click_tool(model, "TB_ZOOMHORZ");
+  band(50, 60);
+  undo_main_zoom(model);
+  EXPECT_DOUBLE_EQ(model.ZoomXMin, 50);
+  EXPECT_TRUE(model.OriginalDataMode);
+}
+
+TEST_F(ZoomEndTest, SurveyBandNarrowsTheWholeSection) {
+  open({});
+  mark(2);
+  click_tool(model, "TB_ZOOMHORZ");
+  survey_band(50, 170);
+  EXPECT_TRUE(model.SurveyZoom);
+  const f64 padding = margin(120);
+  EXPECT_NEAR(model.SurveyZoomMarginX, padding, 1e-12);
+  EXPECT_TRUE(model.Zoomed);
+  EXPECT_NEAR(model.ZoomXMin, 50 + padding, 1e-9);
+  EXPECT_NEAR(model.ZoomXMax, 170 - padding, 1e-9);
+  EXPECT_EQ(model.PESGSurvey.shown().SubTitle, "Zoom");
+  EXPECT_TRUE(model.PESG.shown().ZoomActive);
+}
+
+TEST_F(ZoomEndTest, SectionInsideOfTheSurveyBandStays) {
+  open({});
+  mark(2);
+  click_tool(model, "TB_ZOOMHORZ");
+  band(80, 190);
+  survey_band(60, 198);
+  EXPECT_DOUBLE_EQ(model.ZoomXMin, 80);
+  EXPECT_DOUBLE_EQ(model.ZoomXMax, 190);
+}
+
+TEST_F(ZoomEndTest, CompressedSectionOutsideOfTheSurveyBandTakesItsRange) {
+  open({});
+  mark(2);
+  box("PointsBox") = "100";
+  click_tool(model, "TB_ZOOMHORZ");
+  band(150, 190);
+  ASSERT_FALSE(model.OriginalDataMode);
+  survey_band(20, 60);
+  const f64 padding = margin(40);
+  EXPECT_NEAR(model.ZoomXMin, 20 + padding, 1e-9);
+  EXPECT_NEAR(model.ZoomXMax, 60 - padding, 1e-9);
+}
+
+TEST_F(ZoomEndTest, OriginalSectionOutsideOfTheSurveyBandKeepsItsWidth) {
+  open({});
+  mark(2);
+  click_tool(model, "TB_ZOOMHORZ");
+  band(150, 160);
+  ASSERT_TRUE(model.OriginalDataMode);
+  survey_band(20, 60);
+  const f64 low = 20 + margin(40);
+  EXPECT_NEAR(model.ZoomXMin, low, 1e-9);
+  EXPECT_NEAR(model.ZoomXMax, low + 10, 1e-9);
+  EXPECT_TRUE(model.OriginalDataMode);  // the new section was brought in
+  EXPECT_EQ(model.Plots[1].ChannelIndex, 1);
+  expect_drawn(0, 1, model.PlotOffsetPoints[1], 1000);
+  EXPECT_NEAR(model.PlotOffsetPoints[1], low * 100, 3);
+}
+
+TEST_F(ZoomEndTest, OriginalSectionShrinksIntoANarrowSurveyBand) {
+  open({});
+  mark(2);
+  click_tool(model, "TB_ZOOMHORZ");
+  band(150, 160);
+  survey_band(20, 24);
+  const f64 padding = margin(4);
+  EXPECT_NEAR(model.ZoomXMin, 20 + padding, 1e-9);
+  EXPECT_NEAR(model.ZoomXMax, 24 - padding, 1e-9);
+  EXPECT_TRUE(model.OriginalDataMode);
+}
+
+TEST_F(ZoomEndTest, YLimitsOfTheSurveyGoAlongForOneLayer) {
+  open({});
+  mark(2);
+  click_tool(model, "TB_ZOOMRECT");
+  model.PESGSurvey.pending.layers[0].ZoomMinY = -50;
+  model.PESGSurvey.pending.layers[0].ZoomMaxY = 70;
+  survey_band(20, 190);
+  EXPECT_EQ(model.ZoomYMin, -50);
+  EXPECT_EQ(model.ZoomYMax, 70);
+}
+
+TEST_F(ZoomEndTest, ResetShowsAllOfTheRecordingAgain) {
+  open({});
+  mark(2);
+  click_tool(model, "TB_ZOOMHORZ");
+  survey_band(20, 190);
+  band(50, 60);
+  run_command(model, "mnuResetZoom");
+  EXPECT_FALSE(model.Zoomed);
+  EXPECT_FALSE(model.SurveyZoom);
+  EXPECT_FALSE(model.OriginalDataMode);
+  EXPECT_EQ(model.Plots[1].FileKind, kKindReducedPairs);
+  EXPECT_EQ(model.Plots[1].ChannelIndex, 1);
+  EXPECT_DOUBLE_EQ(model.ZoomXMin, 0);
+  EXPECT_FALSE(model.PESG.shown().ZoomActive);
+  EXPECT_FALSE(model.PESGSurvey.shown().ZoomActive);
+  EXPECT_EQ(model.PESGSurvey.shown().SubTitle, "");
+  EXPECT_EQ(model.controls["ZoomPointsBox"].back_color, kWhite);
+  EXPECT_TRUE(model.controls["mnuDBOffset"].enabled);
+  EXPECT_TRUE(model.controls["mnuXUnit"].enabled);
+  EXPECT_EQ(model.controls["TB_ZOOMHORZ"].tag, "");
+}
+
+}  // namespace
+}  // namespace trendaro
