@@ -46,7 +46,7 @@ void show_points(Model& model) {
     return;
   }
   const f64 points = (model.ZoomXMax - model.ZoomXMin) / model.CompressedDXMax * model.ActiveReduceFactor / 2;
-  if (std::isfinite(points)) box.text = count_text(points);
+  if (std::isfinite(points)) box.text = count_text(std::nearbyint(points));  // x is of single precision
 }
 
 void set_graphs_to_full_range(Model& model) {

@@ -2,7 +2,7 @@
 
 namespace trendaro {
 
-AxisSettings left_axis(const LayerProperties& layer) {
+YAxisSettings left_axis(const LayerProperties& layer) {
   return {.manual_scale = layer.ManualScaleControlY,
           .low = layer.ManualMinY,
           .high = layer.ManualMaxY,
@@ -16,7 +16,7 @@ AxisSettings left_axis(const LayerProperties& layer) {
           .inverted = layer.InvertedYAxis};
 }
 
-AxisSettings right_axis(const LayerProperties& layer) {
+YAxisSettings right_axis(const LayerProperties& layer) {
   return {.manual_scale = layer.ManualScaleControlRY,
           .low = layer.ManualMinRY,
           .high = layer.ManualMaxRY,
@@ -30,7 +30,7 @@ AxisSettings right_axis(const LayerProperties& layer) {
           .inverted = layer.InvertedRYAxis};
 }
 
-void write_left_axis(LayerProperties& layer, const AxisSettings& settings) {
+void write_left_axis(LayerProperties& layer, const YAxisSettings& settings) {
   layer.ManualScaleControlY = settings.manual_scale;
   layer.ManualMinY = settings.low;
   layer.ManualMaxY = settings.high;
@@ -44,7 +44,7 @@ void write_left_axis(LayerProperties& layer, const AxisSettings& settings) {
   layer.InvertedYAxis = settings.inverted;
 }
 
-void write_right_axis(LayerProperties& layer, const AxisSettings& settings) {
+void write_right_axis(LayerProperties& layer, const YAxisSettings& settings) {
   layer.ManualScaleControlRY = settings.manual_scale;
   layer.ManualMinRY = settings.low;
   layer.ManualMaxRY = settings.high;

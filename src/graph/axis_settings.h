@@ -9,7 +9,7 @@
 namespace trendaro {
 
 // The settings of one y axis that a user can make.
-struct AxisSettings {
+struct YAxisSettings {
   i16 manual_scale = 0;  // 0 scaled to the data, 3 both limits given
   f64 low = 0, high = 0;
   i32 scale_kind = 1;
@@ -22,14 +22,14 @@ struct AxisSettings {
 
 // The y axes of the layers that a zoom takes off the main graph, until the layers come back.
 struct SavedAxes {
-  std::vector<AxisSettings> left, right;  // index: layer from 0
-  i16 StoredAxisCount = 0;                // layers held
+  std::vector<YAxisSettings> left, right;  // index: layer from 0
+  i16 StoredAxisCount = 0;                 // layers held
   bool AxesStored = false;
 };
 
-AxisSettings left_axis(const LayerProperties& layer);
-AxisSettings right_axis(const LayerProperties& layer);
-void write_left_axis(LayerProperties& layer, const AxisSettings& settings);
-void write_right_axis(LayerProperties& layer, const AxisSettings& settings);
+YAxisSettings left_axis(const LayerProperties& layer);
+YAxisSettings right_axis(const LayerProperties& layer);
+void write_left_axis(LayerProperties& layer, const YAxisSettings& settings);
+void write_right_axis(LayerProperties& layer, const YAxisSettings& settings);
 
 }  // namespace trendaro

@@ -16,7 +16,7 @@ constexpr f64 kNullValueOfSetUp = -1000000;
 constexpr std::size_t kLayersOnShow = 3;
 
 // The limits of an axis are kept in single precision, so a long range loses digits here.
-void pass_limits_through_single_precision(AxisSettings& axis) {
+void pass_limits_through_single_precision(YAxisSettings& axis) {
   axis.low = static_cast<f32>(axis.low);
   axis.high = static_cast<f32>(axis.high);
 }
@@ -24,7 +24,7 @@ void pass_limits_through_single_precision(AxisSettings& axis) {
 // The settings that outlive the reset.
 struct Capture {
   GraphProperties graph;  // without data
-  std::array<AxisSettings, kGraphLayers> left, right;
+  std::array<YAxisSettings, kGraphLayers> left, right;
 };
 
 Capture capture(const GraphSurface& surface) {
@@ -116,8 +116,8 @@ void write_x_axis(GraphProperties& graph, const GraphProperties& kept) {
 }
 
 // Where the settings of an axis come from: the saved layers first, then the captured ones in their order.
-const AxisSettings& axis_source(const std::vector<AxisSettings>& saved, std::size_t stored,
-                                const std::array<AxisSettings, kGraphLayers>& captured, std::size_t slot) {
+const YAxisSettings& axis_source(const std::vector<YAxisSettings>& saved, std::size_t stored,
+                                 const std::array<YAxisSettings, kGraphLayers>& captured, std::size_t slot) {
   return slot < stored && slot < saved.size() ? saved[slot] : captured[slot - std::min(stored, slot)];
 }
 

@@ -92,13 +92,22 @@ void press_horizontal_mode(Model& model) {
   model.PESG.pending.AllowZooming = kHorizontal;
 }
 
+// From the pointer to the other limit. A pointer beyond the other limit has left its line behind: the lines
+// count then as they stand.
+XWindow dropped_section(const Model& model) {
+  const XWindow section =
+      model.StartAnnoDrag == 0 ? XWindow{model.XPos, model.ZoomXMax} : XWindow{model.ZoomXMin, model.XPos};
+  return section.width() < 0 ? lines_of(model) : section;
+}
+
 void zoom_compressed_section(Model& model) {
   GraphProperties& graph = model.PESG.pending;
   if (!graph.ZoomActive) press_horizontal_mode(model);
   graph.ZoomActive = true;
   model.PESGSurvey.pending.AllowZooming = kBoth;
-  graph.ZoomMinX = model.StartAnnoDrag == 0 ? model.XPos : model.ZoomXMin;
-  graph.ZoomMaxX = model.StartAnnoDrag == 0 ? model.ZoomXMax : model.XPos;
+  const XWindow section = dropped_section(model);
+  graph.ZoomMinX = section.low;
+  graph.ZoomMaxX = section.high;
   if (!model.gMultiLayer) {
     LayerProperties& layer = zoomed_layer(model, model.PESG);
     layer.ZoomMinY = model.ZoomYMin;

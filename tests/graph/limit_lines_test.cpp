@@ -59,7 +59,7 @@ TEST_F(LimitLinesTest, LinesAreHiddenWhereTheyMeanNothing) {
   model.HasFullDataPlot = false;
   RedrawSurvAnnotation(model);
   EXPECT_TRUE(model.PESGSurvey.shown().ShowAnnotations);
-  mark(2);  // takes the only mark away
+  click_check_cell(model, 2, 0);
   RedrawSurvAnnotation(model);
   EXPECT_FALSE(model.PESGSurvey.shown().ShowAnnotations);
 }
@@ -140,6 +140,17 @@ TEST_F(LimitLinesTest, LetGoLineMovesTheSection) {
   expect_drawn(0, 1, 12000, 7990);
 }
 
+TEST_F(LimitLinesTest, PointerBeyondTheOtherLineLeavesTheLinesAsTheyStand) {
+  open({});
+  mark(2);
+  zoom(20, 180);
+  drag(0, 100);
+  drag_limit_line(model, 190, 0);
+  drop_limit_line(model);
+  EXPECT_DOUBLE_EQ(model.ZoomXMin, 100);
+  EXPECT_DOUBLE_EQ(model.ZoomXMax, 180);
+}
+
 TEST_F(LimitLinesTest, LetGoRightLineKeepsTheLeftLimit) {
   open({});
   mark(2);
@@ -199,6 +210,8 @@ TEST_F(LimitLinesTest, LoweredBoundShowsTheCompressedDisplayAgain) {
   drag(0, 70);
   drop_limit_line(model);
   EXPECT_FALSE(model.OriginalDataMode);
+  EXPECT_NEAR(model.ZoomXMin, 70, 1e-9);
+  EXPECT_NEAR(model.ZoomXMax, 80, 1e-9);
   EXPECT_EQ(model.Plots[1].FileKind, kKindReducedPairs);
   EXPECT_EQ(model.Plots[1].ChannelIndex, 1);
   EXPECT_EQ(model.controls["ZoomPointsBox"].back_color, kWhite);

@@ -24,7 +24,7 @@ constexpr i32 kFitLineType = 9;                // a little stronger than the cur
 constexpr f64 kMarkedDistance = 6;             // pixels between samples from which each is marked
 constexpr f64 kMarkSize = 4;
 
-void draw_points(const CurveTask& task, const CurveOutline& outline) {
+void draw_points(const PaintTask& task, const CurveOutline& outline) {
   const Symbol symbol =
       make_symbol(point_type_of(task.shown, task.place.subset), symbol_size(task.shown.DataPointSize));
   const PixelRectangle visible = widened(task.area);
@@ -56,13 +56,13 @@ CurveOutline stepped(const CurveOutline& outline) {
   return steps;
 }
 
-CurveOutline outline_of(const CurveTask& task, std::size_t most_per_column, std::size_t neighbours) {
+CurveOutline outline_of(const PaintTask& task, std::size_t most_per_column, std::size_t neighbours) {
   return curve_outline(curve_samples(task.shown, task.place.subset), task.x_scale, task.y_scale, task.area,
                        {1 / DeviceGrid(task.painter).ratio(), most_per_column, neighbours});
 }
 
 // The fit over the part of the picture in which the curve has points.
-CurveOutline fit_outline(const CurveTask& task, const Polynomial& fit) {
+CurveOutline fit_outline(const PaintTask& task, const Polynomial& fit) {
   const PointExtent& whole = curve_samples(task.shown, task.place.subset).extents->whole;
   const f64 ends[] = {pixel_of(task.x_scale, whole.x_low), pixel_of(task.x_scale, whole.x_high)};
   const auto edge = [&](f64 pixel, f64 otherwise) {
@@ -84,7 +84,7 @@ CurveOutline fit_outline(const CurveTask& task, const Polynomial& fit) {
   return outline;
 }
 
-void draw_fit(const CurveTask& task, MethodOverlay overlay) {
+void draw_fit(const PaintTask& task, MethodOverlay overlay) {
   const auto& fits = task.shown.curve_fits;
   if (!fits || task.place.subset >= fits->curves.size() || !fits->curves[task.place.subset]) return;
   const CurveFit& fit = *fits->curves[task.place.subset];
@@ -92,7 +92,7 @@ void draw_fit(const CurveTask& task, MethodOverlay overlay) {
              blended(task.color, QColor(Qt::black), kFitShade));
 }
 
-void draw_body(const CurveTask& task, MethodBody body) {
+void draw_body(const PaintTask& task, MethodBody body) {
   const CurveOutline outline = outline_of(task, 4, 1);
   switch (body) {
     case MethodBody::None:
@@ -127,7 +127,7 @@ void draw_body(const CurveTask& task, MethodBody body) {
   }
 }
 
-void draw_overlay(const CurveTask& task, const MethodParts& parts) {
+void draw_overlay(const PaintTask& task, const MethodParts& parts) {
   if (parts.overlay == MethodOverlay::None) return;
   if (parts.overlay != MethodOverlay::Spline) {
     draw_fit(task, parts.overlay);
@@ -141,7 +141,7 @@ void draw_overlay(const CurveTask& task, const MethodParts& parts) {
 }
 
 // While a cursor is on, the samples of a line show where it can stand, as far as there is room for them.
-void mark_samples(const CurveTask& task) {
+void mark_samples(const PaintTask& task) {
   const CurveOutline outline = outline_of(task, 4, 1);
   if (static_cast<f64>(outline.points.size()) * kMarkedDistance > task.area.width) return;
   const Symbol symbol = make_symbol(5, kMarkSize);
@@ -150,7 +150,7 @@ void mark_samples(const CurveTask& task) {
       paint_symbol(task.painter, symbol, {point.x, point.y}, task.color);
 }
 
-void draw_curve(const CurveTask& task) {
+void draw_curve(const PaintTask& task) {
   const MethodParts parts = method_parts(task.place.method);
   if (curve_samples(task.shown, task.place.subset).count == 0) return;
   if (parts.body != MethodBody::None) draw_body(task, parts.body);
@@ -161,7 +161,7 @@ void draw_curve(const CurveTask& task) {
 
 }  // namespace
 
-CurveTask curve_task(QPainter& painter, const GraphProperties& shown, const GraphLayout& layout,
+PaintTask curve_task(QPainter& painter, const GraphProperties& shown, const GraphLayout& layout,
                      const CurvePlace& place) {
   const LayerLayout& layer = layout.layers[place.slot];
   return {painter,

@@ -9,7 +9,7 @@
 namespace trendaro {
 
 // One curve on its way to the paper.
-struct CurveTask {
+struct PaintTask {
   QPainter& painter;
   const GraphProperties& shown;
   const GraphLayout& layout;
@@ -21,7 +21,7 @@ struct CurveTask {
 };
 
 // The task for a curve of the layout.
-CurveTask curve_task(QPainter& painter, const GraphProperties& shown, const GraphLayout& layout,
+PaintTask curve_task(QPainter& painter, const GraphProperties& shown, const GraphLayout& layout,
                      const CurvePlace& place);
 
 // The level from which bars and areas grow: zero, or the edge of the axis nearest to it.
@@ -31,10 +31,10 @@ f64 base_line(const AxisScale& scale);
 PixelRectangle widened(const PixelRectangle& area);
 
 // The outline in the line type of the curve, and in a type of the caller's choice.
-void draw_lines(const CurveTask& task, const CurveOutline& outline);
-void draw_lines(const CurveTask& task, const CurveOutline& outline, i32 line_type, const QColor& color);
+void draw_lines(const PaintTask& task, const CurveOutline& outline);
+void draw_lines(const PaintTask& task, const CurveOutline& outline, i32 line_type, const QColor& color);
 
 // What lies between an outline and the base line, filled.
-void fill_to_base(const CurveTask& task, const CurveOutline& outline, const QColor& fill);
+void fill_to_base(const PaintTask& task, const CurveOutline& outline, const QColor& fill);
 
 }  // namespace trendaro

@@ -27,7 +27,7 @@ struct BarShare {
   std::size_t index = 0, count = 0;
 };
 
-BarShare bar_share(const CurveTask& task) {
+BarShare bar_share(const PaintTask& task) {
   BarShare share;
   for (const CurvePlace& place : task.layout.curves) {
     if (place.slot != task.place.slot || method_parts(place.method).body != MethodBody::Bars) continue;
@@ -49,7 +49,7 @@ f64 bar_room(const CurveOutline& outline) {
 }
 
 // The levels of the labelled ticks and the edges, from top to bottom.
-std::vector<f64> band_levels(const CurveTask& task) {
+std::vector<f64> band_levels(const PaintTask& task) {
   const LayerLayout& layer = task.layout.layers[task.place.slot];
   std::vector<f64> levels = task.place.right ? layer.right.major : layer.left.major;
   levels.push_back(task.area.y);
@@ -63,7 +63,7 @@ std::vector<f64> band_levels(const CurveTask& task) {
 // Draws the same thing once for each band between two levels, cut to it, in a colour that gains from bottom
 // to top.
 template <typename Draw>
-void draw_in_bands(const CurveTask& task, Draw draw) {
+void draw_in_bands(const PaintTask& task, Draw draw) {
   const std::vector<f64> levels = band_levels(task);
   const QColor back = graph_color(task.shown.GraphBackColor);
   const auto bands = static_cast<f64>(levels.size() - 1);
@@ -78,14 +78,14 @@ void draw_in_bands(const CurveTask& task, Draw draw) {
 }
 
 // The outline in values of its axes.
-CurveOutline in_values(const CurveTask& task, CurveOutline outline) {
+CurveOutline in_values(const PaintTask& task, CurveOutline outline) {
   for (PixelPoint& point : outline.points)
     point = {value_of(task.x_scale, point.x), value_of(task.y_scale, point.y)};
   return outline;
 }
 
 // The way back; a place without a pixel lies on the base.
-std::vector<QPointF> in_pixels(const CurveTask& task, const std::vector<f64>& x, const std::vector<f64>& y) {
+std::vector<QPointF> in_pixels(const PaintTask& task, const std::vector<f64>& x, const std::vector<f64>& y) {
   const PixelRectangle visible = widened(task.area);
   std::vector<QPointF> points;
   for (std::size_t i = 0; i < x.size(); ++i) {
@@ -97,8 +97,8 @@ std::vector<QPointF> in_pixels(const CurveTask& task, const std::vector<f64>& x,
   return points;
 }
 
-std::vector<CurveTask> stack_of(const CurveTask& task) {
-  std::vector<CurveTask> tasks;
+std::vector<PaintTask> stack_of(const PaintTask& task) {
+  std::vector<PaintTask> tasks;
   for (const CurvePlace& place : task.layout.curves)
     if (place.slot == task.place.slot && place.right == task.place.right &&
         method_parts(place.method).body == MethodBody::Stack)
@@ -106,7 +106,7 @@ std::vector<CurveTask> stack_of(const CurveTask& task) {
   return tasks;
 }
 
-void draw_band(const CurveTask& task, const StackedBand& band) {
+void draw_band(const PaintTask& task, const StackedBand& band) {
   const std::vector<QPointF> top = in_pixels(task, band.x, band.high);
   std::vector<QPointF> outline = in_pixels(task, band.x, band.low);
   std::reverse(outline.begin(), outline.end());
@@ -122,7 +122,7 @@ void draw_band(const CurveTask& task, const StackedBand& band) {
 
 }  // namespace
 
-void fill_to_base(const CurveTask& task, const CurveOutline& outline, const QColor& fill) {
+void fill_to_base(const PaintTask& task, const CurveOutline& outline, const QColor& fill) {
   const f64 base = base_line(task.y_scale);
   const PixelRectangle visible = widened(task.area);
   const auto inside = [&](const PixelPoint& point) {
@@ -140,7 +140,7 @@ void fill_to_base(const CurveTask& task, const CurveOutline& outline, const QCol
   });
 }
 
-void draw_bars(const CurveTask& task, const CurveOutline& outline) {
+void draw_bars(const PaintTask& task, const CurveOutline& outline) {
   const DeviceGrid grid(task.painter);
   const f64 base = base_line(task.y_scale);
   const BarShare share = bar_share(task);
@@ -159,14 +159,14 @@ void draw_bars(const CurveTask& task, const CurveOutline& outline) {
   }
 }
 
-void draw_area(const CurveTask& task, const CurveOutline& outline) {
+void draw_area(const PaintTask& task, const CurveOutline& outline) {
   QColor fill = task.color;
   fill.setAlphaF(static_cast<float>(kAreaShare));
   fill_to_base(task, outline, fill);
   draw_lines(task, outline);
 }
 
-void draw_ribbon(const CurveTask& task, const CurveOutline& outline) {
+void draw_ribbon(const PaintTask& task, const CurveOutline& outline) {
   const CurveOutline inside = clipped(outline, widened(task.area));
   const QColor back = graph_color(task.shown.GraphBackColor);
   const QColor face = blended(task.color, back, 0.55);
@@ -187,16 +187,16 @@ void draw_ribbon(const CurveTask& task, const CurveOutline& outline) {
   draw_lines(task, inside);
 }
 
-void draw_contour_lines(const CurveTask& task, const CurveOutline& outline) {
+void draw_contour_lines(const PaintTask& task, const CurveOutline& outline) {
   const i32 line_type = line_type_of(task.shown, task.place.subset);
   draw_in_bands(task, [&](const QColor& color) { draw_lines(task, outline, line_type, color); });
 }
 
-void draw_contour_areas(const CurveTask& task, const CurveOutline& outline) {
+void draw_contour_areas(const PaintTask& task, const CurveOutline& outline) {
   draw_in_bands(task, [&](const QColor& color) { fill_to_base(task, outline, color); });
 }
 
-void draw_bubbles(const CurveTask& task, const CurveOutline& outline) {
+void draw_bubbles(const PaintTask& task, const CurveOutline& outline) {
   const PointExtent& whole = curve_samples(task.shown, task.place.subset).extents->whole;
   const f64 largest =
       std::max(std::abs(static_cast<f64>(whole.y_low)), std::abs(static_cast<f64>(whole.y_high)));
@@ -215,12 +215,12 @@ void draw_bubbles(const CurveTask& task, const CurveOutline& outline) {
   }
 }
 
-void draw_stack(const CurveTask& task) {
-  const std::vector<CurveTask> tasks = stack_of(task);
+void draw_stack(const PaintTask& task) {
+  const std::vector<PaintTask> tasks = stack_of(task);
   if (tasks.empty() || tasks.front().place.subset != task.place.subset) return;
   const f64 column_width = 1 / DeviceGrid(task.painter).ratio();
   std::vector<CurveOutline> outlines;
-  for (const CurveTask& each : tasks) {
+  for (const PaintTask& each : tasks) {
     const CurveSamples samples = curve_samples(each.shown, each.place.subset);
     const bool ordered = samples.rising || samples.falling;
     outlines.push_back(ordered ? in_values(each, curve_outline(samples, each.x_scale, each.y_scale, each.area,

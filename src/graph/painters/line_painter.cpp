@@ -51,11 +51,11 @@ void draw_bars_of_columns(QPainter& painter, const std::vector<PixelRectangle>& 
 
 }  // namespace
 
-void draw_lines(const CurveTask& task, const CurveOutline& outline) {
+void draw_lines(const PaintTask& task, const CurveOutline& outline) {
   draw_lines(task, outline, line_type_of(task.shown, task.place.subset), task.color);
 }
 
-void draw_lines(const CurveTask& task, const CurveOutline& outline, i32 line_type, const QColor& color) {
+void draw_lines(const PaintTask& task, const CurveOutline& outline, i32 line_type, const QColor& color) {
   QPainter& painter = task.painter;
   const QPen pen = line_pen(line_type, color);
   const std::vector<f64> pattern = dash_pattern(line_type);

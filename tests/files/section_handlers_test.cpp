@@ -1,0 +1,97 @@
+#include "files/section_handlers.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "app/commands.h"
+#include "files/loader.h"
+#include "graph/data_zoom.h"
+#include "support/zoom_fixture.h"
+
+namespace trendaro {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+// 100 samples a second; the recording behind every envelope is looked for with the extension MEA.
+class SectionHandlersTest : public ZoomFixture {
+ protected:
+  void zoom(f64 low, f64 high) {
+    set_limits(low, high);
+    DataZoom(model);
+  }
+  void write_recording(const std::string& name) {
+    write_file(folder.file(name), ZoomRecording{}.original().bytes());
+  }
+  // The values of one channel of the section that was written.
+  SampleArray section_values(i16 channel) {
+    EXPECT_EQ(LoadMeasurementFile(model, 1, target(), channel, 0), LoadStatus::Done);
+    return model.FileChannelValues;
+  }
+  [[nodiscard]] std::string target() const { return folder.file("Ausschnitt.MEA"); }
+};
+
+TEST_F(SectionHandlersTest, SectionOnShowBecomesARecording) {
+  open({});
+  write_recording("lauf.MEA");
+  mark(2);
+  zoom(50, 60);
+  shell.files = {target()};
+  shell.calls.clear();
+  run_command(model, "mnuCreateMEASection");
+  ASSERT_EQ(shell.dialogs.size(), 1u);
+  EXPECT_EQ(shell.dialogs[0].title, "Ausschnittsdatei aus der ersten Meßwertdatei erzeugen");
+  EXPECT_EQ(shell.dialogs[0].default_name, "*.MEA");
+  EXPECT_EQ(shell.calls.back(), "status 1: Meßwertausschnittsdatei erzeugt.");
+  EXPECT_EQ(model.LastDatabaseStatus, 1);
+  const SampleArray values = section_values(2);
+  ASSERT_EQ(values.size(), 1000u);
+  for (std::size_t i = 0; i < values.size(); ++i)
+    ASSERT_NEAR(values[i], ZoomRecording::known_sample(2, static_cast<i64>(5000 + i)), 0.01) << i;
+}
+
+TEST_F(SectionHandlersTest, RecordingOfAnotherExtensionIsNotTaken) {
+  open({});  // lauf.ME1 is there, lauf.MEA is not
+  mark(2);
+  zoom(50, 60);
+  shell.files = {target()};
+  run_command(model, "mnuCreateMEASection");
+  EXPECT_THAT(shell.messages(), ElementsAre("Trendaro: Fehler bei Öffnen der Datei!"));
+  EXPECT_EQ(model.LastDatabaseStatus, -1);
+}
+
+TEST_F(SectionHandlersTest, EndsAtOnceWithoutASectionAndForFullData) {
+  write_recording("lauf.ME1");
+  AddFileToGrid(model, folder.file("lauf.ME1"), false);
+  run_command(model, "mnuCreateMEASection");
+  mark(2);
+  model.ZoomPoints = 100;
+  run_command(model, "mnuCreateMEASection");
+  EXPECT_THAT(shell.dialogs, IsEmpty());
+  EXPECT_THAT(shell.messages(), IsEmpty());
+}
+
+TEST_F(SectionHandlersTest, PlotsWithoutEnvelopeAreToldOf) {
+  open({});
+  mark(2);
+  zoom(50, 60);
+  model.Plots[1].Title = "Kanal 1@/ordner/lauf.REB";
+  run_command(model, "mnuCreateMEASection");
+  EXPECT_THAT(shell.messages(), ElementsAre("Trendaro: Es wird keine komprimierte Meßwertdatei angezeigt."));
+  EXPECT_THAT(shell.dialogs, IsEmpty());
+}
+
+TEST_F(SectionHandlersTest, GivenUpDialogWritesNothing) {
+  open({});
+  write_recording("lauf.MEA");
+  mark(2);
+  zoom(50, 60);
+  run_command(model, "mnuCreateMEASection");
+  EXPECT_EQ(shell.dialogs.size(), 1u);
+  EXPECT_THAT(shell.messages(), IsEmpty());
+  EXPECT_NE(shell.calls.back(), "status 1: Meßwertausschnittsdatei erzeugt.");
+}
+
+}  // namespace
+}  // namespace trendaro
