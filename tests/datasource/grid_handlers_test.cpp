@@ -237,7 +237,8 @@ TEST_F(GridHandlersTest, ZoomInsideOfTheDataStays) {
   model.PESG.pending.AllowZooming = 3;
   mark(3);
   EXPECT_TRUE(model.Zoomed);
-  EXPECT_EQ(model.controls["ZoomPointsBox"].text, "1");
+  // The section is zoomed again, here the whole recording.
+  EXPECT_EQ(model.controls["ZoomPointsBox"].text, "8");
   EXPECT_EQ(model.PESG.pending.AllowZooming, 3);
 }
 

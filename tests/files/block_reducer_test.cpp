@@ -143,6 +143,7 @@ TEST_F(BlockReducerTest, HalfAValueCountsOnlyBehindAnOddNumber) {
   EXPECT_EQ(result(), reduced(file, 2, {{5, 0}}));
   EXPECT_EQ(reduce(with_half_behind({5, 6}), 2), ReduceStatus::Done);
   EXPECT_EQ(result(), reduced(file, 2, {{5, 6}}));
+  std::filesystem::remove(target());
   EXPECT_EQ(reduce(with_half_behind({5, 6}), 3), ReduceStatus::Done);
   EXPECT_EQ(result(), reduced(file, 3, {{}}));
 }

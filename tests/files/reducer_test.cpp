@@ -99,6 +99,7 @@ TEST_F(ReducerTest, NumberAndLastPairFollowTheRest) {
        {Row{10, 100, 20, {90, 99}}, Row{100, 1050, 20, {900, 1049}}, Row{100, 1040, 22, {1000, 1039}},
         Row{100, 1002, 20, {900, 1001}}, Row{100, 150, 4, {100, 149}}, Row{100, 50, 0, {}}}) {
     StandardFile file{.channels = {{.samples = ramp(row.samples)}}};
+    std::filesystem::remove(target());  // an older target is not cut
     ASSERT_EQ(reduce(file.build().bytes(), row.block), ReduceStatus::Done);
     std::vector<f64> pairs;
     for (std::size_t pair = 0; 2 * pair < row.values; ++pair) {

@@ -269,7 +269,9 @@ class ZoomWalkTest : public ZoomFixture, public testing::WithParamInterface<Walk
       }
       const i64 sample = reckoned.first + static_cast<i64>(i);
       ASSERT_NEAR(y, ZoomRecording::known_sample(channel, sample), 0.01) << "sample " << sample;
-      if (i % 97 == 0) ASSERT_NEAR(points_of(drawn_x(begin + i)) * kBlock, static_cast<f64>(sample), 0.01);
+      if (i % 97 == 0) {
+        ASSERT_NEAR(points_of(drawn_x(begin + i)) * kBlock, static_cast<f64>(sample), 0.01);
+      }
     }
   }
   // Lowest and highest sample of some blocks, at the block's place.
