@@ -22,6 +22,8 @@
 #include "datasource/channel_grid.h"
 #include "datasource/file_list.h"
 #include "datasource/grid_handlers.h"
+#include "graph/graph_handlers.h"
+#include "graph/graph_widget.h"
 
 namespace trendaro {
 namespace {
@@ -61,6 +63,8 @@ Kelmira::Kelmira(Model& model, WindowShell& shell)
   connect_menus();
   connect_tool_bar();
   connect_list();
+  connect_graph(panes_->graph(), model_.PESG);
+  connect_graph(panes_->survey(), model_.PESGSurvey);
   shell_.attach(this, status_bar_);
   mirror();
 }
@@ -69,7 +73,8 @@ Kelmira::~Kelmira() {
   shell_.attach(nullptr, nullptr);
 }
 
-void Kelmira::run(const std::function<void()>& handler) {
+// Tells a failure that the handler lets out.
+void Kelmira::guarded(const std::function<void()>& handler) {
   try {
     handler();
   } catch (const RunTimeError& failure) {
@@ -79,6 +84,10 @@ void Kelmira::run(const std::function<void()>& handler) {
   } catch (const std::exception&) {
     tell_failure(model_.shell, kInvalidArgument);
   }
+}
+
+void Kelmira::run(const std::function<void()>& handler) {
+  guarded(handler);
   mirror();
 }
 
@@ -125,6 +134,20 @@ void Kelmira::connect_list() {
   };
   connect(&panes_->x_source(), &QComboBox::activated, this,
           [this](int entry) { run([&] { click_xSrc(model_, static_cast<i16>(entry)); }); });
+}
+
+void Kelmira::connect_graph(GraphWidget& widget, const GraphSurface& graph) {
+  connect(&widget, &GraphWidget::happened, this,
+          [this, &graph](const GraphEvent& event) { follow_graph(graph, event); });
+}
+
+// The graph brings itself in line; with a step of the pointer only the toolbar follows, for the list may be
+// long.
+void Kelmira::follow_graph(const GraphSurface& graph, const GraphEvent& event) {
+  const auto handle = [&] { handle_graph_event(model_, graph, event); };
+  if (!is_pointer_step(event)) return run(handle);
+  guarded(handle);
+  tool_bar_->mirror(model_.controls);
 }
 
 void Kelmira::open_channel_menu(int row, int column, const QPoint& global_position) {

@@ -7,11 +7,14 @@
 
 namespace trendaro {
 
+class GraphWidget;
 class MenuBar;
 class PaneArea;
 class StatusBar;
 class ToolBar;
 class WindowShell;
+struct GraphEvent;
+class GraphSurface;
 struct Model;
 
 // The main window. Widgets tell it what the user did; it calls the handler of the model and then mirrors the
@@ -45,6 +48,9 @@ class Kelmira : public QMainWindow {
   void connect_menus();
   void connect_tool_bar();
   void connect_list();
+  void connect_graph(GraphWidget& widget, const GraphSurface& graph);
+  void guarded(const std::function<void()>& handler);
+  void follow_graph(const GraphSurface& graph, const GraphEvent& event);
   void open_channel_menu(int row, int column, const QPoint& global_position);
   void remove_active_file();
   void open_dropped(const std::vector<std::string>& paths);

@@ -19,18 +19,23 @@ T at_or(const std::vector<T>& list, std::size_t index, T other) {
   return index < list.size() ? list[index] : other;
 }
 
-bool layer_is_on_show(const GraphLayout& layout, i32 layer) {
-  return std::any_of(layout.layers.begin(), layout.layers.end(),
-                     [&](const LayerLayout& each) { return static_cast<i32>(each.layer) == layer; });
+// The place of values in a layer, whose annotations count on its right axis where no curve hangs on the left
+// one. Nothing where the layer is not on show.
+std::optional<GraphPlace> place_in_layer(const GraphLayout& layout, i32 layer, f64 x, f64 y) {
+  const auto found = std::find_if(layout.layers.begin(), layout.layers.end(), [&](const LayerLayout& each) {
+    return static_cast<i32>(each.layer) == layer;
+  });
+  if (found == layout.layers.end()) return std::nullopt;
+  return GraphPlace{x, y, static_cast<i16>(layer), !found->has_left && found->has_right};
 }
 
 std::optional<PixelPoint> point_place(const GraphProperties& shown, const GraphLayout& layout,
                                       std::size_t entry) {
-  const i32 layer = at_or(shown.GraphAnnotationAxis, entry, 0);
-  if (entry >= shown.GraphAnnotationX.size() || !layer_is_on_show(layout, layer)) return std::nullopt;
-  const GraphPlace place{shown.GraphAnnotationX[entry], at_or(shown.GraphAnnotationY, entry, 0.0),
-                         static_cast<i16>(layer)};
-  const PixelPoint pixel = PEconvpixeltograph(layout, place);
+  if (entry >= shown.GraphAnnotationX.size()) return std::nullopt;
+  const auto place = place_in_layer(layout, at_or(shown.GraphAnnotationAxis, entry, 0),
+                                    shown.GraphAnnotationX[entry], at_or(shown.GraphAnnotationY, entry, 0.0));
+  if (!place) return std::nullopt;
+  const PixelPoint pixel = PEconvpixeltograph(layout, *place);
   if (!std::isfinite(pixel.x) || !std::isfinite(pixel.y)) return std::nullopt;
   return pixel;
 }
@@ -67,12 +72,12 @@ GraphTarget point_annotation_at(const GraphProperties& shown, const GraphLayout&
 GraphTarget horizontal_line_at(const GraphProperties& shown, const GraphLayout& layout, PixelPoint place) {
   for (std::size_t entry = shown.HorzLineAnnotation.size(); entry-- > 0;) {
     const i32 number = at_or(shown.HorzLineAnnotationAxis, entry, 0);
-    if (!layer_is_on_show(layout, number)) continue;
-    const GraphPlace line{layout.x_axis.scale.minimum, shown.HorzLineAnnotation[entry],
-                          static_cast<i16>(number)};
+    const auto line =
+        place_in_layer(layout, number, layout.x_axis.scale.minimum, shown.HorzLineAnnotation[entry]);
+    if (!line) continue;
     const LayerLayout& layer = layout.layers[slot_at(layout, place.y)];
     const bool same_layer = static_cast<i32>(layer.layer) == number;
-    if (same_layer && std::abs(PEconvpixeltograph(layout, line).y - place.y) <= kReach)
+    if (same_layer && std::abs(PEconvpixeltograph(layout, *line).y - place.y) <= kReach)
       return {TargetKind::HorzLine, static_cast<i32>(entry)};
   }
   return {};

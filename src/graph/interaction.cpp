@@ -164,10 +164,11 @@ GraphEvents double_click_pointer(Interaction& interaction, GraphSurface& graph, 
   return {event};
 }
 
-GraphEvents press_graph_key(GraphSurface& graph, const GraphLayout& layout, GraphKey key, bool& taken) {
+GraphEvents press_graph_key(const Interaction& interaction, GraphSurface& graph, const GraphLayout& layout,
+                            GraphKey key, bool& taken) {
   taken = true;
   if (key == GraphKey::Undo) {
-    taken = undo_zoom(graph);
+    taken = !interaction.has_limit_lines && undo_zoom(graph);
     return taken ? GraphEvents{event_at(GraphEventKind::ZoomUndo, layout, middle_of(layout))} : GraphEvents{};
   }
   if (graph.pending.CursorMode != kCursorOff) {

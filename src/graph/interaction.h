@@ -43,8 +43,10 @@ GraphEvents double_click_pointer(Interaction& interaction, GraphSurface& graph, 
 
 // A key that a graph understands.
 enum class GraphKey : u8 { Left, Right, Up, Down, PageUp, PageDown, Home, End, Undo };
-// `taken` tells whether the graph has a use for the key now.
-GraphEvents press_graph_key(GraphSurface& graph, const GraphLayout& layout, GraphKey key, bool& taken);
+// `taken` tells whether the graph has a use for the key now. A graph with limit lines has no Undo: its
+// section stands for more than itself.
+GraphEvents press_graph_key(const Interaction& interaction, GraphSurface& graph, const GraphLayout& layout,
+                            GraphKey key, bool& taken);
 
 // Ends what the pointer is doing without its result: the Escape key, or the pointer was taken away. A rubber
 // band goes without an event. Whether there was anything to end is told by `drag` beforehand.

@@ -62,8 +62,7 @@ void show_width(Model& model, XWindow lines) {
 }
 
 void show_lines(Model& model) {
-  model.PESGSurvey.pending.ShowAnnotations = true;
-  PEactions(model.PESGSurvey, kRedrawFromSettings);
+  write_show_annotations(model.PESGSurvey, true);
 }
 
 // The bound was lowered since: the samples no longer fit.

@@ -83,6 +83,15 @@ TEST_F(GraphTargetTest, WholeLinesAndTheLayerOfTheirs) {
   expect_kind(TargetKind::None, 372, 130);
 }
 
+TEST_F(GraphTargetTest, AnnotationsOfALayerWithoutLeftCurvesCountOnItsRightAxis) {
+  layout.layers[0].has_left = false;
+  annotate(1, 15, 90);  // (250, 60)
+  expect_kind(TargetKind::PointAnnotation, 250, 60);
+  graph.pending.HorzLineAnnotation = {20};  // 130
+  graph.pending.HorzLineAnnotationAxis = {0};
+  expect_kind(TargetKind::HorzLine, 350, 130);
+}
+
 TEST_F(GraphTargetTest, TheOrderDecidesBetweenPointAndAnnotation) {
   annotate(1, 10, 10);
   EXPECT_EQ(static_cast<int>(at(200, 52).kind), static_cast<int>(TargetKind::DataPoint));

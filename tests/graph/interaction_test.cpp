@@ -20,7 +20,7 @@ class InteractionTest : public ::testing::Test {
   GraphEvents release(f64 x, f64 y) {
     return release_pointer(interaction, graph, layout, {x, y}, PointerButton::Left);
   }
-  GraphEvents key(GraphKey key) { return press_graph_key(graph, layout, key, taken); }
+  GraphEvents key(GraphKey key) { return press_graph_key(interaction, graph, layout, key, taken); }
   void show_limit_lines() {
     interaction.has_limit_lines = true;
     graph.pending.ShowAnnotations = true;
@@ -176,6 +176,16 @@ TEST_F(InteractionTest, UndoOfAZoom) {
   release(250, 100);
   expect_one(key(GraphKey::Undo), GraphEventKind::ZoomUndo);
   EXPECT_FALSE(graph.shown().ZoomActive);
+}
+
+TEST_F(InteractionTest, AGraphWithLimitLinesKeepsItsZoom) {
+  graph.pending.AllowZooming = kZoomHorizontal;
+  press(150, 100);
+  release(250, 100);
+  interaction.has_limit_lines = true;
+  EXPECT_TRUE(key(GraphKey::Undo).empty());
+  EXPECT_FALSE(taken);
+  EXPECT_TRUE(graph.shown().ZoomActive);
 }
 
 TEST_F(InteractionTest, DoubleClicksTellTheirTarget) {

@@ -1,0 +1,106 @@
+#include <QLineEdit>
+#include <QMouseEvent>
+
+#include "graph/graph_widget.h"
+#include "support/zoom_recording.h"
+#include "window/window_fixture.h"
+
+namespace trendaro {
+namespace {
+
+// The window with a recording of 200 s on show, 100 samples a second, and a bound below which no section
+// falls.
+class GraphNavigationTest : public WindowTest {
+ protected:
+  GraphNavigationTest() {
+    open_window();
+    write_file(folder.file("lauf.ME1"), ZoomRecording{}.original().bytes());
+    write_file(folder.file("lauf.ST1"), ZoomRecording{}.envelope().bytes());
+    model.controls["PointsBox"].text = "10";
+    window->run([&] { open_file(model, folder.file("lauf.ST1")); });
+    click_cell(1, 1);
+    QApplication::processEvents();
+  }
+
+  GraphWidget* detail() { return find<GraphWidget>("PESG"); }
+  GraphWidget* survey() { return find<GraphWidget>("PESGSurvey"); }
+
+  static QPoint at(GraphWidget* graph, f64 x) {
+    const GraphLayout& layout = graph->layout_on_show();
+    const PixelRectangle& area = layout.layers.at(0).area;
+    return {static_cast<int>(std::lround(pixel_of(layout.x_axis.scale, x))),
+            static_cast<int>(area.y + area.height / 2)};
+  }
+  // Graph units in a pixel across.
+  static f64 unit(GraphWidget* graph) {
+    const AxisScale& scale = graph->layout_on_show().x_axis.scale;
+    return (scale.maximum - scale.minimum) / (scale.last - scale.first);
+  }
+  static void move(GraphWidget* graph, QPoint place) {
+    QMouseEvent event(QEvent::MouseMove, place, graph->mapToGlobal(place), Qt::NoButton, Qt::LeftButton,
+                      Qt::NoModifier);
+    QApplication::sendEvent(graph, &event);
+  }
+  static void pull(GraphWidget* graph, QPoint from, QPoint to) {
+    QTest::mousePress(graph, Qt::LeftButton, Qt::NoModifier, from);
+    move(graph, to);
+    QTest::mouseRelease(graph, Qt::LeftButton, Qt::NoModifier, to);
+  }
+  f64 line(std::size_t index) { return model.PESGSurvey.shown().VertLineAnnotation.at(index); }
+};
+
+TEST_F(GraphNavigationTest, RubberBandMovesDetailGraphAndLimitLines) {
+  click_button("TB_ZOOMHORZ");
+  const f64 pixel = unit(detail());
+  pull(detail(), at(detail(), 50), at(detail(), 120));
+  EXPECT_TRUE(model.Zoomed);
+  EXPECT_NEAR(model.ZoomXMin, 50, pixel);
+  EXPECT_NEAR(model.ZoomXMax, 120, pixel);
+  EXPECT_DOUBLE_EQ(line(0), model.ZoomXMin);
+  EXPECT_NEAR(detail()->layout_on_show().x_axis.scale.minimum, 50, pixel);
+  EXPECT_NEAR(detail()->layout_on_show().x_axis.scale.maximum, 120, pixel);
+}
+
+TEST_F(GraphNavigationTest, NoBandWithoutAZoomMode) {
+  pull(detail(), at(detail(), 50), at(detail(), 120));
+  EXPECT_FALSE(model.Zoomed);
+}
+
+TEST_F(GraphNavigationTest, DraggedLimitLineShowsItsPointsAndMovesTheDetailGraph) {
+  const u64 painted = survey()->pictures_painted();
+  const QPoint start = at(survey(), line(0));
+  QTest::mousePress(survey(), Qt::LeftButton, Qt::NoModifier, start);
+  move(survey(), at(survey(), 100));
+  EXPECT_FALSE(model.Zoomed);
+  const f64 points = find<QLineEdit>("ZoomPointsBox")->text().toDouble();
+  EXPECT_NEAR(points, 10000, 100 * unit(survey()) + 10);  // from 100 s to 200 s
+  survey()->grab();
+  EXPECT_EQ(survey()->pictures_painted(), painted);
+  QTest::mouseRelease(survey(), Qt::LeftButton, Qt::NoModifier, at(survey(), 100));
+  EXPECT_TRUE(model.Zoomed);
+  EXPECT_NEAR(detail()->layout_on_show().x_axis.scale.minimum, 100, unit(survey()));
+}
+
+TEST_F(GraphNavigationTest, EscapeGivesTheDragUp) {
+  const f64 before = line(0);
+  QTest::mousePress(survey(), Qt::LeftButton, Qt::NoModifier, at(survey(), before));
+  move(survey(), at(survey(), 100));
+  EXPECT_NEAR(line(0), 100, unit(survey()));
+  QTest::keyClick(survey(), Qt::Key_Escape);
+  EXPECT_DOUBLE_EQ(line(0), before);
+  QTest::mouseRelease(survey(), Qt::LeftButton, Qt::NoModifier, at(survey(), 100));
+  EXPECT_FALSE(model.Zoomed);
+}
+
+TEST_F(GraphNavigationTest, ArrowKeysOnTheGraphScroll) {
+  click_button("TB_ZOOMHORZ");
+  pull(detail(), at(detail(), 50), at(detail(), 120));
+  model.controls["StepBox"].text = "1000";
+  const f64 start = model.ZoomXMin;
+  QTest::keyClick(detail(), Qt::Key_Right);
+  EXPECT_NEAR(model.ZoomXMin, start + 10, 1e-3);
+  EXPECT_NEAR(detail()->layout_on_show().x_axis.scale.minimum, start + 10, 1e-3);
+}
+
+}  // namespace
+}  // namespace trendaro
