@@ -50,9 +50,10 @@ void fit_columns(QFileDialog& box) {
   header->setSectionResizeMode(kNameColumn, QHeaderView::Stretch);
 }
 
-// "Text (*.A)", or the pattern alone where it is the text as well.
+// "Text (*.A)", or the text alone where it is the pattern or names it in brackets already.
 QString name_filter(const FileFilter& filter) {
-  if (filter.caption == filter.pattern) return qt_text(filter.pattern);
+  if (filter.caption == filter.pattern || filter.caption.ends_with("(" + filter.pattern + ")"))
+    return qt_text(filter.caption);
   return QStringLiteral("%1 (%2)").arg(qt_text(filter.caption), qt_text(filter.pattern));
 }
 
@@ -70,7 +71,10 @@ void prepare(QFileDialog& box, const FileDialog& dialog, const QString& folder,
   QStringList filters;
   for (const FileFilter& filter : dialog.filters) filters << name_filter(filter);
   if (!filters.empty()) box.setNameFilters(filters);
-  if (!dialog.default_name.empty()) box.selectFile(qt_text(dialog.default_name));
+  if (dialog.default_name.starts_with("*."))
+    box.setDefaultSuffix(qt_text(dialog.default_name.substr(2)));
+  else if (!dialog.default_name.empty())
+    box.selectFile(qt_text(dialog.default_name));
   box.setLabelText(QFileDialog::Reject, QStringLiteral("Abbrechen"));
 }
 

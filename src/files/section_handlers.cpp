@@ -50,7 +50,6 @@ i32 row_count(const Model& model, i16 plot) {
 }
 
 void tell_outcome(Model& model, SectionStatus status) {
-  model.LastDatabaseStatus = static_cast<i32>(status);
   if (status == SectionStatus::Done)
     model.shell.show_status(1, "Meßwertausschnittsdatei erzeugt.");
   else
@@ -69,6 +68,7 @@ void mnuCreateMEASection(Model& model) {
   const i32 first = model.PlotOffsetPoints.has(1) ? model.PlotOffsetPoints[1] : 0;
   SectionStatus status = SectionStatus::Failed;
   attempt([&] { status = WriteSectionFile(source->path, target, first, row_count(model, source->plot)); });
+  model.LastDatabaseStatus = static_cast<i32>(status);
   tell_outcome(model, status);
 }
 

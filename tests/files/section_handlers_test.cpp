@@ -76,10 +76,54 @@ TEST_F(SectionHandlersTest, PlotsWithoutEnvelopeAreToldOf) {
   open({});
   mark(2);
   zoom(50, 60);
-  model.Plots[1].Title = "Kanal 1@/ordner/lauf.REB";
+  for (const char* title :
+       {"Kanal 1@/ordner/lauf.REB", "Kanal 1@/ordner/lauf.st1", "Kanal 1@/ordner/lauf.st2",
+        "Kanal 1@/ordner/lauf.v2.ST1", "Kanal 1@/ordner/lauf"}) {
+    SCOPED_TRACE(title);
+    shell.calls.clear();
+    model.Plots[1].Title = title;
+    model.LastDatabaseStatus = 77;
+    run_command(model, "mnuCreateMEASection");
+    EXPECT_THAT(shell.messages(),
+                ElementsAre("Trendaro: Es wird keine komprimierte Meßwertdatei angezeigt."));
+    EXPECT_THAT(shell.dialogs, IsEmpty());
+    EXPECT_EQ(model.LastDatabaseStatus, 77);  // nothing was written
+  }
+}
+
+// Two plots of which the second is an envelope, with numbers of its own.
+TEST_F(SectionHandlersTest, TheEnvelopeFoundGivesTheLengthAndTheFirstPlotTheBegin) {
+  open({});
+  write_recording("lauf.MEA");
+  mark(2);
+  model.NofPlots = 2;
+  model.Plots.resize(2);
+  model.Plots[1].Title = "Weg@/ordner/lauf.REB";
+  model.Plots[2].Title = "Weg@" + folder.file("lauf.sto");
+  model.PlotStep = {4, 2};
+  model.PlotReduceFactor = {1000, 10};
+  model.PlotOffsetPoints = {7000, 1};
+  model.CompressedDXMax = 8;
+  model.ZoomPoints = 20;
+  shell.files = {target()};
   run_command(model, "mnuCreateMEASection");
-  EXPECT_THAT(shell.messages(), ElementsAre("Trendaro: Es wird keine komprimierte Meßwertdatei angezeigt."));
-  EXPECT_THAT(shell.dialogs, IsEmpty());
+  EXPECT_THAT(shell.messages(), IsEmpty());
+  const SampleArray values = section_values(2);
+  ASSERT_EQ(values.size(), 400u);  // 8 / 2 x 20 x 10 / 2
+  for (std::size_t i = 0; i < values.size(); ++i)
+    ASSERT_NEAR(values[i], ZoomRecording::known_sample(2, static_cast<i64>(7000 + i)), 0.01) << i;
+}
+
+TEST_F(SectionHandlersTest, ALengthThatCannotBeWorkedOutIsAFailedWrite) {
+  open({});
+  write_recording("lauf.MEA");
+  mark(2);
+  zoom(50, 60);
+  model.PlotStep[1] = 0;
+  shell.files = {target()};
+  run_command(model, "mnuCreateMEASection");
+  EXPECT_THAT(shell.messages(), ElementsAre("Trendaro: Fehler bei Schreiben der Ausschnittsdatei!"));
+  EXPECT_EQ(model.LastDatabaseStatus, -10);
 }
 
 TEST_F(SectionHandlersTest, GivenUpDialogWritesNothing) {

@@ -3,6 +3,7 @@
 #include <QFileSystemModel>
 #include <QInputDialog>
 #include <QLabel>
+#include <QLineEdit>
 #include <QMessageBox>
 #include <QPushButton>
 #include <QRegularExpression>
@@ -180,6 +181,22 @@ TEST_F(DialogsTest, OpenDialogHasTitleFiltersAndGermanButtons) {
       "Datensätze aus Datei einfügen", {{"*.BIN*", "*.BIN*"}, {"Alle Dateien", "*.*"}}, ""};
   EXPECT_EQ(window_shell.ask_open_file(dialog), path);
   EXPECT_EQ(filters, (QStringList{QStringLiteral("*.BIN*"), QStringLiteral("Alle Dateien (*.*)")}));
+}
+
+TEST_F(DialogsTest, SaveDialogAppendsItsEndingToANameWithoutOne) {
+  const FileDialog dialog{"Speichern", {{"Messwertdatei(*.MEA)", "*.MEA"}}, "*.MEA"};
+  for (const auto& [typed, chosen] : {std::pair("teil", "teil.MEA"), std::pair("teil.x", "teil.x")}) {
+    in_dialog([&](QDialog& shown) {
+      auto& box = dynamic_cast<QFileDialog&>(shown);
+      EXPECT_EQ(box.nameFilters(), QStringList{QStringLiteral("Messwertdatei(*.MEA)")});
+      auto* name = box.findChild<QLineEdit*>(QStringLiteral("fileNameEdit"));
+      EXPECT_EQ(name->text(), QString());
+      box.setDirectory(QString::fromStdString(folder.path()));
+      name->setText(QString::fromUtf8(typed));
+      QMetaObject::invokeMethod(&box, "accept");
+    });
+    EXPECT_EQ(window_shell.ask_save_file(dialog), folder.file(chosen));
+  }
 }
 
 TEST_F(DialogsTest, CancelledFileDialogGivesNoName) {
