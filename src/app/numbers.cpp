@@ -1,5 +1,6 @@
 #include "app/numbers.h"
 
+#include <algorithm>
 #include <array>
 #include <charconv>
 #include <cmath>
@@ -23,6 +24,7 @@ Integer rounded(f64 value) {
 }
 
 f64 hexadecimal(std::string_view text) {
+  text.remove_prefix(std::min(text.find_first_not_of(" \t"), text.size()));
   // Behind its digits a hexadecimal number could go on with a fraction, an exponent or a word.
   const std::string_view digits = text.substr(0, text.find_first_not_of("0123456789ABCDEFabcdef"));
   f64 value = 0;

@@ -14,11 +14,10 @@ namespace trendaro {
 // do not fit into 16 bits.
 
 // Reads the channel's values into FileChannelValues and their number into FileChannelPoints, at index n for
-// channel n.
+// channel n. Throws RunTimeError{kIndexOutOfRange} for a number that no file can hold.
 void load_fixed_blocks(LoaderResult& result, ByteCursor& cursor, const BlockHeader& header, i16 channel);
 
-// Counts in the same way and hands the channel's blocks to `sink`. Throws RunTimeError{kIndexOutOfRange} when
-// they are too long for the block buffer.
+// Counts in the same way and hands the channel's blocks to `sink`.
 void pass_on_fixed_blocks(LoaderResult& result, ByteCursor& cursor, const BlockHeader& header, i16 channel,
                           const BlockSink& sink);
 

@@ -62,10 +62,10 @@ struct RedrawState {
   bool DateAxis = false;                     // the x axis shows date and time
   f64 SurveyMarginX = 0, SurveyMarginY = 0;  // padding that auto-scaling gave the axes of the survey
   i32 SurveySpanPoints = 0;                  // drawn x range of the survey in samples of the longest plot
-  bool NoDataRefresh = false;
-  bool NoLegend = false;  // the legend is switched off
-  bool VerboseMode = false;
-  i16 GraphStyleValue = 0;  // 0 becomes 3 at start
+  bool NoDataRefresh = false;                // the next redraw reads no curves; nothing sets it
+  bool NoLegend = false;                     // the legend is switched off
+  bool VerboseMode = false;                  // messages in full; nothing sets it
+  i16 GraphStyleValue = 0;                   // 0 becomes 3 at start
 
   bool DisplayCompression = false;
   i32 CompressTarget = 10000;      // points to which a curve is compressed

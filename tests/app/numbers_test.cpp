@@ -19,6 +19,7 @@ TEST(ParseNumberTest, FirstCommaIsTheDecimalSign) {
 TEST(ParseNumberTest, TextBehindAnXIsHexadecimal) {
   EXPECT_EQ(ParseNumber("0x1F"), 31);
   EXPECT_EQ(ParseNumber("0X1f"), 31);
+  EXPECT_EQ(ParseNumber("0x 1F"), 31);
   EXPECT_EQ(ParseNumber("abcx10"), 16);
   EXPECT_EQ(ParseNumber("x"), 0);
   EXPECT_EQ(ParseNumber("0xG"), 0);

@@ -185,8 +185,10 @@ TEST_F(BlockReaderTest, ChannelsThatTheFileLacksWriteNothingIntoTheDatabase) {
   FileBuilder bytes = file_of(5003, 2).header();
   add_block(bytes, {1, 2});
   add_block(bytes, {3});
+  model.ChannelParams[5].HardwareChannel = 17;
   for (const i16 channel : std::initializer_list<i16>{0, 3}) {
     EXPECT_EQ(load(bytes, 2, channel, 5), LoadStatus::Done);
+    EXPECT_EQ(model.ChannelParams[5].HardwareChannel, 17);
     EXPECT_EQ(model.FileChannelPoints, (std::vector<i32>{-1, 2, 1}));
   }
   EXPECT_TRUE(kernel.calls.empty());
@@ -206,6 +208,22 @@ TEST_F(BlockReaderTest, ChannelsThatAFixedFileLacksSelectNothing) {
     EXPECT_TRUE(kernel.calls.empty());
     model.FileChannelValues = {42};
   }
+}
+
+TEST_F(BlockReaderTest, FixedBlocksBeginBehindTheHeaderWhateverTheDataOffset) {
+  BlockFileLayout block = file_of(5056, 1);
+  block.channels[0].record.FixedBlockFlag = 1;
+  FileBuilder without_gap = block.header();
+  const std::size_t header = without_gap.size();
+  without_gap.i32_field(2).values({1, 2});
+  ASSERT_EQ(load(without_gap, 1, 1), LoadStatus::Done);
+  const std::vector<f64> expected = values();
+  ASSERT_FALSE(expected.empty());
+  block.gap = 4;
+  FileBuilder bytes = block.header();
+  bytes.patch(header, i32{2}).values({1, 2});
+  EXPECT_EQ(load(bytes, 1, 1), LoadStatus::Done);
+  EXPECT_EQ(values(), expected);
 }
 
 TEST_F(BlockReaderTest, FixedBlocksMayBeLongerThanVariableOnesInBothModes) {

@@ -219,6 +219,29 @@ TEST_F(StandardValuesTest, DatabaseModeOfAChannelThatTheFileLacksWritesNothing) 
   EXPECT_TRUE(values().empty());
 }
 
+TEST_F(StandardValuesTest, AbsentChannelsReadThroughTheWholeFile) {
+  StandardFileLayout standard{.id = 5012};
+  standard.channels = {{.values = {}, .points = 0}, {.kind = 1, .points = 1}};
+  FileBuilder bytes = standard.header();
+  bytes.i16_field(-1);
+  for (const i16 mode : std::initializer_list<i16>{1, 2})
+    for (const i16 channel : std::initializer_list<i16>{0, 1, 3})
+      EXPECT_EQ(load(bytes, mode, channel, 2), run_time_error(kInvalidArgument)) << mode << ", " << channel;
+}
+
+TEST_F(StandardValuesTest, DatabaseChannelKeepsItsRecordsWhenTheFileLacksTheChannel) {
+  StandardFileLayout standard{.id = 5012};
+  standard.channels = {{.values = {1, 2}}};
+  for (const i16 channel : std::initializer_list<i16>{0, 2}) {
+    model.ChannelParams[2].HardwareChannel = 17;
+    model.ChannelExtras[2].ScalingMode = 3;
+    EXPECT_EQ(load(standard.build(), 2, channel, 2), LoadStatus::Done);
+    EXPECT_EQ(model.ChannelParams[2].HardwareChannel, 17);
+    EXPECT_EQ(model.ChannelExtras[2].ScalingMode, 3);
+    EXPECT_TRUE(kernel.calls.empty());
+  }
+}
+
 TEST_F(StandardValuesTest, RangesAreClippedToTheChannel) {
   StandardFileLayout standard{.id = 5010};
   std::vector<f64> ramp(5000);
