@@ -17,6 +17,7 @@
 #include "files/section_handlers.h"
 #include "graph/cache_handlers.h"
 #include "graph/zoom_modes.h"
+#include "interact/cursor_modes.h"
 
 namespace trendaro {
 namespace {
@@ -68,13 +69,13 @@ constexpr auto kCommands = std::to_array<Command>({
     {"mnuResetZoom", "Zoom zurücksetzen", "mnuView", reset_zoom},
     separator_in("mnuView"),
     {"mnuCursor", "Cursor", "mnuView", nullptr},
-    {"mnuCursorOff", "Cursor ausschalten", "mnuCursor", nullptr, true},
-    {"mnuVertCursor", "Einrasten (vertikale Linie)", "mnuCursor", nullptr, true},
-    {"mnuCrossCursor", "Einrasten (Fadenkreuz)", "mnuCursor", nullptr, true},
-    {"mnuSquareCursor", "Einrasten (Datenpunkt)", "mnuCursor", nullptr, true},
+    {"mnuCursorOff", "Cursor ausschalten", "mnuCursor", mnuCursorOff, true},
+    {"mnuVertCursor", "Einrasten (vertikale Linie)", "mnuCursor", mnuVertCursor, true},
+    {"mnuCrossCursor", "Einrasten (Fadenkreuz)", "mnuCursor", mnuCrossCursor, true},
+    {"mnuSquareCursor", "Einrasten (Datenpunkt)", "mnuCursor", mnuSquareCursor, true},
     {"mnuCursorPos", "Cursordatenanzeige", "mnuView", nullptr},
-    {"mnuCursorPosRight", "Rechts der Ausschnittsgrafik", "mnuCursorPos", nullptr, true},
-    {"mnuCursorPosInAxis", "Innerhalb der Achsenlayer", "mnuCursorPos", nullptr, true},
+    {"mnuCursorPosRight", "Rechts der Ausschnittsgrafik", "mnuCursorPos", mnuCursorPosRight, true},
+    {"mnuCursorPosInAxis", "Innerhalb der Achsenlayer", "mnuCursorPos", mnuCursorPosInAxis, true},
 
     {"mnuGraph", "&Graphik", nullptr, nullptr},
     {"mnuSetTitles", "Titel...", "mnuGraph", nullptr},

@@ -107,6 +107,7 @@ void Kelmira::connect_menus() {
 }
 
 void Kelmira::connect_tool_bar() {
+  tool_bar_->give_menu("TB_CURSOR", *menu_bar_->menu("mnuCursor"));
   connect(tool_bar_, &ToolBar::tool_clicked, this,
           [this](const QByteArray& key) { run([&] { click_tool(model_, key.toStdString()); }); });
   connect(tool_bar_, &ToolBar::box_edited, this, [this](const QByteArray& name, const QString& text) {

@@ -11,6 +11,7 @@
 #include "graph/graph_surface.h"
 #include "graph/view_state.h"
 #include "interact/annotation.h"
+#include "interact/cursor_display.h"
 
 namespace trendaro {
 
@@ -24,7 +25,8 @@ struct Model : HostLink,
                RedrawState,
                TitleState,
                ToolbarChoice,
-               AnnotationList {
+               AnnotationList,
+               CursorDisplay {
   explicit Model(Shell& user_shell);
 
   Shell& shell;

@@ -11,6 +11,7 @@
 #include "datasource/plot_list.h"
 #include "graph/graph_setup.h"
 #include "graph/titles.h"
+#include "interact/cursor_modes.h"
 #include "output/graph_template.h"
 
 namespace trendaro {
@@ -61,6 +62,7 @@ void tick_entries(Model& model) {
   for (const char* entry :
        {"mnuShowDatasourceGrid", "mnuShowSurvGraph", "mnuCurveCache", "mnuUseCompression", "mnuTUnit(1)"})
     model.controls[entry].ticked = true;
+  show_cursor_mode(model);
 }
 
 void set_first_values(Model& model) {

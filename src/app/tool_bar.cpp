@@ -2,6 +2,8 @@
 
 #include <QAction>
 #include <QLineEdit>
+#include <QMenu>
+#include <QToolButton>
 #include <string_view>
 
 #include "app/controls.h"
@@ -18,6 +20,8 @@ constexpr int kBoxDigits = 9;
 // A pressed button shows its own picture, so that the frame of the desktop's style would be one too many.
 constexpr char kButtonLook[] =
     "QToolButton { border: none; border-radius: 4px; padding: 3px; }"
+    "QToolButton[popupMode=\"1\"] { padding-right: 15px; }"
+    "QToolButton::menu-button { border: none; width: 12px; }"
     "QToolButton:hover { background: palette(midlight); }"
     "QToolButton:pressed { background: palette(mid); }";
 
@@ -68,6 +72,12 @@ void ToolBar::add_button(const ToolButton& tool) {
           [this, key = QByteArray(tool.key)] { Q_EMIT tool_clicked(key); });
   positions_[tool.key] = button;
   images_[tool.key] = tool.image;
+}
+
+void ToolBar::give_menu(const char* key, QMenu& menu) {
+  auto* button = qobject_cast<QToolButton*>(widgetForAction(positions_.at(key)));
+  button->setMenu(&menu);
+  button->setPopupMode(QToolButton::MenuButtonPopup);
 }
 
 void ToolBar::add_box(const ToolButton& tool) {

@@ -5,6 +5,7 @@
 #include <string>
 
 class QLineEdit;
+class QMenu;
 
 namespace trendaro {
 
@@ -18,6 +19,9 @@ class ToolBar : public QToolBar {
 
  public:
   explicit ToolBar(QWidget* parent = nullptr);
+
+  // Gives a button a drop-down beside its picture. The menu stays its owner's.
+  void give_menu(const char* key, QMenu& menu);
 
   // Brings pictures, pressed look, visibility and texts in line with `controls`.
   void mirror(const Controls& controls);

@@ -10,6 +10,7 @@
 #include "files/channel_info_handlers.h"
 #include "graph/scrolling.h"
 #include "graph/zoom_modes.h"
+#include "interact/cursor_modes.h"
 
 namespace trendaro {
 namespace {
@@ -79,7 +80,7 @@ constexpr auto kButtons = std::to_array<ToolButton>({
     separator("TB_SEPARATOR29"),
     button("TB_INFO", "Informationen aller dargestellten Kanäle anzeigen", "INFO", nullptr,
            show_info_of_plots),
-    button("TB_CURSOR", "Cursor-Modus ein/ausschalten", "CURSUP_XP", "CURSDN_XP", nullptr),
+    button("TB_CURSOR", "Cursor-Modus ein/ausschalten", "CURSUP_XP", "CURSDN_XP", click_cursor_button),
     button("TB_ANNOTATION", "Annotationen erzeugen", "ANNOTATION", nullptr, nullptr),
 });
 

@@ -4,6 +4,7 @@
 #include "datasource/grid_handlers.h"
 #include "graph/limit_lines.h"
 #include "graph/zoom_end.h"
+#include "interact/cursor_readout.h"
 
 namespace trendaro {
 namespace {
@@ -11,6 +12,7 @@ namespace {
 void handle_main(Model& model, const GraphEvent& event) {
   if (event.kind == GraphEventKind::ZoomEnd) end_main_zoom(model);
   if (event.kind == GraphEventKind::ZoomUndo) undo_main_zoom(model);
+  if (event.kind == GraphEventKind::CursorMove) UpdateCursorDisplay(model);
 }
 
 void handle_survey(Model& model, const GraphEvent& event) {

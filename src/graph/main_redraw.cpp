@@ -11,6 +11,7 @@
 #include "graph/main_sizing.h"
 #include "graph/titles.h"
 #include "interact/annotation_tables.h"
+#include "interact/cursor_readout.h"
 
 namespace trendaro {
 namespace {
@@ -124,6 +125,7 @@ void RedrawKMGraph(Model& model, bool settings_only) {
   model.LayerShift = std::max(model.LayerShift, model.FirstLayer);
   attempt([&] { switch_legend(model, model.PESG); });
   attempt([&] { show_graph(model, model.PESG, "Hauptgraphik wird aktualisiert..."); });
+  attempt([&] { refresh_cursor_display(model); });
 }
 
 }  // namespace trendaro
