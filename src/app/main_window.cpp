@@ -97,6 +97,9 @@ void Kelmira::mirror() {
   panes_->mirror();
   if (model_.NofFiles > files_seen_) panes_->grid().setFocus();
   files_seen_ = model_.NofFiles;
+  const bool cursor = model_.PESG.pending.CursorMode != 0;
+  if (cursor && !cursor_seen_) panes_->graph().setFocus();  // the arrow keys move it
+  cursor_seen_ = cursor;
 }
 
 void Kelmira::connect_menus() {

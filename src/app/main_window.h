@@ -62,8 +62,9 @@ class Kelmira : public QMainWindow {
   ToolBar* tool_bar_;
   PaneArea* panes_;
   StatusBar* status_bar_;
-  int files_seen_ = 0;    // files of the list when the widgets were last brought in line
-  bool refused_ = false;  // the window goes because there is no host
+  int files_seen_ = 0;        // files of the list when the widgets were last brought in line
+  bool cursor_seen_ = false;  // a cursor was on then
+  bool refused_ = false;      // the window goes because there is no host
 };
 
 }  // namespace trendaro

@@ -1,5 +1,7 @@
 #include <QLineEdit>
+#include <QMenu>
 #include <QMouseEvent>
+#include <QToolButton>
 
 #include "graph/graph_widget.h"
 #include "support/zoom_recording.h"
@@ -100,6 +102,37 @@ TEST_F(GraphNavigationTest, ArrowKeysOnTheGraphScroll) {
   QTest::keyClick(detail(), Qt::Key_Right);
   EXPECT_NEAR(model.ZoomXMin, start + 10, 1e-3);
   EXPECT_NEAR(detail()->layout_on_show().x_axis.scale.minimum, start + 10, 1e-3);
+}
+
+TEST_F(GraphNavigationTest, CursorOfTheToolbarReadsTheCurveAtPointerAndKeys) {
+  click_button("TB_CURSOR");
+  EXPECT_EQ(window->focusWidget(), detail());
+  EXPECT_TRUE(find<QAction>("mnuCrossCursor")->isChecked());
+  QMouseEvent event(QEvent::MouseMove, at(detail(), 100), detail()->mapToGlobal(at(detail(), 100)),
+                    Qt::NoButton, Qt::NoButton, Qt::NoModifier);
+  QApplication::sendEvent(detail(), &event);
+  const auto x_cell = [&] { return model.PESG.shown().tables[0].cells.at({0, 0}).text; };
+  f64 x = 0;
+  PEvgetcellEx(model.PESG, kXData, 0, model.PESG.pending.CursorPoint, x);
+  EXPECT_NEAR(x, 100, 5);
+  EXPECT_EQ(x_cell().substr(0, 2), "x=");
+  const std::string before = x_cell();
+  for (int step = 0; step < 4; ++step) QTest::keyClick(detail(), Qt::Key_Right);
+  EXPECT_NE(x_cell(), before);
+  EXPECT_FALSE(model.Zoomed);
+}
+
+TEST_F(GraphNavigationTest, DropDownOfTheCursorButtonHoldsTheModes) {
+  auto* button = find<QToolButton>("TB_CURSOR");
+  ASSERT_NE(button->menu(), nullptr);
+  QStringList entries;
+  for (const QAction* entry : button->menu()->actions()) entries.append(entry->text().remove(u'&'));
+  EXPECT_EQ(
+      entries,
+      QStringList({QStringLiteral("Cursor ausschalten"), QStringLiteral("Einrasten (vertikale Linie)"),
+                   QStringLiteral("Einrasten (Fadenkreuz)"), QStringLiteral("Einrasten (Datenpunkt)")}));
+  button->menu()->actions().at(3)->trigger();
+  EXPECT_EQ(model.PESG.pending.CursorMode, 3);
 }
 
 }  // namespace
