@@ -1,5 +1,7 @@
 #include "graph/zoom_end.h"
 
+#include <algorithm>
+
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -261,6 +263,68 @@ TEST_F(ZoomEndTest, ResetShowsAllOfTheRecordingAgain) {
   EXPECT_TRUE(model.controls["mnuDBOffset"].enabled);
   EXPECT_TRUE(model.controls["mnuXUnit"].enabled);
   EXPECT_EQ(model.controls["TB_ZOOMHORZ"].tag, "");
+}
+
+// 20000 samples shown as 400 points: 100 samples a pair, and 5 in a section of a twentieth.
+class CompressedPlainZoomTest : public ZoomEndTest {
+ protected:
+  CompressedPlainZoomTest() {
+    model.CompressThreshold = 1000;
+    model.CompressTarget = 400;
+    write_file(folder.file("lauf.ME1"), ZoomRecording{}.original().bytes());
+    AddFileToGrid(model, folder.file("lauf.ME1"), false);
+    mark(2);
+    click_tool(model, "TB_ZOOMHORZ");
+  }
+  [[nodiscard]] f64 drawn(std::size_t point) const { return f64{(*model.PESG.shown().YData)[point]}; }
+  [[nodiscard]] f64 x_of(std::size_t point) const { return f64{(*model.PESG.shown().XData)[point]}; }
+
+  // The curve consists of the extremes of runs of `block` samples from sample `first` on.
+  void expect_pairs(i64 first, i64 block, i64 pairs) {
+    for (i64 pair = 0; pair < pairs; ++pair) {
+      f64 low = ZoomRecording::known_sample(1, first + pair * block);
+      f64 high = low;
+      for (i64 i = first + pair * block; i < first + (pair + 1) * block; ++i) {
+        low = std::min(low, ZoomRecording::known_sample(1, i));
+        high = std::max(high, ZoomRecording::known_sample(1, i));
+      }
+      const auto place = static_cast<std::size_t>(2 * pair);
+      ASSERT_NEAR(std::min(drawn(place), drawn(place + 1)), low, 0.01) << "pair " << pair;
+      ASSERT_NEAR(std::max(drawn(place), drawn(place + 1)), high, 0.01) << "pair " << pair;
+    }
+  }
+};
+
+TEST_F(CompressedPlainZoomTest, SectionIsCompressedAnew) {
+  ASSERT_TRUE(model.DisplayCompression);
+  band(50.005, 60.005);
+  EXPECT_FALSE(model.OriginalDataMode);
+  EXPECT_FALSE(model.PESG.shown().ZoomActive);
+  expect_pairs(5001, 5, 200);
+  EXPECT_NEAR(model.PESG.shown().ManualMinX, 50.005, 0.3);  // the scale is padded
+  EXPECT_NEAR(model.PESG.shown().ManualMaxX, 60.005, 0.3);
+  band(52.005, 52.095);
+  for (std::size_t i = 0; i < 9; ++i)
+    EXPECT_NEAR(drawn(i), ZoomRecording::known_sample(1, 5201 + static_cast<i64>(i)), 0.01);
+}
+
+TEST_F(CompressedPlainZoomTest, ZoomTakenBackShowsTheWholeCurve) {
+  band(50.005, 60.005);
+  undo_main_zoom(model);
+  EXPECT_LT(x_of(0), 2);
+  EXPECT_GT(x_of(395), 197);
+}
+
+TEST_F(CompressedPlainZoomTest, ResetBringsTheScaleBack) {
+  const f64 low = model.PESG.shown().ManualMinX;
+  const f64 high = model.PESG.shown().ManualMaxX;
+  band(50.005, 60.005);
+  reset_zoom(model);
+  EXPECT_NEAR(model.PESG.shown().ManualMinX, low, 1e-3);
+  EXPECT_NEAR(model.PESG.shown().ManualMaxX, high, 1e-3);
+  expect_pairs(0, 100, 200);
+  EXPECT_EQ(model.controls["ZoomPointsBox"].back_color, kYellow);
+  EXPECT_EQ(box("ZoomPointsBox"), "20000");
 }
 
 }  // namespace
