@@ -25,4 +25,9 @@ const ControlState& Controls::operator[](std::string_view name) const {
   return found->second;
 }
 
+void tick_only(Controls& controls, const std::string& menu, i32 entries, i32 chosen) {
+  for (i32 entry = 0; entry < entries; ++entry)
+    controls[menu + "(" + std::to_string(entry) + ")"].ticked = entry == chosen;
+}
+
 }  // namespace trendaro

@@ -39,4 +39,7 @@ class Controls {
   std::map<std::string, ControlState, std::less<>> states_;
 };
 
+// Ticks the entry `chosen` of the entries "menu(0)" to "menu(entries - 1)" and no other one of them.
+void tick_only(Controls& controls, const std::string& menu, i32 entries, i32 chosen);
+
 }  // namespace trendaro

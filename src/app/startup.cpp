@@ -7,9 +7,12 @@
 #include "app/paths.h"
 #include "app/program_folder.h"
 #include "app/toolbar.h"
+#include "config/legend_settings.h"
+#include "config/look_settings.h"
 #include "datasource/grid_handlers.h"
 #include "datasource/plot_list.h"
 #include "graph/graph_setup.h"
+#include "graph/legend_layout.h"
 #include "graph/titles.h"
 #include "interact/cursor_modes.h"
 #include "output/graph_template.h"
@@ -58,7 +61,9 @@ void set_default_titles(Model& model) {
 void tick_entries(Model& model) {
   model.AxisAutoTitle = true;
   model.controls["mnuAxAutoTitle"].ticked = true;
-  if (model.PESG.pending.LegendStyle == 1) model.controls["mnuLegendPos(7)"].ticked = true;
+  if (model.PESG.pending.LegendStyle == kLegendOneLine) model.controls["mnuLegendPos(7)"].ticked = true;
+  tick_legend(model);
+  tick_look(model);
   for (const char* entry :
        {"mnuShowDatasourceGrid", "mnuShowSurvGraph", "mnuCurveCache", "mnuUseCompression", "mnuTUnit(1)"})
     model.controls[entry].ticked = true;

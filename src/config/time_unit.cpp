@@ -2,7 +2,6 @@
 
 #include <array>
 #include <cstddef>
-#include <string>
 
 #include "app/dates.h"
 #include "app/model.h"
@@ -17,10 +16,6 @@ namespace trendaro {
 namespace {
 
 constexpr i16 kUnits = 5;
-
-std::string entry_name(i16 index) {
-  return "mnuTUnit(" + std::to_string(index) + ")";
-}
 
 f64 units_in_a_second(i16 unit) {
   constexpr std::array<f64, kUnits> kUnitsInASecond = {1000, 1, 1.0 / 60, 1.0 / 3600, 1.0 / 86400};
@@ -55,7 +50,7 @@ void choose_time_unit(Model& model, i16 index) {
   const i16 old_unit = model.TimeUnit;
   model.TimeUnit = index;
   model.DateAxis = index == kDateAndTime;
-  for (i16 unit = 0; unit < kUnits; ++unit) model.controls[entry_name(unit)].ticked = unit == index;
+  tick_only(model.controls, "mnuTUnit", kUnits, index);
   if (model.IsRealTime) return;
   RedrawKMGraph(model, false);
   if (!model.HasFullDataPlot) RedrawSurvGraph(model, false);

@@ -4,7 +4,7 @@
 #include <functional>
 
 #include "graph/annotation_layout.h"
-#include "graph/painters/grid_painter.h"
+#include "graph/grid_styles.h"
 #include "graph/plot_methods.h"
 
 namespace trendaro {
