@@ -122,9 +122,9 @@ LoadStatus PassMeasurementValues(Model& model, const std::string& path, i16 chan
           return pass_standard_values(model, cursor, header, channel, take);
         },
         [&](ByteCursor& cursor) { return load_block_file(model, cursor, 1, channel, 0); },
-        [&] { return LoadRecorderFile(model, 1, path, channel, 0); });
+        [&] { return PassRecorderValues(model, path, channel, take); });
   });
-  // Readers of the other groups leave an array, which may hold values also where they have failed.
+  // Some readers leave an array, which may hold values also where they have failed.
   if (const SampleArray values = std::exchange(model.FileChannelValues, {}); !values.empty()) {
     const LoadStatus taken = caught([&] {
       take(values);

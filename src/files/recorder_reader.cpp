@@ -91,9 +91,9 @@ void add_time_carry(const InputFile& file, const RecorderHeader& header, i32 car
   }
 }
 
-void load_values(LoaderResult& result, const InputFile& file, const RecorderHeader& header, i16 channel) {
+void read_whole_column(const InputFile& file, const RecorderHeader& header, i16 channel,
+                       SampleArray& values) {
   const i64 rows = row_count_to_hold(file, header);
-  SampleArray& values = result.FileChannelValues;
   values.clear();
   values.resize(static_cast<std::size_t>(rows));
   if (header.of_doubles()) {
@@ -163,10 +163,22 @@ void write_to_database(Model& model, const InputFile& file, const RecorderHeader
   set_text(kChanComment, column.name_field);
 }
 
+// The one catch of this file: a failure inside becomes its number.
+template <typename Step>
+LoadStatus caught(Step step) {
+  try {
+    return step();
+  } catch (const RunTimeError& error) {
+    return static_cast<LoadStatus>(error.number);
+  } catch (const std::exception&) {
+    return static_cast<LoadStatus>(kOutOfMemory);
+  }
+}
+
 // Opens the file and describes it; then `read_data(file, header)` runs for a channel that the file has.
 template <typename ReadData>
 LoadStatus read_recorder(Model& model, const std::string& path, i16 channel, ReadData read_data) {
-  try {
+  return caught([&] {
     model.FileReduceFactor = 0;
     model.FileReduceBlock = 0;
     const InputFile file(path);
@@ -178,11 +190,7 @@ LoadStatus read_recorder(Model& model, const std::string& path, i16 channel, Rea
     describe(model, *header, requested);
     if (requested != nullptr) read_data(file, *header);
     return LoadStatus::Done;
-  } catch (const RunTimeError& error) {
-    return static_cast<LoadStatus>(error.number);
-  } catch (const std::exception&) {
-    return static_cast<LoadStatus>(kOutOfMemory);
-  }
+  });
 }
 
 }  // namespace
@@ -190,8 +198,30 @@ LoadStatus read_recorder(Model& model, const std::string& path, i16 channel, Rea
 LoadStatus LoadRecorderFile(Model& model, i16 mode, const std::string& path, i16 channel,
                             i32 databaseChannel) {
   return read_recorder(model, path, channel, [&](const InputFile& file, const RecorderHeader& header) {
-    if (mode == 1) load_values(model, file, header, channel);
+    if (mode == 1) read_whole_column(file, header, channel, model.FileChannelValues);
     if (mode == 2) write_to_database(model, file, header, channel, databaseChannel);
+  });
+}
+
+LoadStatus PassRecorderValues(Model& model, const std::string& path, i16 channel, const TakeValues& take) {
+  return read_recorder(model, path, channel, [&](const InputFile& file, const RecorderHeader& header) {
+    if (header.of_doubles()) return read_whole_column(file, header, channel, model.FileChannelValues);
+    pass_raw_columns(file, header, {&channel, 1},
+                     [&](std::size_t, i64, std::span<const f64> run) { take(run); });
+  });
+}
+
+LoadStatus PassRecorderColumns(const std::string& path, std::span<const i16> channels,
+                               const TakeColumn& take) {
+  return caught([&] {
+    const InputFile file(path);
+    if (!file.is_open()) return LoadStatus::NotOpened;
+    const auto header = read_recorder_header(file);
+    const auto has_channel = [&](i16 channel) { return find_column(*header, channel) != nullptr; };
+    if (!header || header->of_doubles() || channels.empty() || !std::ranges::all_of(channels, has_channel))
+      return LoadStatus::NotMeasurement;
+    pass_raw_columns(file, *header, channels, take);
+    return LoadStatus::Done;
   });
 }
 

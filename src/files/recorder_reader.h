@@ -1,10 +1,12 @@
 #pragma once
 
+#include <span>
 #include <string>
 
 #include "app/types.h"
 #include "files/load_status.h"
 #include "files/sample_array.h"
+#include "files/value_run.h"
 
 namespace trendaro {
 
@@ -17,6 +19,16 @@ struct Model;
 // file.
 LoadStatus LoadRecorderFile(Model& model, i16 mode, const std::string& path, i16 channel,
                             i32 databaseChannel);
+
+// Mode 1 without an array: `take` gets the values in runs. Those of a recording of doubles go to
+// FileChannelValues all the same.
+LoadStatus PassRecorderValues(Model& model, const std::string& path, i16 channel, const TakeValues& take);
+
+// The values of several output channels of a recording of raw samples, whose rows are read but once; those
+// that mode 1 gives for each. NotMeasurement where the file is none such or lacks a channel, and then nothing
+// is passed. Leaves the result area as it is. Status as LoadRecorderFile; nothing is thrown.
+LoadStatus PassRecorderColumns(const std::string& path, std::span<const i16> channels,
+                               const TakeColumn& take);
 
 // The samples `first` (from 0) to `first + count - 1` of one output channel, the same numbers that mode 1
 // gives there, fewer where the channel ends earlier. Touches the header and the bytes of those samples alone;

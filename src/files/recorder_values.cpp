@@ -14,11 +14,15 @@ constexpr f32 kRawScale32 = 1.0F / 1966080000.0F;
 constexpr f32 kRawScale16 = 256.0F / 7680000.0F;
 
 constexpr i64 kReadBytes = i64{1} << 21;
+// Small enough that the rows are still in the processor's cache when the next column is looked at.
+constexpr i64 kPassBytes = i64{1} << 19;
+constexpr i64 kPassRows = i64{1} << 14;
 constexpr i64 kFreeRows = 1'000'000;
 constexpr i64 kClaimedToPresentRows = 8;
 
-bool is_known_format(i32 sample_format) {
-  return sample_format == kSamplesI32 || sample_format == kSamplesI16 || sample_format == kSamplesF32;
+bool has_raw_values(const RecorderHeader& header) {
+  const i32 format = header.sample_format;
+  return header.data_offset >= 0 && (format == kSamplesI32 || format == kSamplesI16 || format == kSamplesF32);
 }
 
 i64 sample_bytes(const RecorderHeader& header) {
@@ -30,79 +34,99 @@ i64 row_bytes(const RecorderHeader& header) {
   return static_cast<i64>(header.columns.size()) * sample_bytes(header);
 }
 
-// Goes through the rows `first` and following in large reads. `read_row(bytes)` gives the value of a row from
-// the bytes at its `needed` first bytes behind `place`, the place in the file of row 0.
-template <typename ReadRow>
-void read_rows(const InputFile& file, i64 place, i64 stride, i64 needed, i64 first,
-               std::span<f64> destination, ReadRow read_row) {
-  const i64 count = static_cast<i64>(destination.size());
-  const i64 rows_at_once = std::min(count, std::max<i64>(1, kReadBytes / stride));
-  i64 done = 0;
-  if (count > 0 && place >= 0 && file.size() > place) {
-    std::vector<u8> buffer(static_cast<std::size_t>((rows_at_once - 1) * stride + needed));
-    while (done < count) {
-      const i64 rows = std::min(rows_at_once, count - done);
-      const ReadResult read =
-          file.read_at(place + (first + done) * stride, buffer.data(), (rows - 1) * stride + needed);
-      const i64 bytes = delivered_bytes(read);
-      const i64 whole = bytes < needed ? 0 : (bytes - needed) / stride + 1;
-      const u8* row = buffer.data();
-      f64* value = destination.data() + done;
-      for (i64 i = 0; i < whole; ++i, row += stride) value[i] = read_row(row);
-      done += whole;
-      if (whole < rows) break;
-    }
-  }
-  std::fill(destination.begin() + done, destination.end(), 0.0);
-}
-
-// The columns that a value is made of: its own, and behind it that of the carry in a time channel.
-struct Source {
-  const InputFile& file;
-  i64 place;   // of the sample in row 0
-  i64 stride;  // from row to row
-  i64 first;   // row of the first value
-  const RecorderColumn& column;
-  const RecorderColumn* carry;  // null outside of time channels
+// Where the samples of a channel stand in a row of raw samples.
+struct RawColumn {
+  i32 sample_format;
+  i64 offset;  // of the sample, in bytes from the start of the row
+  i64 needed;  // bytes from there that a value is made of
+  const RecorderColumn* column;
+  const RecorderColumn* carry;  // the column behind it in time channels, null in others
 };
 
-template <typename Raw, typename Physical>
-void read_samples(const Source& source, std::span<f64> destination, Physical physical) {
-  const f32 scale = source.column.scale;
-  const f32 offset = source.column.offset;
-  if (source.carry == nullptr) {
-    read_rows(source.file, source.place, source.stride, sizeof(Raw), source.first, destination,
-              [=](const u8* row) { return physical(number_at<Raw>(row), scale, offset); });
-    return;
-  }
-  const f32 carry_scale = source.carry->scale;
-  const f32 carry_offset = source.carry->offset;
-  read_rows(source.file, source.place, source.stride, 2 * sizeof(Raw), source.first, destination,
-            [=](const u8* row) {
-              return physical(number_at<Raw>(row), scale, offset) +
-                     physical(number_at<Raw>(row + sizeof(Raw)), carry_scale, carry_offset);
-            });
+RawColumn find_raw_column(const RecorderHeader& header, i32 channel) {
+  const auto index = static_cast<std::size_t>(channel) - 1;
+  const bool is_time = header.columns[index].entry_channel == kTimeChannel;
+  if (is_time && index + 1 >= header.columns.size()) throw RunTimeError{kIndexOutOfRange};
+  const i64 bytes = sample_bytes(header);
+  // In a reduced recording the column behind a time column may be the other half of its envelope; it is added
+  // all the same.
+  return {.sample_format = header.sample_format,
+          .offset = static_cast<i64>(index) * bytes,
+          .needed = is_time ? 2 * bytes : bytes,
+          .column = &header.columns[index],
+          .carry = is_time ? &header.columns[index + 1] : nullptr};
 }
 
-void read_raw_values(const Source& source, i32 sample_format, std::span<f64> destination) {
-  switch (sample_format) {
-    case kSamplesI32:
-      read_samples<i32>(source, destination,
-                        [](i32 raw, f32 scale, f32 offset) { return physical_i32(raw, scale, offset); });
-      break;
-    case kSamplesI16:
-      if (source.carry != nullptr)
-        read_samples<u16>(source, destination, [](u16 raw, f32 scale, f32 offset) {
-          return physical_time_word(raw, scale, offset);
-        });
-      else
-        read_samples<i16>(source, destination,
-                          [](i16 raw, f32 scale, f32 offset) { return physical_i16(raw, scale, offset); });
-      break;
-    case kSamplesF32:
-      read_samples<f32>(source, destination, [](f32 raw, f32, f32) { return f64{raw}; });
-      break;
+// The rows of which `bytes` bytes, beginning with the sample of the first row, hold all that a value needs.
+i64 whole_rows(const RawColumn& column, i64 stride, i64 bytes) {
+  return bytes < column.needed ? 0 : (bytes - column.needed) / stride + 1;
+}
+
+template <typename Raw, typename Physical>
+void decode_as(const RawColumn& column, const u8* sample, i64 stride, std::span<f64> values,
+               Physical physical) {
+  const f32 scale = column.column->scale;
+  const f32 offset = column.column->offset;
+  if (column.carry == nullptr) {
+    for (f64& value : values) {
+      value = physical(number_at<Raw>(sample), scale, offset);
+      sample += stride;
+    }
+    return;
   }
+  const f32 carry_scale = column.carry->scale;
+  const f32 carry_offset = column.carry->offset;
+  for (f64& value : values) {
+    value = physical(number_at<Raw>(sample), scale, offset) +
+            physical(number_at<Raw>(sample + sizeof(Raw)), carry_scale, carry_offset);
+    sample += stride;
+  }
+}
+
+// One value from each row; `sample` is that of the first row, and all that is needed is there.
+void decode(const RawColumn& column, const u8* sample, i64 stride, std::span<f64> values) {
+  switch (column.sample_format) {
+    case kSamplesI32:
+      return decode_as<i32>(column, sample, stride, values,
+                            [](i32 raw, f32 scale, f32 offset) { return physical_i32(raw, scale, offset); });
+    case kSamplesI16:
+      if (column.carry == nullptr)
+        return decode_as<i16>(column, sample, stride, values, [](i16 raw, f32 scale, f32 offset) {
+          return physical_i16(raw, scale, offset);
+        });
+      return decode_as<u16>(column, sample, stride, values, [](u16 raw, f32 scale, f32 offset) {
+        return physical_time_word(raw, scale, offset);
+      });
+    case kSamplesF32:
+      return decode_as<f32>(column, sample, stride, values, [](f32 raw, f32, f32) { return f64{raw}; });
+  }
+}
+
+// Reads the values of one column in large reads. What lies behind the end of the file, or behind an error of
+// the device, is 0.
+void read_raw_column(const InputFile& file, const RecorderHeader& header, const RawColumn& column, i64 first,
+                     std::span<f64> destination) {
+  const i64 count = static_cast<i64>(destination.size());
+  const i64 stride = row_bytes(header);
+  const i64 place = header.data_offset + column.offset;
+  const i64 rows_at_once = std::min(count, std::max<i64>(1, kReadBytes / stride));
+  bool ended = file.size() <= place;
+  bool failed = false;
+  std::vector<u8> buffer(ended ? 0 : static_cast<std::size_t>(rows_at_once * stride));
+  i64 done = 0;
+  while (!ended && done < count) {
+    const i64 rows = std::min(rows_at_once, count - done);
+    const ReadResult read =
+        file.read_at(place + (first + done) * stride, buffer.data(), (rows - 1) * stride + column.needed);
+    const i64 whole = whole_rows(column, stride, read.bytes);
+    decode(column, buffer.data(), stride,
+           destination.subspan(static_cast<std::size_t>(done), static_cast<std::size_t>(whole)));
+    done += whole;
+    ended = whole < rows;
+    failed = read.failed;
+  }
+  std::fill(destination.begin() + done, destination.end(), 0.0);
+  if (failed) throw RunTimeError{kDeviceError};
 }
 
 void add_double_values(const InputFile& file, const RecorderHeader& header, i32 channel, i64 first,
@@ -144,25 +168,51 @@ i64 row_count_to_hold(const InputFile& file, const RecorderHeader& header) {
 
 void read_recorder_values(const InputFile& file, const RecorderHeader& header, i32 channel, i64 first,
                           std::span<f64> destination) {
-  const auto index = static_cast<std::size_t>(channel) - 1;
-  const bool is_time = header.columns[index].entry_channel == kTimeChannel;
   if (header.of_doubles()) {
     read_double_column(file, header, channel, first, destination);
-    if (is_time) add_double_values(file, header, channel + 1, first, destination);
+    if (header.columns[static_cast<std::size_t>(channel) - 1].entry_channel == kTimeChannel)
+      add_double_values(file, header, channel + 1, first, destination);
     return;
   }
   if (destination.empty()) return;
-  if (header.data_offset < 0 || !is_known_format(header.sample_format)) {
+  if (!has_raw_values(header)) {
     std::fill(destination.begin(), destination.end(), 0.0);
     return;
   }
-  if (is_time && index + 1 >= header.columns.size()) throw RunTimeError{kIndexOutOfRange};
-  const i64 place = header.data_offset + static_cast<i64>(index) * sample_bytes(header);
-  // In a reduced recording the column behind a time column may be the other half of its envelope; it is added
-  // all the same.
-  const RecorderColumn* carry = is_time ? &header.columns[index + 1] : nullptr;
-  read_raw_values({file, place, row_bytes(header), first, header.columns[index], carry}, header.sample_format,
-                  destination);
+  read_raw_column(file, header, find_raw_column(header, channel), first, destination);
+}
+
+void pass_raw_columns(const InputFile& file, const RecorderHeader& header, std::span<const i16> channels,
+                      const TakeColumn& take) {
+  const i64 rows = row_count_to_hold(file, header);
+  if (rows == 0) return;
+  std::vector<RawColumn> columns;
+  if (has_raw_values(header))
+    for (const i16 channel : channels) columns.push_back(find_raw_column(header, channel));
+  const i64 stride = row_bytes(header);
+  const i64 rows_at_once = std::min(rows, std::clamp<i64>(kPassBytes / stride, 1, kPassRows));
+  std::vector<u8> buffer(static_cast<std::size_t>(rows_at_once * stride));
+  std::vector<f64> run(static_cast<std::size_t>(rows_at_once));
+  bool failed = false;
+  for (i64 first = 0; first < rows; first += rows_at_once) {
+    const i64 count = std::min(rows_at_once, rows - first);
+    const std::span<f64> values(run.data(), static_cast<std::size_t>(count));
+    const ReadResult read =
+        columns.empty() ? ReadResult{}
+                        : file.read_at(header.data_offset + first * stride, buffer.data(), count * stride);
+    for (std::size_t i = 0; i < channels.size(); ++i) {
+      std::size_t whole = 0;
+      if (!columns.empty()) {
+        whole = static_cast<std::size_t>(whole_rows(columns[i], stride, read.bytes - columns[i].offset));
+        decode(columns[i], buffer.data() + columns[i].offset, stride, values.first(whole));
+      }
+      std::fill(values.begin() + static_cast<std::ptrdiff_t>(whole), values.end(), 0.0);
+      take(i, first, values);
+    }
+    failed = failed || read.failed;
+    if (failed) columns.clear();
+  }
+  if (failed) throw RunTimeError{kDeviceError};
 }
 
 void read_double_column(const InputFile& file, const RecorderHeader& header, i32 channel, i64 first,
@@ -171,12 +221,10 @@ void read_double_column(const InputFile& file, const RecorderHeader& header, i32
   const i64 rows = std::max<i64>(0, header.row_count - first);
   const i64 wanted = std::min<i64>(static_cast<i64>(destination.size()), rows);
   const i64 place = header.data_offset + (i64{channel - 1} * header.row_count + first) * i64{sizeof(f64)};
-  i64 there = 0;
-  if (header.data_offset >= 0) {
-    const ReadResult read = file.read_at(place, destination.data(), wanted * i64{sizeof(f64)});
-    there = delivered_bytes(read) / i64{sizeof(f64)};
-  }
-  std::fill(destination.begin() + there, destination.end(), 0.0);
+  ReadResult read;
+  if (header.data_offset >= 0) read = file.read_at(place, destination.data(), wanted * i64{sizeof(f64)});
+  std::fill(destination.begin() + read.bytes / i64{sizeof(f64)}, destination.end(), 0.0);
+  if (read.failed) throw RunTimeError{kDeviceError};
 }
 
 }  // namespace trendaro

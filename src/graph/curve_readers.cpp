@@ -6,6 +6,7 @@
 #include "app/model.h"
 #include "app/paths.h"
 #include "files/loader.h"
+#include "graph/pair_reading.h"
 
 namespace trendaro {
 namespace {
@@ -90,13 +91,19 @@ f64 sample_start(const Model& model, i32 record) {
 void read_pair_values(const CurveTask& task) {
   Model& model = task.model;
   const std::size_t pairs = half(task.points);
+  const auto maxima = static_cast<i16>(task.plot.ChannelIndex + 1);
+  if (task.together != nullptr && task.together->fill(task)) {
+    load_description(model, task.path, maxima);
+    report_status(model, task.path, static_cast<LoadStatus>(model.LastDatabaseStatus));
+    return take_reduction(task, model.FileReduceFactor, readable_date(model.FileDateText));
+  }
   load_values(model, task.path, task.plot.ChannelIndex, true);
   take_reduction(task, model.FileReduceFactor, readable_date(model.FileDateText));
   const auto minima = first_values(model, pairs);
   write_values(task.slot.DrawYDatabase, minima, task.scale());
   write_values(task.slot.DrawY, minima, task.scale(), 2);
   if (task.slot.DrawY.size() < 2) return;
-  load_values(model, task.path, static_cast<i16>(task.plot.ChannelIndex + 1), false);
+  load_values(model, task.path, maxima, false);
   write_values(task.slot.DrawY.subspan(1), first_values(model, pairs), task.scale(), 2);
 }
 

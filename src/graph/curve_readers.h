@@ -13,6 +13,7 @@
 namespace trendaro {
 
 struct Model;
+class PairReading;
 
 // One curve that a redraw reads.
 struct CurveTask {
@@ -24,6 +25,7 @@ struct CurveTask {
   CurveSlot slot;
   // Told the length of a plot that was not known (-1) before its values were there; may give a larger slot.
   std::function<void(CurveTask& task)> make_room = {};
+  PairReading* together = nullptr;  // the envelopes of the redraw
 
   [[nodiscard]] i16 sign() const { return plot.InvertFlag == 1 ? i16{-1} : i16{1}; }
   [[nodiscard]] DisplayScale scale() const { return {plot.YOffset, sign()}; }

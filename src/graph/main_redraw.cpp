@@ -9,6 +9,7 @@
 #include "graph/hand_over.h"
 #include "graph/main_curves.h"
 #include "graph/main_sizing.h"
+#include "graph/pair_reading.h"
 #include "graph/titles.h"
 #include "interact/annotation_tables.h"
 #include "interact/cursor_readout.h"
@@ -76,29 +77,45 @@ void make_room(CurveTask& task, DrawArrays& arrays, std::size_t curve) {
   task.slot = slot_of(arrays, curve);
 }
 
-void read_plot(Model& model, i16 number, DrawArrays& arrays, std::size_t curve, MainReading& reading) {
+CurveTask task_of(Model& model, i16 number, DrawArrays& arrays, std::size_t curve) {
   PlotRecord& plot = model.Plots[number];
-  CurveTask task{.model = model,
-                 .plot = plot,
-                 .number = number,
-                 .path = plot_path(plot),
-                 .points = plot.Points,
-                 .slot = slot_of(arrays, curve),
-                 .make_room = [&](CurveTask& longer) { make_room(longer, arrays, curve); }};
-  attempt([&] { read_curve(task, reading); });
-  attempt([&] { erase_file_values(model); });
+  return {.model = model,
+          .plot = plot,
+          .number = number,
+          .path = plot_path(plot),
+          .points = plot.Points,
+          .slot = slot_of(arrays, curve),
+          .make_room = [&arrays, curve](CurveTask& longer) { make_room(longer, arrays, curve); }};
+}
+
+// Calls `use(number, curve)` for each plot on show; curves count from 0.
+template <typename Use>
+void for_plots_on_show(Model& model, Use use) {
+  std::size_t curve = 0;
+  for (i16 number = 1; number <= model.NofPlots; ++number)
+    if (on_show(model, model.Plots[number])) use(number, curve++);
+}
+
+std::vector<CurveTask> pair_tasks(Model& model, DrawArrays& arrays) {
+  std::vector<CurveTask> tasks;
+  for_plots_on_show(model, [&](i16 number, std::size_t curve) {
+    if (model.Plots[number].FileKind == kKindReducedPairs)
+      tasks.push_back(task_of(model, number, arrays, curve));
+  });
+  return tasks;
 }
 
 void read_curves(Model& model, DrawArrays& arrays, MainReading& reading) {
   model.PESG.pending.SpecialSubsetCount = 0;
-  i32 curve = 0;
-  for (i16 number = 1; number <= model.NofPlots; ++number) {
-    if (!on_show(model, model.Plots[number])) continue;
+  PairReading pairs([&] { return pair_tasks(model, arrays); }, model.PESG.pending.NullDataValue);
+  for_plots_on_show(model, [&](i16 number, std::size_t curve) {
     model.shell.show_status(1, "Einlesen der Daten für Kurve " + std::to_string(number) + ".......");
-    attempt([&] { describe_curve(model.PESG, model.Plots[number], curve); });
-    read_plot(model, number, arrays, static_cast<std::size_t>(curve), reading);
-    ++curve;
-  }
+    attempt([&] { describe_curve(model.PESG, model.Plots[number], static_cast<i32>(curve)); });
+    CurveTask task = task_of(model, number, arrays, curve);
+    task.together = &pairs;
+    attempt([&] { read_curve(task, reading); });
+    attempt([&] { erase_file_values(model); });
+  });
 }
 
 }  // namespace

@@ -12,6 +12,7 @@
 #include "graph/hand_over.h"
 #include "graph/limit_lines.h"
 #include "graph/main_sizing.h"
+#include "graph/pair_reading.h"
 #include "graph/titles.h"
 
 namespace trendaro {
@@ -166,25 +167,40 @@ void read_survey_curve(CurveTask& task, const SurveyReading& reading) {
   read_pairs(task, reading);
 }
 
-void read_plot(Model& model, i16 number, SurveyReading& reading, bool settings_only) {
+CurveTask task_of(Model& model, i16 number, SurveyReading& reading) {
   const auto curve = static_cast<std::size_t>(number - 1);
-  model.shell.show_status(1, "Einlesen der Daten für Kurve " + std::to_string(number) + ".......");
   PlotRecord& plot = model.SurveyPlots[number];
-  attempt([&] { describe_curve(model.PESGSurvey, plot, number - 1); });
-  if (settings_only) return;
-  CurveTask task{.model = model,
-                 .plot = plot,
-                 .number = number,
-                 .path = plot_path(plot),
-                 .points = plot.Points,
-                 .slot = slot_of(reading.arrays, curve),
-                 .make_room = [&](CurveTask& longer) {
-                   if (longer.plot.FileKind == kKindPlain) model.Plots[number].Points = longer.points;
-                   make_slots_hold(model, reading, longer.points);
-                   longer.slot = slot_of(reading.arrays, curve);
-                 }};
-  attempt([&] { read_survey_curve(task, reading); });
-  attempt([&] { erase_file_values(model); });
+  return {.model = model,
+          .plot = plot,
+          .number = number,
+          .path = plot_path(plot),
+          .points = plot.Points,
+          .slot = slot_of(reading.arrays, curve),
+          .make_room = [&model, &reading, curve](CurveTask& longer) {
+            if (longer.plot.FileKind == kKindPlain) model.Plots[longer.number].Points = longer.points;
+            make_slots_hold(model, reading, longer.points);
+            longer.slot = slot_of(reading.arrays, curve);
+          }};
+}
+
+std::vector<CurveTask> pair_tasks(Model& model, SurveyReading& reading) {
+  std::vector<CurveTask> tasks;
+  for (i16 number = 1; number <= model.NofPlots; ++number)
+    if (kind_to_read(model, number) == SurveyKind::Pairs) tasks.push_back(task_of(model, number, reading));
+  return tasks;
+}
+
+void read_plots(Model& model, SurveyReading& reading, bool settings_only) {
+  PairReading pairs([&] { return pair_tasks(model, reading); }, model.PESGSurvey.pending.NullDataValue);
+  for (i16 number = 1; number <= model.NofPlots; ++number) {
+    model.shell.show_status(1, "Einlesen der Daten für Kurve " + std::to_string(number) + ".......");
+    attempt([&] { describe_curve(model.PESGSurvey, model.SurveyPlots[number], number - 1); });
+    if (settings_only) continue;
+    CurveTask task = task_of(model, number, reading);
+    task.together = &pairs;
+    attempt([&] { read_survey_curve(task, reading); });
+    attempt([&] { erase_file_values(model); });
+  }
 }
 
 // The layer whose y axis a single-layer survey shows.
@@ -233,7 +249,7 @@ void RedrawSurvGraph(Model& model, bool settings_only) {
   SurveyReading reading{.time = time_factor(model.TimeUnit), .arrays = {}, .curves = model.NofPlots};
   if (!settings_only) size_graph(model, reading);
   model.PESGSurvey.pending.SpecialSubsetCount = 0;
-  for (i16 number = 1; number <= model.NofPlots; ++number) read_plot(model, number, reading, settings_only);
+  read_plots(model, reading, settings_only);
   attempt([&] { SetAxisTitles(model, model.PESGSurvey); });
   attempt([&] { write_graph_style(model, model.PESGSurvey); });
   if (!settings_only && !model.IsRealTime)

@@ -2,7 +2,9 @@
 
 #include <bit>
 #include <limits>
+#include <span>
 
+#include "files/recorder_reader.h"
 #include "support/load_fixture.h"
 #include "support/recorder_builder.h"
 
@@ -328,6 +330,64 @@ TEST_F(RecorderValuesTest, DataOffsetsOutsideOfTheFileLeaveZeros) {
 TEST_F(RecorderValuesTest, NoRowsAreNoValues) {
   EXPECT_TRUE(load_values(counting_recording(0, 2), 1).empty());
   EXPECT_EQ(status, LoadStatus::Done);
+}
+
+// Rows with a time channel in the middle.
+RecorderBuilder timed_recording(i32 format, i32 rows) {
+  RecorderBuilder recording{.row_count = rows, .sample_format = format};
+  recording.entries = {
+      {.channel = 1}, {.channel = 17, .offset = 3}, {.channel = 18}, {.channel = 4, .scale = 7}};
+  for (i32 sample = 0; sample < rows * 4; ++sample)
+    if (format == 1253)
+      recording.data.i32_field(sample * 130007);
+    else if (format == 1257)
+      recording.data.f32_field(static_cast<f32>(sample) / 3);
+    else
+      recording.data.i16_field(static_cast<i16>(sample * 13));
+  return recording;
+}
+
+TEST_F(RecorderValuesTest, ColumnsReadTogetherAreThoseReadAlone) {
+  const std::vector<i16> channels = {4, 1, 2, 4};
+  for (const i32 format : {1253, 1255, 1257, 9})
+    for (const i32 rows : {1, 7, 16384, 70001})
+      for (const i64 cut : {0, 1, 3, 9, 30, 400000}) {
+        SCOPED_TRACE(testing::Message() << format << ", " << rows << " rows, cut by " << cut);
+        std::string bytes = timed_recording(format, rows).build().bytes();
+        bytes.resize(bytes.size() - std::min(static_cast<std::size_t>(cut), bytes.size() - 600));
+        file.rewrite(bytes);
+        std::vector<std::vector<f64>> together(channels.size());
+        model.FileDateText = "unberührt";
+        ASSERT_EQ(PassRecorderColumns(file.path(), channels,
+                                      [&](std::size_t place, i64 first, std::span<const f64> run) {
+                                        ASSERT_EQ(first, static_cast<i64>(together[place].size()));
+                                        together[place].insert(together[place].end(), run.begin(), run.end());
+                                      }),
+                  LoadStatus::Done);
+        EXPECT_EQ(model.FileDateText, "unberührt");
+        for (std::size_t i = 0; i < channels.size(); ++i) {
+          ASSERT_EQ(LoadMeasurementFile(model, 1, file.path(), channels[i], 0), LoadStatus::Done);
+          ASSERT_EQ(together[i], values()) << "channel " << channels[i];
+        }
+      }
+}
+
+TEST_F(RecorderValuesTest, ColumnsOfOtherFilesAreNotPassed) {
+  const auto status_of = [&](const FileBuilder& builder, const std::vector<i16>& channels) {
+    file.rewrite(builder.bytes());
+    return PassRecorderColumns(file.path(), channels,
+                               [](std::size_t, i64, std::span<const f64>) { ADD_FAILURE() << "passed"; });
+  };
+  const FileBuilder recording = counting_recording(3, 2).build();
+  EXPECT_EQ(status_of(recording, {1, 3}), LoadStatus::NotMeasurement);
+  EXPECT_EQ(status_of(recording, {0}), LoadStatus::NotMeasurement);
+  EXPECT_EQ(status_of(recording, {}), LoadStatus::NotMeasurement);
+  EXPECT_EQ(status_of(time_of_doubles(3).build(), {1}), LoadStatus::NotMeasurement);
+  EXPECT_EQ(status_of(FileBuilder().i16_field(5012).zeros(500), {1}), LoadStatus::NotMeasurement);
+  RecorderBuilder far = counting_recording(2, 1);
+  far.row_count = std::numeric_limits<i32>::max();
+  EXPECT_EQ(status_of(far.build(), {1}), run_time_error(kOutOfMemory));
+  EXPECT_EQ(PassRecorderColumns("/", std::vector<i16>{1}, {}), LoadStatus::NotOpened);
 }
 
 TEST_F(RecorderValuesTest, RangesGiveWhatTheWholeGives) {
