@@ -35,10 +35,11 @@ struct HostImport::Reader {
            model.FileChannelNames.has(channel);
   }
 
-  // Gives a database channel the texts of the file's channel, where the file has it.
-  void name(i16 channel, MemoryChannel& target) const {
+  // Gives a database channel the texts and the time base of the file's channel, where the file has it.
+  void describe(i16 channel, MemoryChannel& target) const {
     if (model.FileChannelNames.has(channel)) target.name = model.FileChannelNames[channel];
     if (model.FileChannelUnits.has(channel)) target.unit = model.FileChannelUnits[channel];
+    if (model.FileChannelRates.has(channel)) target.sample_interval = model.FileChannelRates[channel];
   }
 
   // Samples of the channel, which tell themselves only in the values of a block file.
@@ -70,7 +71,7 @@ void HostImport::import(const SampleSection& section, MemoryChannel& target, i32
     const LoadStatus status = LoadSampleRange(reader_->model, wanted.path, wanted.channel,
                                               wanted.first + done, count, reader_->piece);
     if (status != LoadStatus::Done && status != LoadStatus::ReadFailed) break;
-    reader_->name(wanted.channel, target);
+    reader_->describe(wanted.channel, target);
     append_samples(target, reader_->piece, capacity);
     if (static_cast<i64>(reader_->piece.size()) < count) break;
     done += count;

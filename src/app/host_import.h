@@ -26,9 +26,9 @@ class HostImport {
   // Samples of a channel of a file; 0 for a file that cannot be read and for a channel that it lacks.
   i32 length(const std::string& path, i16 channel);
 
-  // Appends a section to `target`, as far as `capacity` allows, and gives the channel the signal's name and
-  // unit. Only the asked samples are read; a long section shows its progress. What the file lacks, or what
-  // cannot be read, is not imported and is no failure.
+  // Appends a section to `target`, as far as `capacity` allows, and gives the channel the signal's name, unit
+  // and sample interval. Only the asked samples are read; a long section shows its progress. What the file
+  // lacks, or what cannot be read, is not imported and is no failure.
   void import(const SampleSection& section, MemoryChannel& target, i32 capacity, Shell& shell);
 
  private:

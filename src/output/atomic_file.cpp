@@ -30,20 +30,32 @@ bool give_usual_rights(int descriptor, const std::string& path) {
   return ::fchmod(descriptor, 0666 & ~mask) == 0;
 }
 
-}  // namespace
-
-bool replace_file(const std::string& path, const std::function<std::string()>& next_piece) {
+// `write(descriptor, name)` fills the temporary file.
+template <typename Write>
+bool replace(const std::string& path, Write&& write) {
   std::string temporary = path + ".XXXXXX";
   const int descriptor = ::mkstemp(temporary.data());
   if (descriptor < 0) return false;
-  bool done = true;
-  for (std::string piece = next_piece(); done && !piece.empty(); piece = next_piece())
-    done = write_all(descriptor, piece);
-  done = done && give_usual_rights(descriptor, path) && ::fsync(descriptor) == 0;
+  bool done = write(descriptor, temporary) && give_usual_rights(descriptor, path) && ::fsync(descriptor) == 0;
   done = ::close(descriptor) == 0 && done;
   if (done && std::rename(temporary.c_str(), path.c_str()) == 0) return true;
   ::unlink(temporary.c_str());
   return false;
+}
+
+}  // namespace
+
+bool replace_file(const std::string& path, const std::function<std::string()>& next_piece) {
+  return replace(path, [&](int descriptor, const std::string&) {
+    for (std::string piece = next_piece(); !piece.empty(); piece = next_piece())
+      if (!write_all(descriptor, piece)) return false;
+    return true;
+  });
+}
+
+bool replace_file_with(const std::string& path,
+                       const std::function<bool(const std::string& temporary)>& write) {
+  return replace(path, [&](int, const std::string& temporary) { return write(temporary); });
 }
 
 bool replace_file(const std::string& path, std::string_view contents) {

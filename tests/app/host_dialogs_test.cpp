@@ -6,6 +6,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "app/model.h"
+#include "files/loader.h"
 #include "support/file_builder.h"
 #include "support/recording_shell.h"
 
@@ -34,17 +36,47 @@ TEST_F(ExportTest, SelectedChannelsBecomeColumns) {
   fill(2, "weg", "", {1});
   fill(3, "Öl\tdruck", "bar", {1, 2, 3});
   channels[2].export_selected = 0;
-  shell.files = {folder.file("werte.csv")};
+  shell.files = {folder.file("werte.txt")};
   export_channels(shell, channels);
-  EXPECT_EQ(read_file(folder.file("werte.csv")), "Drehzahl\tÖl druck\n1/min\tbar\n0.5\t1\n-1e+300\t2\n\t3\n");
+  EXPECT_EQ(read_file(folder.file("werte.txt")), "Drehzahl\tÖl druck\n1/min\tbar\n0.5\t1\n-1e+300\t2\n\t3\n");
   EXPECT_THAT(shell.messages(), IsEmpty());
 }
 
-TEST_F(ExportTest, NameWithoutAnExtensionGetsOne) {
-  fill(1, "a", "b", {});
-  shell.files = {folder.file("werte")};
+TEST_F(ExportTest, TableOfACsvFileHasSemicolons) {
+  fill(1, "a;b", "m", {1.5});
+  fill(2, "c", "", {2, 3});
+  shell.files = {folder.file("werte.Csv")};
   export_channels(shell, channels);
-  EXPECT_EQ(read_file(folder.file("werte.TXT")), "a\nb\n");
+  EXPECT_EQ(read_file(folder.file("werte.Csv")), "a b;c\nm;\n1.5;2\n;3\n");
+}
+
+TEST_F(ExportTest, AnyOtherNameGetsAStandardFile) {
+  fill(2, "Öldruck", "bar", {5, 6, 7});
+  fill(3, "Weg", "µm", {1});
+  channels[2].comment = "Motor";
+  channels[2].date = 44260.5;
+  channels[2].sample_interval = 0.25;
+  shell.files = {folder.file("lauf.1/werte")};
+  std::filesystem::create_directory(folder.file("lauf.1"));
+  export_channels(shell, channels);
+  EXPECT_THAT(shell.messages(), IsEmpty());
+  Model model{shell};
+  ASSERT_EQ(LoadMeasurementFile(model, 1, folder.file("lauf.1/werte.BIN"), 1, 0), LoadStatus::Done);
+  EXPECT_EQ(model.FileChannelNames, (OneBased<std::string>{"Öldruck", "Weg"}));
+  EXPECT_EQ(model.FileChannelUnits, (OneBased<std::string>{"bar", "µm"}));
+  EXPECT_EQ(model.FileChannelRates[1], 0.25F);
+  EXPECT_EQ(model.FileChannelComment, "Motor");
+  EXPECT_EQ(model.FileDateText, "44260.5");
+  EXPECT_THAT(std::vector<f64>(model.FileChannelValues.begin(), model.FileChannelValues.end()),
+              ElementsAre(5, 6, 7));
+}
+
+TEST_F(ExportTest, DialogOffersBinaryFilesFirst) {
+  export_channels(shell, channels);
+  ASSERT_EQ(shell.dialogs.size(), 1U);
+  EXPECT_EQ(shell.dialogs[0].default_name, "Ausschnitt.BIN");
+  EXPECT_EQ(shell.dialogs[0].filters.front().caption, "Standard-Binärdateien");
+  EXPECT_EQ(shell.dialogs[0].filters.front().pattern, "*.BIN");
 }
 
 TEST_F(ExportTest, LongChannelsComeWhole) {
@@ -73,10 +105,13 @@ TEST_F(ExportTest, NothingSelectedIsSaid) {
 
 TEST_F(ExportTest, FileThatCannotBeWrittenIsSaid) {
   fill(1, "a", "b", {1});
-  shell.files = {folder.file("none/w.txt")};
-  export_channels(shell, channels);
-  EXPECT_THAT(shell.messages(),
-              ElementsAre("Trendaro: Fehler beim Schreiben der Datei " + folder.file("none/w.txt")));
+  for (const char* name : {"none/w.txt", "none/w.BIN"}) {
+    shell.calls.clear();
+    shell.files = {folder.file(name)};
+    export_channels(shell, channels);
+    EXPECT_THAT(shell.messages(),
+                ElementsAre("Trendaro: Fehler beim Schreiben der Datei " + folder.file(name)));
+  }
 }
 
 class SizeTest : public testing::Test {

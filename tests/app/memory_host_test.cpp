@@ -10,9 +10,12 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "app/model.h"
 #include "app/run_time_error.h"
+#include "files/loader.h"
 #include "support/file_builder.h"
 #include "support/recording_shell.h"
+#include "support/standard_builder.h"
 
 namespace trendaro {
 namespace {
@@ -260,6 +263,21 @@ TEST_F(ImportTest, AskedRangeArrivesWithNameAndUnit) {
   EXPECT_EQ(host_text(host.GetChannelProperty(2, kChannelUnit)), "bar");
   EXPECT_EQ(host.GetChannelLength(1), 0);
   EXPECT_THAT(shell.progress, IsEmpty());
+}
+
+TEST_F(ImportTest, TimeBaseOfTheSignalIsKeptForTheExport) {
+  StandardFileLayout layout;
+  layout.channels.push_back({.values = {1, 2}});
+  layout.channels.front().record.SampleInterval = 2.5;
+  const TemporaryFile timed(layout.build());
+  const TemporaryFolder folder;
+  ask_import(timed.path(), 1, 0, 2);
+  host.SetChannelProperty(2, kChannelExportSelected, i16{1});
+  shell.files = {folder.file("werte.BIN")};
+  host.ShowDialog(kExportDialog, 1);
+  Model model{shell};
+  ASSERT_EQ(LoadMeasurementFile(model, 0, folder.file("werte.BIN"), 1, 0), LoadStatus::Done);
+  EXPECT_EQ(model.FileChannelRates[1], 2.5F);
 }
 
 TEST_F(ImportTest, SourceChannelMayBeAReal) {
