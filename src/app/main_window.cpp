@@ -3,6 +3,7 @@
 #include <QCloseEvent>
 #include <QComboBox>
 #include <QDragEnterEvent>
+#include <QKeyEvent>
 #include <QMenu>
 #include <QMimeData>
 
@@ -24,6 +25,7 @@
 #include "datasource/grid_handlers.h"
 #include "graph/graph_handlers.h"
 #include "graph/graph_widget.h"
+#include "graph/scrolling.h"
 
 namespace trendaro {
 namespace {
@@ -184,6 +186,12 @@ void Kelmira::showEvent(QShowEvent* event) {
   QMainWindow::showEvent(event);
   if (focusWidget() == nullptr) panes_->grid().setFocus();
   QMetaObject::invokeMethod(this, &Kelmira::check_host, Qt::QueuedConnection);
+}
+
+void Kelmira::keyPressEvent(QKeyEvent* event) {
+  const bool right = event->key() == Qt::Key_Right;
+  if (!right && event->key() != Qt::Key_Left) return QMainWindow::keyPressEvent(event);
+  run([&] { press_cursor_key(model_, right); });
 }
 
 void Kelmira::closeEvent(QCloseEvent* event) {

@@ -59,6 +59,21 @@ TEST_F(MainWindowTest, ClickOnANameMakesTheRowActiveAndMarksNothing) {
   EXPECT_EQ(model.NofPlots, 0);
 }
 
+TEST_F(MainWindowTest, CursorKeysReachTheZoomFromAnywhereInTheWindow) {
+  add_file("a.BIN", 1);
+  click_cell(1, 1);
+  model.controls["StepBox"].text = "77";
+  QTest::keyClick(window.get(), Qt::Key_Right);
+  EXPECT_NE(model.ScrollInterval, 77);
+  model.Zoomed = true;
+  model.HasFullDataPlot = false;
+  model.PESG.pending.ZoomActive = true;
+  QTest::keyClick(window.get(), Qt::Key_Up);
+  EXPECT_NE(model.ScrollInterval, 77);
+  QTest::keyClick(window.get(), Qt::Key_Left);
+  EXPECT_EQ(model.ScrollInterval, 77);
+}
+
 TEST_F(MainWindowTest, LayerAndSideButtonsSteerTheNextMark) {
   add_file("a.BIN", 3);
   click_button("TB_AXIS2");
