@@ -2,8 +2,6 @@
 // above them and with 100. The window is drawn off screen. The first argument is a folder for the file.
 #include <QApplication>
 #include <QScrollBar>
-#include <algorithm>
-#include <chrono>
 #include <cstdio>
 #include <functional>
 #include <string>
@@ -19,6 +17,7 @@
 #include "datasource/grid_handlers.h"
 #include "support/reducible_files.h"
 #include "support/silent_shell.h"
+#include "timing.h"
 
 namespace trendaro::bench {
 namespace {
@@ -32,12 +31,6 @@ std::string write_list_file(const std::string& folder) {
     file.channels.push_back({.name = "Kanal " + std::to_string(channel), .samples = {1, 2, 3, 4}});
   write_file(folder + "/liste.BIN", file.build().bytes());
   return folder + "/liste.BIN";
-}
-
-f64 milliseconds(const std::function<void()>& work) {
-  const auto start = std::chrono::steady_clock::now();
-  work();
-  return std::chrono::duration<f64, std::milli>(std::chrono::steady_clock::now() - start).count();
 }
 
 // What a user waits for, the painting included.
@@ -96,12 +89,6 @@ class ListBench {
   std::unique_ptr<Kelmira> window_;
   Figures figures_;
 };
-
-f64 median(std::vector<f64> times) {
-  const auto middle = times.begin() + static_cast<std::ptrdiff_t>(times.size() / 2);
-  std::ranges::nth_element(times, middle);
-  return *middle;
-}
 
 void print_row(const char* work, const std::vector<f64>& small, const std::vector<f64>& large) {
   std::printf("%-32s%10.3f%10.3f%8.2f%9.2f\n", work, median(large), median(small),
