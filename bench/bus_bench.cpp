@@ -127,7 +127,7 @@ class PipeSource {
 void read_array(QDBusConnection& bus, std::vector<f64>& values) {
   const QDBusMessage answer =
       bus.call(QDBusMessage::createMethodCall(QLatin1String(kHostService), QLatin1String(kArrayPath),
-                                              QStringLiteral("samples"), QStringLiteral("Read")));
+                                              QStringLiteral("bench.samples"), QStringLiteral("Read")));
   if (answer.type() != QDBusMessage::ReplyMessage) throw std::runtime_error("no array came");
   const auto array = qdbus_cast<QList<double>>(answer.arguments().first());
   std::copy(array.begin(), array.end(), values.begin());
