@@ -266,9 +266,11 @@ TEST_F(ImportTest, AskedRangeArrivesWithNameAndUnit) {
 }
 
 TEST_F(ImportTest, TimeBaseOfTheSignalIsKeptForTheExport) {
+  StandardChannel channel;
+  channel.values = {1, 2};
+  channel.record.SampleInterval = 2.5;
   StandardFileLayout layout;
-  layout.channels.push_back({.values = {1, 2}});
-  layout.channels.front().record.SampleInterval = 2.5;
+  layout.channels.push_back(channel);
   const TemporaryFile timed(layout.build());
   const TemporaryFolder folder;
   ask_import(timed.path(), 1, 0, 2);

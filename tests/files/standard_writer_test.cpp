@@ -33,16 +33,15 @@ class StandardWriterTest : public testing::Test {
 TEST_F(StandardWriterTest, BytesAreThoseOfAStandardFile) {
   ASSERT_TRUE(write_standard_file(path, signals));
   StandardFileLayout layout{.comment = ""};
-  StandardChannel channel{.name = "\xD6ldruck", .unit = "bar", .comment = "Motor", .channel_date = 44260.5};
-  channel.record.StartTime = 44260.5;
-  channel.record.SampleInterval = 0.25;
-  channel.values = speed;
-  layout.channels.push_back(channel);
-  layout.channels.push_back({.name = "", .unit = "\xB5m", .comment = "", .channel_date = 0});
-  channel = {.name = "Weg", .unit = "", .comment = "", .channel_date = 0};
-  channel.record.SampleInterval = 1000;
-  channel.values = pressure;
-  layout.channels.push_back(channel);
+  StandardChannel oil{.name = "\xD6ldruck", .unit = "bar", .comment = "Motor", .channel_date = 44260.5};
+  oil.record.StartTime = 44260.5;
+  oil.record.SampleInterval = 0.25;
+  oil.values = speed;
+  const StandardChannel empty{.name = "", .unit = "\xB5m", .comment = "", .channel_date = 0};
+  StandardChannel way{.name = "Weg", .unit = "", .comment = "", .channel_date = 0};
+  way.record.SampleInterval = 1000;
+  way.values = pressure;
+  layout.channels = {oil, empty, way};
   FileBuilder expected = layout.build();
   const std::size_t data = layout.header().size();
   expected.patch(2, static_cast<i32>(data));
