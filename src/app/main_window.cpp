@@ -25,7 +25,6 @@
 #include "datasource/grid_handlers.h"
 #include "graph/graph_handlers.h"
 #include "graph/graph_widget.h"
-#include "graph/scrolling.h"
 
 namespace trendaro {
 namespace {
@@ -191,7 +190,7 @@ void Kelmira::showEvent(QShowEvent* event) {
 void Kelmira::keyPressEvent(QKeyEvent* event) {
   const bool right = event->key() == Qt::Key_Right;
   if (!right && event->key() != Qt::Key_Left) return QMainWindow::keyPressEvent(event);
-  run([&] { press_cursor_key(model_, right); });
+  run([&] { press_scroll_key(model_, right); });
 }
 
 void Kelmira::closeEvent(QCloseEvent* event) {

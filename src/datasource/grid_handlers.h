@@ -42,8 +42,8 @@ void mnuPOP1(Model& model);
 // The tip over a cell; empty where there is none. Over a name it reads the header of the file.
 std::string text_tip(Model& model, i32 row, i16 column);
 
-// The left or right key in the list or a graph moves a zoomed section as the toolbar would; not while a
-// cursor is on.
+// The left or right key, in the list, a graph or where no pane has taken it, moves a zoomed section as the
+// toolbar would; not while a cursor is on.
 void press_scroll_key(Model& model, bool right);
 
 // "Als x-Datensatz verwenden" for the active row.

@@ -123,9 +123,4 @@ void scroll_section(Model& model, bool right) {
     scroll_originals(model);
 }
 
-void press_cursor_key(Model& model, bool right) {
-  const GraphProperties& graph = model.PESG.pending;
-  if (graph.ZoomActive && graph.CursorMode == 0) scroll_section(model, right);
-}
-
 }  // namespace trendaro

@@ -9,8 +9,4 @@ struct Model;
 // and for full data. Throws RunTimeError when the host fails.
 void scroll_section(Model& model, bool right);
 
-// The left or right cursor key, where no pane of the window has taken it: scrolls while the detail graph is
-// zoomed and its cursor is off.
-void press_cursor_key(Model& model, bool right);
-
 }  // namespace trendaro

@@ -60,25 +60,6 @@ TEST_F(ScrollingTest, CompressedSectionMovesWithoutImport) {
   EXPECT_THAT(channel_samples(1), IsEmpty());
 }
 
-TEST_F(ScrollingTest, CursorKeysScrollAZoomWhileNoCursorIsOn) {
-  press_cursor_key(model, true);
-  open({});
-  mark(2);
-  zoom(10, 150);
-  box("StepBox") = "500";
-  press_cursor_key(model, true);
-  expect_section(15, 155);
-  press_cursor_key(model, false);
-  expect_section(10, 150);
-  model.PESG.pending.CursorMode = 1;
-  press_cursor_key(model, true);
-  expect_section(10, 150);
-  model.PESG.pending.CursorMode = 0;
-  model.PESG.pending.ZoomActive = false;
-  press_cursor_key(model, true);
-  EXPECT_NEAR(model.ZoomXMin, 10, 1e-9);
-}
-
 TEST_F(ScrollingTest, SectionStopsAtTheEndsWithItsWidth) {
   open({});
   mark(2);
@@ -203,6 +184,7 @@ TEST_F(ScrollingTest, DatesCountFromTheStartOfTheRecording) {
 }
 
 TEST_F(ScrollingTest, ArrowKeysScrollOnlyWithoutACursor) {
+  press_scroll_key(model, true);  // nothing is open
   open({});
   mark(2);
   zoom(50, 60);
