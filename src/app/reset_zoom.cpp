@@ -5,6 +5,7 @@
 #include "app/model.h"
 #include "app/numbers.h"
 #include "app/toolbar.h"
+#include "datasource/grid_handlers.h"
 #include "graph/full_range.h"
 #include "graph/limit_lines.h"
 #include "graph/main_redraw.h"
@@ -78,6 +79,7 @@ void reset_zoom(Model& model) {
   if (model.DisplayCompression) restore_unzoomed_scale(model);
   model.unzoomed_scale.held = false;
   RedrawKMGraph(model, false);
+  if (model.HasFullDataPlot) show_plot_status(model);  // the redraw has emptied the panel
   model.saved_axes = {};
   for (const char* entry : {"mnuDBOffset", "mnuXUnit", "mnuNullValues"}) enable_control(model, entry, true);
 }

@@ -5,6 +5,7 @@
 
 #include "app/commands.h"
 #include "app/model.h"
+#include "datasource/grid_handlers.h"
 #include "graph/data_zoom.h"
 #include "graph/main_redraw.h"
 #include "graph/saved_axes.h"
@@ -128,6 +129,7 @@ void end_main_zoom(Model& model) {
     RedrawKMGraph(model, false);
   }
   count_hidden_plots(model);
+  if (model.HasFullDataPlot) show_plot_status(model);  // the redraw has emptied the panel
 }
 
 void undo_main_zoom(Model& model) {

@@ -1,6 +1,7 @@
 #include "graph/zoom_end.h"
 
 #include <algorithm>
+#include <functional>
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -313,6 +314,21 @@ TEST_F(CompressedPlainZoomTest, ZoomTakenBackShowsTheWholeCurve) {
   undo_main_zoom(model);
   EXPECT_LT(x_of(0), 2);
   EXPECT_GT(x_of(395), 197);
+}
+
+TEST_F(CompressedPlainZoomTest, StatusGoesOnTellingOfTheUncompressedChannel) {
+  const auto first_panel = [&] {
+    std::string text;
+    for (const std::string& call : shell.calls)
+      if (call.starts_with("status 1: ")) text = call.substr(10);
+    return text;
+  };
+  for (const auto& step : {std::function([&] { band(50.005, 60.005); }),
+                           {[&] { undo_main_zoom(model); }},
+                           {[&] { reset_zoom(model); }}}) {
+    step();
+    EXPECT_EQ(first_panel(), "Nichtkomprimierter Kanal wird angezeigt. Zoom in Originalwerte nicht möglich!");
+  }
 }
 
 TEST_F(CompressedPlainZoomTest, ResetBringsTheScaleBack) {
