@@ -1,8 +1,9 @@
 #include "graph/curve_index.h"
 
 #include <algorithm>
-#include <array>
 #include <cmath>
+
+#include <experimental/simd>
 
 #include "graph/graph_properties.h"
 
@@ -39,41 +40,6 @@ PointExtent extent_of_few(const CurveView<X>& view, std::size_t first, std::size
   return extent;
 }
 
-// One full block, in lanes that do not depend on each other, so that the compiler uses vector instructions.
-template <typename X>
-PointExtent extent_of_block(const CurveView<X>& view, std::size_t first) {
-  constexpr std::size_t kLanes = 16;
-  constexpr X kInfinity = std::numeric_limits<X>::infinity();
-  constexpr X kLargest = std::numeric_limits<X>::max();
-  constexpr f32 kLargestY = std::numeric_limits<f32>::max();
-  std::array<X, kLanes> x_low, x_high;
-  std::array<f32, kLanes> y_low, y_high;
-  std::array<i32, kLanes> gaps{};
-  x_low.fill(kInfinity);
-  x_high.fill(-kInfinity);
-  y_low.fill(std::numeric_limits<f32>::infinity());
-  y_high.fill(-std::numeric_limits<f32>::infinity());
-  for (std::size_t i = first; i < first + kIndexBlock; i += kLanes) {
-    for (std::size_t lane = 0; lane < kLanes; ++lane) {
-      const X x = view.x[i + lane];
-      const f32 y = view.y[i + lane];
-      // "&" and not "&&": no branches. A comparison with NaN is false, so NaN never counts.
-      const bool drawn = (x <= kLargest) & (x >= -kLargest) & (x != view.null_x) & (y <= kLargestY) &
-                         (y >= -kLargestY) & (y != view.null_y);
-      x_low[lane] = (drawn & (x < x_low[lane])) ? x : x_low[lane];
-      x_high[lane] = (drawn & (x > x_high[lane])) ? x : x_high[lane];
-      y_low[lane] = (drawn & (y < y_low[lane])) ? y : y_low[lane];
-      y_high[lane] = (drawn & (y > y_high[lane])) ? y : y_high[lane];
-      gaps[lane] |= drawn ? 0 : 1;
-    }
-  }
-  return {.x_low = static_cast<f64>(*std::ranges::min_element(x_low)),
-          .x_high = static_cast<f64>(*std::ranges::max_element(x_high)),
-          .y_low = *std::ranges::min_element(y_low),
-          .y_high = *std::ranges::max_element(y_high),
-          .has_gap = *std::ranges::max_element(gaps) != 0};
-}
-
 // Which ways x goes from one point that counts to the next.
 template <typename X>
 struct XOrder {
@@ -89,35 +55,96 @@ struct XOrder {
     last = x;
     any = true;
   }
-
-  // Points of which all count.
-  void take_full(const X* x, std::size_t count) {
-    take(x[0]);
-    if (rises) rises = !any_step(x, count, [](X former, X next) { return next < former; });
-    if (falls) falls = !any_step(x, count, [](X former, X next) { return next > former; });
-    last = x[count - 1];
-  }
-
- private:
-  template <typename Breaks>
-  static bool any_step(const X* x, std::size_t count, Breaks breaks) {
-    i32 found = 0;
-    for (std::size_t i = 1; i < count; ++i) found |= breaks(x[i - 1], x[i]) ? 1 : 0;
-    return found != 0;
-  }
 };
 
-// The order is looked at while the block is still near the processor.
 template <typename X>
-void add_order(const CurveView<X>& view, std::size_t first, std::size_t last, const PointExtent& extent,
-               XOrder<X>& order) {
-  if (!order.rises && !order.falls) return;
-  if (!extent.has_gap) {
-    order.take_full(view.x + first, last - first);
-    return;
-  }
+PointExtent extent_of_few(const CurveView<X>& view, std::size_t first, std::size_t last, XOrder<X>& order) {
   for (std::size_t i = first; i < last; ++i)
     if (counts(view, view.x[i], view.y[i])) order.take(view.x[i]);
+  return extent_of_few(view, first, last);
+}
+
+// Values that are looked at together. Spelled out, for the compiler does not find them in loops this short.
+template <typename T>
+using Lanes = std::experimental::native_simd<T>;
+
+template <typename T>
+Lanes<T> load(const T* from) {
+  return Lanes<T>(from, std::experimental::element_aligned);
+}
+
+// What is infinite or NaN leaves no 0 behind.
+template <typename T>
+auto gaps_in(const Lanes<T>& values, T null) {
+  return values - values != T(0) || values == null;
+}
+
+template <typename T>
+bool is_all_gaps(const T* block, T null) {
+  typename Lanes<T>::mask_type gaps(true);
+  for (std::size_t i = 0; i < kIndexBlock; i += Lanes<T>::size())
+    gaps = gaps && gaps_in(load(block + i), null);
+  return all_of(gaps);
+}
+
+// Of a full block; low and high hold where it has no gap.
+template <typename T>
+struct BlockExtremes {
+  T low, high;
+  bool has_gap;
+};
+
+template <typename T>
+BlockExtremes<T> extremes_of_block(const T* block, T null) {
+  Lanes<T> low = load(block);
+  Lanes<T> high = low;
+  typename Lanes<T>::mask_type gaps(false);
+  for (std::size_t i = 0; i < kIndexBlock; i += Lanes<T>::size()) {
+    const Lanes<T> values = load(block + i);
+    gaps = gaps || gaps_in(values, null);
+    low = std::experimental::min(low, values);
+    high = std::experimental::max(high, values);
+  }
+  return {hmin(low), hmax(high), any_of(gaps)};
+}
+
+// The same of x, which mostly goes one way, so that its ends are its extremes.
+template <typename X>
+BlockExtremes<X> extremes_of_x(const X* block, X null, XOrder<X>& order) {
+  constexpr std::size_t kStep = Lanes<X>::size();
+  constexpr std::size_t kLastStep = kIndexBlock - kStep;
+  typename Lanes<X>::mask_type gaps(false), down(false), up(false);
+  for (std::size_t i = 0; i < kIndexBlock; i += kStep) {
+    const Lanes<X> values = load(block + i);
+    // The last point of the block has no next one: the last step looks at the points ahead once more.
+    const Lanes<X> from = i < kLastStep ? values : load(block + i - 1);
+    const Lanes<X> to = i < kLastStep ? load(block + i + 1) : values;
+    gaps = gaps || gaps_in(values, null);
+    down = down || to < from;
+    up = up || to > from;
+  }
+  if (any_of(gaps)) return {0, 0, true};
+  const X first = block[0];
+  const X last = block[kIndexBlock - 1];
+  order.take(first);
+  order.take(last);
+  const bool goes_down = any_of(down);
+  const bool goes_up = any_of(up);
+  order.rises = order.rises && !goes_down;
+  order.falls = order.falls && !goes_up;
+  if (goes_down && goes_up) return extremes_of_block(block, null);
+  return {std::min(first, last), std::max(first, last), false};
+}
+
+template <typename X>
+PointExtent extent_of_block(const CurveView<X>& view, std::size_t first, XOrder<X>& order) {
+  const BlockExtremes<f32> y = extremes_of_block(view.y + first, view.null_y);
+  if (y.has_gap && is_all_gaps(view.y + first, view.null_y)) return {.has_gap = true};
+  if (!y.has_gap) {
+    const BlockExtremes<X> x = extremes_of_x(view.x + first, view.null_x, order);
+    if (!x.has_gap) return {static_cast<f64>(x.low), static_cast<f64>(x.high), y.low, y.high, false};
+  }
+  return extent_of_few(view, first, first + kIndexBlock, order);
 }
 
 template <typename X>
@@ -126,9 +153,8 @@ std::vector<PointExtent> finest_level(const CurveView<X>& view, std::size_t poin
   level.reserve(points / kIndexBlock + 1);
   for (std::size_t first = 0; first < points; first += kIndexBlock) {
     const std::size_t last = std::min(points, first + kIndexBlock);
-    level.push_back(last - first == kIndexBlock ? extent_of_block(view, first)
-                                                : extent_of_few(view, first, last));
-    add_order(view, first, last, level.back(), order);
+    level.push_back(last - first == kIndexBlock ? extent_of_block(view, first, order)
+                                                : extent_of_few(view, first, last, order));
   }
   return level;
 }

@@ -1,7 +1,10 @@
 #include "graph/curve_index.h"
 
+#include <algorithm>
 #include <cmath>
+#include <functional>
 #include <limits>
+#include <numeric>
 #include <random>
 
 #include <gtest/gtest.h>
@@ -129,6 +132,50 @@ TEST(CurveIndexTest, FallOfXAnywhereIsNoticed) {
     set_curves(properties, static_cast<i32>(points), falling, y);
     EXPECT_FALSE(build_curve_index(properties)->curves[0].x_rises) << place;
   }
+}
+
+// What a plain loop finds in full blocks without gaps, and which ways x goes, in both precisions of x.
+void expect_plain_blocks(const std::vector<f32>& x) {
+  std::vector<f32> y(x.size());
+  for (std::size_t i = 0; i < y.size(); ++i) y[i] = static_cast<f32>(i * 7919 % 613) - 300;
+  GraphProperties properties;
+  set_curves(properties, static_cast<i32>(x.size()), x, y);
+  properties.XDataII = std::make_shared<const SampleArray>(x.begin(), x.end());
+  for (const bool in_doubles : {false, true}) {
+    properties.UsingXDataII = in_doubles;
+    const auto index = build_curve_index(properties);
+    const CurveExtents& curve = index->curves[0];
+    for (std::size_t block = 0; block < curve.levels[0].size(); ++block)
+      EXPECT_EQ(curve.levels[0][block],
+                plain_extent(x, y, block * kIndexBlock, std::min(x.size(), (block + 1) * kIndexBlock)));
+    EXPECT_EQ(curve.x_rises, std::ranges::is_sorted(x));
+    EXPECT_EQ(curve.x_falls, std::ranges::is_sorted(x, std::greater<>()));
+  }
+}
+
+TEST(CurveIndexTest, FullBlocksAreThoseOfAPlainScan) {
+  std::vector<f32> rising(200);
+  std::iota(rising.begin(), rising.end(), -50.0F);
+  expect_plain_blocks(rising);
+  expect_plain_blocks({rising.rbegin(), rising.rend()});
+  expect_plain_blocks(std::vector<f32>(200, 3));
+  for (std::size_t place = 0; place < rising.size(); ++place) {
+    std::vector<f32> broken = rising;
+    broken[place] += 1.5F;
+    expect_plain_blocks(broken);
+    expect_plain_blocks({broken.rbegin(), broken.rend()});
+  }
+}
+
+TEST(CurveIndexTest, ABlockOfNullValuesIsEmpty) {
+  std::vector<f32> x(128, 1), y(128, 2);
+  std::fill_n(y.begin(), 64, kNull);
+  GraphProperties properties;
+  set_curves(properties, 128, x, y);
+  const auto index = build_curve_index(properties);
+  EXPECT_TRUE(index->curves[0].levels[0][0].empty());
+  EXPECT_TRUE(index->curves[0].levels[0][0].has_gap);
+  EXPECT_FALSE(index->curves[0].levels[0][1].has_gap);
 }
 
 TEST(CurveIndexTest, PointsAreReadFromTheirCurve) {
