@@ -33,7 +33,7 @@ class StrokeBuilder {
     joined_ = false;
     bool after_bar = false;
     for (std::size_t i = first; i < last;) {
-      const Column column = column_from(i, last);
+      const Column column = column_from(i, last, i > first);
       const bool bar = column.swings && column.bottom - column.top >= kLeastBar;
       if (bar)
         add_bar(column, i > first, after_bar);
@@ -49,11 +49,13 @@ class StrokeBuilder {
  private:
   [[nodiscard]] f64 column_of(const PixelPoint& point) const { return std::floor(point.x / column_width_); }
 
-  [[nodiscard]] Column column_from(std::size_t first, std::size_t last) const {
+  // The way in from a neighbouring column counts, so that pairs of a lowest and a highest point are swings.
+  [[nodiscard]] Column column_from(std::size_t first, std::size_t last, bool has_former) const {
     const auto& points = outline_.points;
     Column column{first, first + 1, points[first].y, points[first].y};
-    bool up = false;
-    bool down = false;
+    const bool entered = has_former && std::abs(column_of(points[first]) - column_of(points[first - 1])) <= 1;
+    bool up = entered && points[first].y < points[first - 1].y;
+    bool down = entered && points[first].y > points[first - 1].y;
     while (column.last < last && column_of(points[column.last]) == column_of(points[first])) {
       const f64 y = points[column.last].y;
       up = up || y < points[column.last - 1].y;

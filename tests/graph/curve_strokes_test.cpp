@@ -41,6 +41,25 @@ TEST(CurveStrokesTest, LinesReachTheBarsOnBothSides) {
   EXPECT_DOUBLE_EQ(strokes.lines.points[2].y, 12);
 }
 
+TEST(CurveStrokesTest, PairsOfALowestAndAHighestPointAreBars) {
+  const CurveOutline outline{{{0.1, 50}, {0.6, 10}, {1.1, 50}, {1.6, 10}, {2.1, 60}, {2.6, 20}}, {0}};
+  const CurveStrokes strokes = curve_strokes(outline, 1, 1);
+  // Nothing leads into the first pair, which stays a line that reaches the first bar.
+  ASSERT_EQ(strokes.bars.size(), 2U);
+  EXPECT_DOUBLE_EQ(strokes.bars[0].y, 9.5);
+  EXPECT_DOUBLE_EQ(strokes.bars[0].bottom(), 50.5);
+  EXPECT_DOUBLE_EQ(strokes.bars[1].y, 19.5);
+  EXPECT_DOUBLE_EQ(strokes.bars[1].bottom(), 60.5);
+  EXPECT_EQ(strokes.lines.points.size(), 3U);
+}
+
+TEST(CurveStrokesTest, ASteepEdgeOverTwoColumnsStaysALine) {
+  const CurveOutline outline{{{0.5, 90}, {1.1, 60}, {1.6, 30}, {2.5, 5}}, {0}};
+  const CurveStrokes strokes = curve_strokes(outline, 1, 1);
+  EXPECT_TRUE(strokes.bars.empty());
+  EXPECT_EQ(strokes.lines.points.size(), 4U);
+}
+
 TEST(DashedTest, DashesFollowTheLine) {
   const CurveOutline outline{{{0, 0}, {20, 0}}, {0}};
   const CurveOutline dashes = dashed(outline, {6, 4}, 100);
