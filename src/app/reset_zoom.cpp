@@ -67,7 +67,8 @@ void reset_zoom(Model& model) {
   leave_graph_zoom(model);
   set_window_to_full_range(model);
   show_all_layers(model);
-  if (model.OriginalDataMode) {
+  // A bound beyond all counts has ended a zoom with the samples still on show.
+  if (model.OriginalDataMode || (model.Zoomed && any_on_original(model))) {
     model.OriginalDataMode = false;
     return_to_reduced(model);
   }

@@ -3,7 +3,6 @@
 #include <optional>
 #include <string>
 
-#include "app/attempt.h"
 #include "app/model.h"
 #include "app/numbers.h"
 #include "app/paths.h"
@@ -42,7 +41,8 @@ std::string ask_target(Model& model) {
                                     .default_name = "*.MEA"});
 }
 
-// Rows of the section on show, for the plot that the recording was found by.
+// Rows of the section on show, for the plot that the recording was found by. Throws where no redraw has given
+// that plot a step.
 i32 row_count(const Model& model, i16 plot) {
   if (!model.PlotStep.has(plot) || model.PlotStep[plot] == 0) throw RunTimeError{kDivisionByZero};
   const f64 ratio = model.CompressedDXMax / model.PlotStep[plot];
@@ -66,8 +66,8 @@ void mnuCreateMEASection(Model& model) {
   if (target.empty()) return;
   // First row by the first plot, whichever plot the recording was found by.
   const i32 first = model.PlotOffsetPoints.has(1) ? model.PlotOffsetPoints[1] : 0;
-  SectionStatus status = SectionStatus::Failed;
-  attempt([&] { status = WriteSectionFile(source->path, target, first, row_count(model, source->plot)); });
+  const i32 rows = row_count(model, source->plot);
+  const SectionStatus status = WriteSectionFile(source->path, target, first, rows);
   model.LastDatabaseStatus = static_cast<i32>(status);
   tell_outcome(model, status);
 }

@@ -3,6 +3,27 @@
 #include "app/model.h"
 
 namespace trendaro {
+namespace {
+
+void restore_axis(YAxisSettings& axis, const UnzoomedScale::Axis& scale) {
+  axis.manual_scale = scale.control;
+  axis.low = scale.low;
+  axis.high = scale.high;
+}
+
+void restore_left(LayerProperties& layer, const UnzoomedScale::Axis& scale) {
+  layer.ManualScaleControlY = scale.control;
+  layer.ManualMinY = scale.low;
+  layer.ManualMaxY = scale.high;
+}
+
+void restore_right(LayerProperties& layer, const UnzoomedScale::Axis& scale) {
+  layer.ManualScaleControlRY = scale.control;
+  layer.ManualMinRY = scale.low;
+  layer.ManualMaxRY = scale.high;
+}
+
+}  // namespace
 
 void hold_unzoomed_scale(Model& model) {
   UnzoomedScale& scale = model.unzoomed_scale;
@@ -24,15 +45,37 @@ void restore_unzoomed_scale(Model& model) {
   GraphProperties& graph = model.PESG.pending;
   graph.ManualMinX = scale.low_x;
   graph.ManualMaxX = scale.high_x;
+  // Layers that had left come back from their saved settings; the graph counts the others from 0 until then.
+  SavedAxes& saved = model.saved_axes;
+  const std::size_t stored = saved.AxesStored ? static_cast<std::size_t>(saved.StoredAxisCount) : 0;
   for (std::size_t i = 0; i < scale.left.size(); ++i) {
-    LayerProperties& layer = graph.layers[i];
-    layer.ManualScaleControlY = scale.left[i].control;
-    layer.ManualMinY = scale.left[i].low;
-    layer.ManualMaxY = scale.left[i].high;
-    layer.ManualScaleControlRY = scale.right[i].control;
-    layer.ManualMinRY = scale.right[i].low;
-    layer.ManualMaxRY = scale.right[i].high;
+    if (i < stored) {
+      restore_axis(saved.left[i], scale.left[i]);
+      restore_axis(saved.right[i], scale.right[i]);
+    } else {
+      restore_left(graph.layers[i - stored], scale.left[i]);
+      restore_right(graph.layers[i - stored], scale.right[i]);
+    }
   }
+}
+
+bool zoom_to_unzoomed_scale(Model& model) {
+  const UnzoomedScale& scale = model.unzoomed_scale;
+  if (!scale.held) return false;
+  GraphProperties& graph = model.PESG.pending;
+  graph.ZoomMinX = scale.low_x;
+  graph.ZoomMaxX = scale.high_x;
+  graph.ZoomAxisBottom = 0;
+  graph.ZoomAxisTop = static_cast<i16>(model.LastLayer - model.FirstLayer);
+  for (i16 axis = 0; axis <= graph.ZoomAxisTop; ++axis) {
+    const auto layer_index = static_cast<std::size_t>(model.FirstLayer + axis);
+    LayerProperties& layer = graph.layers[static_cast<std::size_t>(axis)];
+    layer.ZoomMinY = scale.left[layer_index].low;
+    layer.ZoomMaxY = scale.left[layer_index].high;
+    layer.ZoomMinRY = scale.right[layer_index].low;
+    layer.ZoomMaxRY = scale.right[layer_index].high;
+  }
+  return true;
 }
 
 }  // namespace trendaro

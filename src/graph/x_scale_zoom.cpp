@@ -80,6 +80,14 @@ void import_plot(Model& model, i16 number, const std::vector<i32>& inside) {
   }
 }
 
+// The samples are there in any case; the channel number may be that of the original already.
+void show_originals(const Model& model, PlotRecord& plot) {
+  if (model.KeepOriginalChannels && plot.FileKind == kKindReducedPairs)
+    plot.FileKind = kKindDatabase;
+  else
+    move_to_original(plot);
+}
+
 void go_into_originals(Model& model, const std::vector<i32>& inside) {
   const WaitPointer wait(model.shell);
   model.OriginalDataMode = true;
@@ -91,7 +99,7 @@ void go_into_originals(Model& model, const std::vector<i32>& inside) {
     find_original(model, number, search);
     model.ZoomPoints = std::max(model.ZoomPoints, 1);
     import_plot(model, number, inside);
-    if (!model.KeepOriginalChannels) move_to_original(model.Plots[number]);
+    show_originals(model, model.Plots[number]);
   }
   RedrawKMGraph(model, false);
   model.shell.show_status(1, "");

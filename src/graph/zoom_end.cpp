@@ -133,11 +133,7 @@ void end_main_zoom(Model& model) {
 }
 
 void undo_main_zoom(Model& model) {
-  if (!model.HasFullDataPlot || !model.DisplayCompression) return;
-  if (model.unzoomed_scale.held) {
-    model.PESG.pending.ZoomMinX = model.unzoomed_scale.low_x;
-    model.PESG.pending.ZoomMaxX = model.unzoomed_scale.high_x;
-  }
+  if (!model.HasFullDataPlot || !model.DisplayCompression || !zoom_to_unzoomed_scale(model)) return;
   end_main_zoom(model);
 }
 

@@ -49,9 +49,10 @@ void press_zoom_mode(Model& model, ZoomMode mode) {
 
 void SpringToMaxZoom(Model& model) {
   if (model.HasFullDataPlot || model.ActiveReduceFactor == 0) return;
-  model.OriginalDataMode = false;
+  // A bound beyond all counts ends here, with the section as it is.
   const f64 most = ParseNumber(model.controls["PointsBox"].text);
   const i32 points = points_within(most, model.ActiveReduceFactor / 2.0);
+  model.OriginalDataMode = false;
   GraphProperties& graph = model.PESG.pending;
   graph.ZoomActive = true;
   graph.ZoomMinX = model.ZoomXMin;

@@ -22,7 +22,8 @@ void choose_zoom_mode(Model& model) {
 }
 
 // Jumps to the widest section, from the left end of the present one, that shows original samples. Nothing for
-// full data, and while no curve has given the display a reduce factor.
+// full data, and while no curve has given the display a reduce factor. Throws RunTimeError, with nothing
+// changed, for a bound beyond 32 bits.
 void SpringToMaxZoom(Model& model);
 
 // The same as a command: nothing without plots.

@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include "app/commands.h"
+#include "app/run_time_error.h"
 #include "files/loader.h"
 #include "graph/data_zoom.h"
 #include "support/zoom_fixture.h"
@@ -114,16 +115,19 @@ TEST_F(SectionHandlersTest, TheEnvelopeFoundGivesTheLengthAndTheFirstPlotTheBegi
     ASSERT_NEAR(values[i], ZoomRecording::known_sample(2, static_cast<i64>(7000 + i)), 0.01) << i;
 }
 
-TEST_F(SectionHandlersTest, ALengthThatCannotBeWorkedOutIsAFailedWrite) {
+TEST_F(SectionHandlersTest, ALengthThatCannotBeWorkedOutWritesNothing) {
   open({});
   write_recording("lauf.MEA");
   mark(2);
   zoom(50, 60);
   model.PlotStep[1] = 0;
+  model.LastDatabaseStatus = 77;
+  write_file(target(), "früher");
   shell.files = {target()};
-  run_command(model, "mnuCreateMEASection");
-  EXPECT_THAT(shell.messages(), ElementsAre("Trendaro: Fehler bei Schreiben der Ausschnittsdatei!"));
-  EXPECT_EQ(model.LastDatabaseStatus, -10);
+  EXPECT_THROW(run_command(model, "mnuCreateMEASection"), RunTimeError);
+  EXPECT_THAT(shell.messages(), IsEmpty());
+  EXPECT_EQ(model.LastDatabaseStatus, 77);
+  EXPECT_EQ(read_file(target()), "früher");
 }
 
 TEST_F(SectionHandlersTest, GivenUpDialogWritesNothing) {

@@ -6,6 +6,7 @@
 #include <gtest/gtest.h>
 
 #include "app/run_time_error.h"
+#include "support/noting_host.h"
 #include "support/zoom_fixture.h"
 
 namespace trendaro {
@@ -98,6 +99,7 @@ TEST_F(DataZoomTest, PlotThatEndsAheadOfTheSectionIsCleared) {
   EXPECT_THAT(channel_samples(model.Plots[2].DatabaseChannel), IsEmpty());
   EXPECT_EQ(model.Plots[2].FileKind, kKindDatabase);
   expect_drawn(0, 1, 5000, 1000);
+  expect_drawn(1, 1, 0, 0);
   EXPECT_THAT(shell.messages(), IsEmpty());
 }
 
@@ -178,7 +180,7 @@ TEST_F(DataZoomTest, NarrowingOriginalDataImportsNothingNew) {
   EXPECT_TRUE(model.PESG.shown().ZoomActive);
 }
 
-TEST_F(DataZoomTest, TwoDotsInTheNameFindNoOriginal) {
+TEST_F(DataZoomTest, TwoDotsInTheNameKeepTheOriginalOfBefore) {
   open({}, "lauf.1");
   mark(2);
   ASSERT_EQ(model.Plots[1].FileKind, kKindPlain);  // such a file counts as plain
@@ -188,8 +190,9 @@ TEST_F(DataZoomTest, TwoDotsInTheNameFindNoOriginal) {
   model.CompressedDXMax = 0.05;
   model.PlotReduceFactor[1] = 10;
   model.PlotStep[1] = 0.05;
+  model.OriginalFileNames = {"lauf.ME1"};
   zoom(50, 60);
-  EXPECT_EQ(model.OriginalFileNames[1], "");
+  EXPECT_EQ(model.OriginalFileNames[1], "lauf.ME1");
   EXPECT_TRUE(model.OriginalFileMissing);
 }
 
@@ -307,26 +310,6 @@ TEST_F(DataZoomTest, FailingHostIsToldAndNothingIsRolledBack) {
   EXPECT_EQ(shell.messages().size(), 2u);
 }
 
-// A host that remembers what it is told about an import.
-class NotingHost : public MemoryHost {
- public:
-  using MemoryHost::MemoryHost;
-  std::vector<std::string> calls;
-  void SetImportProperty(i16 key, const HostValue& value) override {
-    const char* type = std::holds_alternative<f64>(value)   ? "f64"
-                       : std::holds_alternative<i16>(value) ? "i16"
-                       : std::holds_alternative<i32>(value) ? "i32"
-                                                            : "";
-    calls.push_back(std::to_string(key) + " " + type + " " + host_text(value));
-    MemoryHost::SetImportProperty(key, value);
-  }
-  void ExecuteImport() override {
-    calls.push_back("execute");
-    MemoryHost::ExecuteImport();
-  }
-  void ProgressControl(i16 command) override { calls.push_back("progress " + std::to_string(command)); }
-};
-
 TEST_F(DataZoomTest, HostIsAskedForExactlyTheSection) {
   NotingHost noting(shell, 96, 100000);
   open({});
@@ -334,7 +317,17 @@ TEST_F(DataZoomTest, HostIsAskedForExactlyTheSection) {
   model.Host = &noting;
   zoom(50, 60);
   EXPECT_THAT(noting.calls, ElementsAre("1  " + folder.file("lauf.ME1"), "2 i16 0", "3  0", "4 i16 1",
-                                        "5 f64 2", "6 i32 5000", "7 i32 1000", "execute", "progress 2"));
+                                        "5 f64 2", "6 i32 5000", "7 i32 1000", "capacity 1", "execute",
+                                        "progress 2", "property 1 1 Kanal 2"));
+}
+
+TEST_F(DataZoomTest, HostIsAskedToClearAChannelOutsideOfTheSection) {
+  NotingHost noting(shell, 96, 100000);
+  open({});
+  mark(2);
+  model.Host = &noting;
+  zoom(-5, -1);
+  EXPECT_THAT(noting.calls, ElementsAre("clear 1"));
 }
 
 }  // namespace

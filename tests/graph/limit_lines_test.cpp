@@ -5,11 +5,13 @@
 
 #include "app/commands.h"
 #include "graph/data_zoom.h"
+#include "support/noting_host.h"
 #include "support/zoom_fixture.h"
 
 namespace trendaro {
 namespace {
 
+using testing::ElementsAre;
 using testing::IsEmpty;
 
 // A recording of 200 s, 100 samples a second; a display point stands for 5 samples, 0.05 s.
@@ -268,6 +270,20 @@ TEST_F(LimitLinesTest, ZoomedSurveyNarrowsTheEnds) {
   expect_lines(30, 160);
   drag(1, 199);
   expect_lines(30, 170);
+}
+
+TEST_F(LimitLinesTest, LetGoPairAsksForTheSameChannelOfTheOriginal) {
+  NotingHost noting(shell, 96, 100000);
+  open({});
+  mark(3);
+  model.Host = &noting;
+  zoom(50, 60);
+  noting.calls.clear();
+  drag(1, 95);
+  drop_limit_line(model);
+  EXPECT_THAT(noting.calls, ElementsAre("1  " + folder.file("lauf.ME1"), "2 i16 0", "3  0", "4 i16 1",
+                                        "5 i16 2", "6 i32 8500", "7 i32 1000", "capacity 1", "execute",
+                                        "progress 2", "property 1 1 Kanal 2"));
 }
 
 }  // namespace

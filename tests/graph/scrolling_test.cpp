@@ -5,11 +5,13 @@
 
 #include "app/commands.h"
 #include "graph/data_zoom.h"
+#include "support/noting_host.h"
 #include "support/zoom_fixture.h"
 
 namespace trendaro {
 namespace {
 
+using testing::ElementsAre;
 using testing::IsEmpty;
 
 // Sections of a recording of 200 s, 100 samples a second; a display point stands for 5 samples.
@@ -209,6 +211,19 @@ TEST_F(ScrollingTest, FullDataAreLeftToTheGraph) {
   zoom(5, 6);
   scroll(true, "100");
   EXPECT_DOUBLE_EQ(model.PESG.pending.ZoomMinX, 5);
+}
+
+// The channel number is that of the original by then. File and append mode stand from the zoom.
+TEST_F(ScrollingTest, HostIsAskedForTheNextSectionOfTheSameChannel) {
+  NotingHost noting(shell, 96, 100000);
+  open({});
+  mark(3);
+  model.Host = &noting;
+  zoom(50, 60);
+  noting.calls.clear();
+  scroll(true, "500");
+  EXPECT_THAT(noting.calls, ElementsAre("1  " + folder.file("lauf.ME1"), "4 i16 1", "5 i16 2", "6 i32 5500",
+                                        "7 i32 1000", "execute", "progress 2"));
 }
 
 }  // namespace

@@ -9,11 +9,13 @@
 
 #include "app/commands.h"
 #include "graph/data_zoom.h"
+#include "support/noting_host.h"
 #include "support/zoom_fixture.h"
 
 namespace trendaro {
 namespace {
 
+using testing::ElementsAreArray;
 using testing::IsEmpty;
 
 // Channel 1 rises by 1 a sample; channel 2 is known. Ten samples a pair, so that a bound stands for five.
@@ -127,6 +129,64 @@ TEST_F(XScaleZoomTest, ResetShowsThePairsAgain) {
   EXPECT_EQ(model.Plots[1].FileKind, kKindReducedPairs);
   EXPECT_EQ(model.Plots[1].ChannelIndex, 3);
   EXPECT_NEAR(f64{(*model.PESG.shown().XData)[200]}, 1000, 0.01);
+}
+
+// Bounds 100 and 109 are numbers 20 and 21, and bring in five samples each from 96 and 101 on; for each plot,
+// as sections that add up, first of x and then of y.
+TEST_F(XScaleZoomTest, HostIsAskedForTheBlocksOfEachPlot) {
+  NotingHost noting(shell, 96, 100000);
+  show_over_ramp();
+  mark(2);
+  ASSERT_EQ(model.NofPlots, 2);
+  model.Host = &noting;
+  zoom(100, 109);
+  const std::string scratch = std::to_string(model.XScratchChannel);
+  std::vector<std::string> expected;
+  for (i16 number = 1; number <= 2; ++number) {
+    const PlotRecord& plot = model.Plots[number];
+    const std::string target = std::to_string(plot.DatabaseChannel);
+    ASSERT_EQ(plot.FileKind, kKindDatabase);
+    for (const std::string& call : {"1  " + folder.file("lauf.ME1"), std::string("2 i16 0"),
+                                    std::string("3  1"), "clear " + scratch, "clear " + target})
+      expected.push_back(call);
+    for (const char* first : {"96", "101"})
+      for (const std::string& channels :
+           {"4 i16 " + scratch + "|5 f64 1",
+            "4 i16 " + target + "|5 f64 " + std::to_string(plot.ChannelIndex)}) {
+        const std::size_t bar = channels.find('|');
+        expected.push_back(channels.substr(0, bar));
+        expected.push_back(channels.substr(bar + 1));
+        expected.push_back(std::string("6 i32 ") + first);
+        expected.push_back("7 i32 5");
+        expected.push_back("execute");
+      }
+  }
+  EXPECT_THAT(noting.calls, ElementsAreArray(expected));
+}
+
+TEST_F(XScaleZoomTest, EveryPlotGoesInWithTheSameBounds) {
+  show_over_ramp();
+  mark(2);
+  zoom(100, 119);
+  for (const i16 number : {i16{1}, i16{2}}) {
+    EXPECT_EQ(model.Plots[number].FileKind, kKindDatabase);
+    const std::vector<f64> values = channel_samples(model.Plots[number].DatabaseChannel);
+    ASSERT_EQ(values.size(), 20u);
+    for (i32 i = 0; i < 20; ++i)
+      EXPECT_NEAR(values[static_cast<std::size_t>(i)],
+                  model.Plots[number].ChannelIndex == 1 ? 96 + i : known(96 + i), 0.01);
+  }
+  EXPECT_EQ(box("ZoomPointsBox"), "20");
+}
+
+TEST_F(XScaleZoomTest, PlotsThatKeepTheirChannelNumberChangeTheirKindAllTheSame) {
+  show_over_ramp();
+  model.KeepOriginalChannels = true;
+  model.Plots[1].ChannelIndex = 2;  // as it is in the original
+  zoom(100, 119);
+  EXPECT_EQ(model.Plots[1].FileKind, kKindDatabase);
+  EXPECT_EQ(model.Plots[1].ChannelIndex, 2);
+  EXPECT_NEAR(f64{(*model.PESG.shown().YData)[0]}, known(96), 0.01);
 }
 
 }  // namespace

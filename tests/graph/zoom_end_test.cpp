@@ -8,6 +8,7 @@
 
 #include "app/commands.h"
 #include "graph/data_zoom.h"
+#include "graph/saved_axes.h"
 #include "support/zoom_fixture.h"
 
 namespace trendaro {
@@ -122,6 +123,88 @@ TEST_F(ZoomEndTest, LayersOutsideOfTheBandLeaveTheGraph) {
   EXPECT_EQ(model.PESG.shown().SubsetCount, 2);
   expect_drawn(0, 2, 5000, 1000);
   expect_drawn(1, 3, 5000, 1000);
+}
+
+void expect_settings(const YAxisSettings& saved, const YAxisSettings& expected) {
+  EXPECT_EQ(saved.manual_scale, expected.manual_scale);
+  EXPECT_EQ(saved.low, expected.low);
+  EXPECT_EQ(saved.high, expected.high);
+  EXPECT_EQ(saved.scale_kind, expected.scale_kind);
+  EXPECT_EQ(saved.manual_ticks, expected.manual_ticks);
+  EXPECT_EQ(saved.tick, expected.tick);
+  EXPECT_EQ(saved.line, expected.line);
+  EXPECT_EQ(saved.color, expected.color);
+  EXPECT_EQ(saved.title, expected.title);
+  EXPECT_EQ(saved.format, expected.format);
+  EXPECT_EQ(saved.inverted, expected.inverted);
+}
+
+LayerProperties layer_of_hand() {
+  LayerProperties layer;
+  layer.ManualScaleControlY = 3;
+  layer.ManualMinY = -7;
+  layer.ManualMaxY = 8;
+  layer.YAxisScaleControl = 2;
+  layer.ManualYAxisTicknLine = true;
+  layer.ManualYAxisTick = 0.5;
+  layer.ManualYAxisLine = 2.5;
+  layer.YAxisColor = 0x112233;
+  layer.YAxisLabel = "Drehzahl";
+  layer.AxisFormatY = "0.0";
+  layer.InvertedYAxis = true;
+  layer.ManualScaleControlRY = 1;
+  layer.ManualMinRY = -70;
+  layer.ManualMaxRY = 80;
+  layer.RYAxisScaleControl = 1;
+  layer.ManualRYAxisTicknLine = true;
+  layer.ManualRYAxisTick = 5;
+  layer.ManualRYAxisLine = 25;
+  layer.RYAxisColor = 0x445566;
+  layer.RYAxisLabel = "Druck";
+  layer.AxisFormatRY = "0.00";
+  layer.InvertedRYAxis = true;
+  return layer;
+}
+
+TEST_F(ZoomEndTest, AllSettingsOfAxesThatLeaveAreKeptAndThoseOfBeforeStay) {
+  model.FirstZoomLayer = 1;
+  model.PESG.pending.layers[0] = layer_of_hand();
+  StoreAxesSettings(model, 0);
+  model.FirstZoomLayer = 2;  // layer 1 is the first one on show now, and leaves as well
+  model.PESG.pending.layers[0].YAxisLabel = "Weg";
+  model.PESG.pending.layers[0].ManualMaxRY = 90;
+  StoreAxesSettings(model, 1);
+  const SavedAxes& saved = model.saved_axes;
+  ASSERT_EQ(saved.left.size(), 2u);
+  ASSERT_EQ(saved.right.size(), 2u);
+  YAxisSettings left{.manual_scale = 3,
+                     .low = -7,
+                     .high = 8,
+                     .scale_kind = 2,
+                     .manual_ticks = true,
+                     .tick = 0.5,
+                     .line = 2.5,
+                     .color = 0x112233,
+                     .title = "Drehzahl",
+                     .format = "0.0",
+                     .inverted = true};
+  YAxisSettings right{.manual_scale = 1,
+                      .low = -70,
+                      .high = 80,
+                      .scale_kind = 1,
+                      .manual_ticks = true,
+                      .tick = 5,
+                      .line = 25,
+                      .color = 0x445566,
+                      .title = "Druck",
+                      .format = "0.00",
+                      .inverted = true};
+  expect_settings(saved.left[0], left);
+  expect_settings(saved.right[0], right);
+  left.title = "Weg";
+  right.high = 90;
+  expect_settings(saved.left[1], left);
+  expect_settings(saved.right[1], right);
 }
 
 TEST_F(ZoomEndTest, SecondBandCountsItsLayersFromTheFirstOneOnShow) {
@@ -341,6 +424,20 @@ TEST_F(CompressedPlainZoomTest, ResetBringsTheScaleBack) {
   expect_pairs(0, 100, 200);
   EXPECT_EQ(model.controls["ZoomPointsBox"].back_color, kYellow);
   EXPECT_EQ(box("ZoomPointsBox"), "20000");
+}
+
+TEST_F(ZoomEndTest, BoundBeyondAllCountsLeavesNoOldSamplesBehindTheReset) {
+  open({});
+  mark(2);
+  click_tool(model, "TB_ZOOMHORZ");
+  band(50, 60);
+  box("PointsBox") = "99999999999";
+  band(52, 55);
+  EXPECT_FALSE(model.OriginalDataMode);
+  click_tool(model, "TB_ZOOMFIX");
+  EXPECT_EQ(model.Plots[1].FileKind, kKindReducedPairs);
+  EXPECT_EQ(model.Plots[1].ChannelIndex, 1);
+  EXPECT_EQ(model.PESG.shown().PointCount, 4000);  // two a block of ten
 }
 
 }  // namespace

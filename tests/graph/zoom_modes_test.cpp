@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include "app/commands.h"
+#include "app/run_time_error.h"
 #include "app/tool_boxes.h"
 #include "support/zoom_fixture.h"
 
@@ -187,6 +188,19 @@ TEST_F(ZoomModesTest, EnterInTheBoxOfTheStepRoundsIt) {
   enter_tool_box(model, "StepBox");
   EXPECT_EQ(model.ScrollInterval, 12);
   EXPECT_EQ(box("StepBox"), "12");
+}
+
+TEST_F(ZoomModesTest, JumpToABoundBeyondAllCountsLeavesTheSection) {
+  open({});
+  mark(2);
+  box("PointsBox") = "1000";
+  SpringToMaxZoom(model);
+  ASSERT_TRUE(model.OriginalDataMode);
+  box("PointsBox") = "99999999999";
+  EXPECT_THROW(SpringToMaxZoom(model), RunTimeError);
+  EXPECT_TRUE(model.OriginalDataMode);
+  EXPECT_NEAR(model.ZoomXMax, 10, 1e-9);
+  expect_drawn(0, 1, 0, 1000);
 }
 
 }  // namespace

@@ -1,0 +1,156 @@
+#include <array>
+
+#include <gtest/gtest.h>
+
+#include "app/commands.h"
+#include "graph/main_redraw.h"
+#include "graph/zoom_end.h"
+#include "support/zoom_fixture.h"
+
+namespace trendaro {
+namespace {
+
+// A plain recording of 200 s, shown compressed: the curves are worked out anew for every section.
+class CompressedZoomTest : public ZoomFixture {
+ protected:
+  static constexpr std::array<std::array<f64, 4>, 3> kScales = {
+      {{-11000, 11000, 0, 1}, {-12000, 12000, 0, 2}, {-13000, 13000, 0, 3}}};
+
+  CompressedZoomTest() {
+    model.controls["mnuUseCompression"].ticked = true;
+    model.CompressThreshold = 1000;
+    model.CompressTarget = 500;
+    write_file(folder.file("lauf.ME1"), ZoomRecording{.channels = 3}.original().bytes());
+    AddFileToGrid(model, folder.file("lauf.ME1"), false);
+  }
+  // One curve a layer, each layer with a scale of its own.
+  void show_layers(i16 count) {
+    for (i16 layer = 1; layer <= count; ++layer) mark(layer + 1, layer);
+    model.PESG.pending.ManualScaleControlX = 3;
+    model.PESG.pending.ManualMinX = -1;
+    model.PESG.pending.ManualMaxX = 201;
+    for (std::size_t i = 0; i < static_cast<std::size_t>(count); ++i) {
+      LayerProperties& layer = model.PESG.pending.layers[i];
+      layer.ManualScaleControlY = layer.ManualScaleControlRY = 3;
+      layer.ManualMinY = kScales[i][0];
+      layer.ManualMaxY = kScales[i][1];
+      layer.ManualMinRY = kScales[i][2];
+      layer.ManualMaxRY = kScales[i][3];
+    }
+    RedrawKMGraph(model, false);
+    ASSERT_TRUE(model.DisplayCompression);
+  }
+  // As a rubber band in the mode of the graph leaves its properties.
+  void band(f64 low, f64 high, i16 lowest_layer = 0, i16 highest_layer = 0) {
+    set_limits(low, high);
+    model.PESG.pending.ZoomAxisBottom = lowest_layer;
+    model.PESG.pending.ZoomAxisTop = highest_layer;
+    end_main_zoom(model);
+  }
+  void y_band(f64 low, f64 high) {
+    for (LayerProperties& layer : model.PESG.pending.layers) {
+      layer.ZoomMinY = layer.ZoomMinRY = low;
+      layer.ZoomMaxY = layer.ZoomMaxRY = high;
+    }
+  }
+  void expect_x(f64 low, f64 high) {
+    EXPECT_EQ(model.PESG.shown().ManualMinX, low);
+    EXPECT_EQ(model.PESG.shown().ManualMaxX, high);
+  }
+  void expect_y(std::size_t axis, const std::array<f64, 4>& limits) {
+    const LayerProperties& layer = model.PESG.shown().layers[axis];
+    EXPECT_EQ((std::array<f64, 4>{layer.ManualMinY, layer.ManualMaxY, layer.ManualMinRY, layer.ManualMaxRY}),
+              limits)
+        << "axis " << axis;
+  }
+};
+
+TEST_F(CompressedZoomTest, BandIsComputedAnewAndTheGraphHoldsNoZoom) {
+  show_layers(1);
+  click_tool(model, "TB_ZOOMHORZ");
+  band(50, 60);
+  EXPECT_TRUE(model.Zoomed);
+  EXPECT_FALSE(model.PESG.shown().ZoomActive);
+  EXPECT_EQ(model.PESG.pending.AllowZooming, 1);
+  expect_x(50, 60);
+  expect_y(0, kScales[0]);
+  EXPECT_GT((*model.PESG.shown().XData)[0], 50);
+  EXPECT_LT((*model.PESG.shown().XData)[0], 50.5);
+}
+
+TEST_F(CompressedZoomTest, HorizontalBandIsTakenBack) {
+  show_layers(1);
+  click_tool(model, "TB_ZOOMHORZ");
+  band(50, 60);
+  undo_main_zoom(model);
+  expect_x(-1, 201);
+  EXPECT_LT((*model.PESG.shown().XData)[0], 1);
+}
+
+TEST_F(CompressedZoomTest, RectangleIsTakenBackInBothDirections) {
+  show_layers(1);
+  click_tool(model, "TB_ZOOMRECT");
+  y_band(10, 20);
+  band(50, 60);
+  expect_y(0, {10, 20, 10, 20});
+  undo_main_zoom(model);
+  expect_x(-1, 201);
+  expect_y(0, kScales[0]);
+}
+
+TEST_F(CompressedZoomTest, VerticalBandIsTakenBack) {
+  show_layers(1);
+  click_tool(model, "TB_ZOOMVERT");
+  y_band(10, 20);
+  band(-1, 201);
+  expect_y(0, {10, 20, 10, 20});
+  undo_main_zoom(model);
+  expect_y(0, kScales[0]);
+}
+
+TEST_F(CompressedZoomTest, AllLayersOfABandStayWhenItIsTakenBack) {
+  show_layers(3);
+  click_tool(model, "TB_ZOOMRECT");
+  y_band(10, 20);
+  band(50, 60, 0, 2);
+  undo_main_zoom(model);
+  EXPECT_EQ(model.PESG.shown().SubsetCount, 3);
+  EXPECT_EQ(model.LastLayer, 2);
+  expect_x(-1, 201);
+  for (std::size_t axis = 0; axis < 3; ++axis) expect_y(axis, kScales[axis]);
+}
+
+TEST_F(CompressedZoomTest, LayersThatLeftStayAwayUntilTheReset) {
+  show_layers(3);
+  click_tool(model, "TB_ZOOMRECT");
+  y_band(10, 20);
+  band(50, 60, 1, 2);
+  EXPECT_EQ(model.PESG.shown().SubsetCount, 2);
+  undo_main_zoom(model);
+  EXPECT_EQ(model.PESG.shown().SubsetCount, 2);
+  expect_y(0, kScales[1]);
+  expect_y(1, kScales[2]);
+  click_tool(model, "TB_ZOOMFIX");
+  EXPECT_EQ(model.PESG.shown().SubsetCount, 3);
+  expect_x(-1, 201);
+  for (std::size_t axis = 0; axis < 3; ++axis) expect_y(axis, kScales[axis]);
+}
+
+TEST_F(CompressedZoomTest, ResetBringsTheScaleOfAllLayersBack) {
+  show_layers(3);
+  for (const i16 lowest : {i16{0}, i16{1}, i16{2}}) {
+    SCOPED_TRACE(lowest);
+    click_tool(model, "TB_ZOOMRECT");
+    y_band(10, 20);
+    band(50, 60, lowest, 2);
+    expect_y(0, {10, 20, 10, 20});
+    click_tool(model, "TB_ZOOMFIX");
+    EXPECT_FALSE(model.Zoomed);
+    EXPECT_EQ(model.PESG.shown().SubsetCount, 3);
+    expect_x(-1, 201);
+    for (std::size_t axis = 0; axis < 3; ++axis) expect_y(axis, kScales[axis]);
+  }
+}
+
+}  // namespace
+}  // namespace trendaro
