@@ -98,6 +98,7 @@ void PEactions(GraphSurface& graph, i16 action) {
       break;
     case kLeaveZoom:
       graph.pending.ZoomActive = graph.shown_.ZoomActive = false;
+      graph.curves_of_section = false;
       break;
     case kResetToEmpty:
       reset(graph.pending, graph.shown_);

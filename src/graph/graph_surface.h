@@ -40,6 +40,9 @@ class GraphSurface {
 
   i32 Handle;
   GraphProperties pending;
+  // The curves were worked out for a section: such a zoom can be taken back although ZoomActive is false.
+  // Leaving the zoom lowers it.
+  bool curves_of_section = false;
 
   // Takes the commands that carry the graph out of the program: dialog, printer, clipboard, files. Size and
   // file name stand in ExportWidth, ExportHeight and ExportFileName of `pending`. Empty: they do nothing.

@@ -106,7 +106,8 @@ bool zoom_into(GraphSurface& graph, const GraphLayout& layout, i16 mode, const P
 }
 
 bool undo_zoom(GraphSurface& graph) {
-  if (!graph.pending.ZoomActive || graph.pending.AllowZooming == kZoomOff) return false;
+  const bool zoomed = graph.pending.ZoomActive || graph.curves_of_section;
+  if (!zoomed || graph.pending.AllowZooming == kZoomOff) return false;
   PEactions(graph, kLeaveZoom);
   return true;
 }

@@ -26,7 +26,8 @@ PixelRectangle rubber_band(const GraphLayout& layout, i16 mode, PixelPoint start
 // small to be meant or touches no layer.
 bool zoom_into(GraphSurface& graph, const GraphLayout& layout, i16 mode, const PixelRectangle& band);
 
-// Takes the zoom back and shows it. False where none holds or zooming is off.
+// Takes the zoom back and shows it; curves of a section stay until others are handed over. False where none
+// holds or zooming is off.
 bool undo_zoom(GraphSurface& graph);
 
 }  // namespace trendaro

@@ -123,6 +123,7 @@ void end_main_zoom(Model& model) {
   if (model.HasFullDataPlot && model.DisplayCompression) {
     graph.ZoomActive = false;
     RedrawKMGraph(model, false);
+    model.PESG.curves_of_section = true;
   } else if (!vertical) {
     redraw_section(model);
   } else if (other_layers) {
@@ -135,6 +136,7 @@ void end_main_zoom(Model& model) {
 void undo_main_zoom(Model& model) {
   if (!model.HasFullDataPlot || !model.DisplayCompression || !zoom_to_unzoomed_scale(model)) return;
   end_main_zoom(model);
+  model.PESG.curves_of_section = false;
 }
 
 void end_survey_zoom(Model& model) {

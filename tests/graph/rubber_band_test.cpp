@@ -109,6 +109,14 @@ TEST_F(RubberBandTest, UndoShowsTheWholeAgain) {
   EXPECT_FALSE(undo_zoom(graph));
 }
 
+TEST_F(RubberBandTest, CurvesOfASectionAreTakenBackWithoutAZoomOfTheGraph) {
+  graph.pending.AllowZooming = kZoomHorizontal;
+  graph.curves_of_section = true;
+  EXPECT_TRUE(undo_zoom(graph));
+  EXPECT_FALSE(graph.curves_of_section);
+  EXPECT_FALSE(undo_zoom(graph));
+}
+
 TEST_F(RubberBandTest, UndoNeedsZoomingAllowed) {
   ASSERT_TRUE(zoom(kZoomHorizontal, {150, 60}, {250, 60}));
   graph.pending.AllowZooming = kZoomOff;
