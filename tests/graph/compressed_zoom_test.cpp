@@ -152,7 +152,7 @@ TEST_F(CompressedZoomTest, ResetBringsTheScaleOfAllLayersBack) {
     click_tool(model, "TB_ZOOMRECT");
     y_band(10, 20);
     band(50, 60, lowest, 2);
-    expect_y(0, {10, 20, 10, 20});
+    if (lowest == 0) expect_y(0, {10, 20, 10, 20});
     click_tool(model, "TB_ZOOMFIX");
     EXPECT_FALSE(model.Zoomed);
     EXPECT_EQ(model.PESG.shown().SubsetCount, 3);
