@@ -1,5 +1,8 @@
 #include "files/section_handlers.h"
 
+#include <string>
+#include <tuple>
+
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -100,19 +103,44 @@ TEST_F(SectionHandlersTest, TheEnvelopeFoundGivesTheLengthAndTheFirstPlotTheBegi
   model.NofPlots = 2;
   model.Plots.resize(2);
   model.Plots[1].Title = "Weg@/ordner/lauf.REB";
-  model.Plots[2].Title = "Weg@" + folder.file("lauf.sto");
   model.PlotStep = {4, 2};
   model.PlotReduceFactor = {1000, 10};
   model.PlotOffsetPoints = {7000, 1};
   model.CompressedDXMax = 8;
   model.ZoomPoints = 20;
-  shell.files = {target()};
-  run_command(model, "mnuCreateMEASection");
-  EXPECT_THAT(shell.messages(), IsEmpty());
-  const SampleArray values = section_values(2);
-  ASSERT_EQ(values.size(), 400u);  // 8 / 2 x 20 x 10 / 2
-  for (std::size_t i = 0; i < values.size(); ++i)
-    ASSERT_NEAR(values[i], ZoomRecording::known_sample(2, static_cast<i64>(7000 + i)), 0.01) << i;
+  for (const char* envelope : {"lauf.sto", "lauf.STO", "lauf.ST2"}) {
+    SCOPED_TRACE(envelope);
+    model.Plots[2].Title = "Weg@" + folder.file(envelope);
+    shell.files = {target()};
+    run_command(model, "mnuCreateMEASection");
+    EXPECT_THAT(shell.messages(), IsEmpty());
+    const SampleArray values = section_values(2);
+    ASSERT_EQ(values.size(), 400u);  // 8 / 2 x 20 x 10 / 2
+    for (std::size_t i = 0; i < values.size(); ++i)
+      ASSERT_NEAR(values[i], ZoomRecording::known_sample(2, static_cast<i64>(7000 + i)), 0.01) << i;
+    write_file(target(), "");
+  }
+}
+
+TEST_F(SectionHandlersTest, FailureOfTheWriterIsToldAndKept) {
+  open({});
+  mark(2);
+  zoom(50, 60);
+  // A file of another id; and a recording that ends behind its id, so that it has no header.
+  const std::string other_id("\x94\x13 tail", 7);
+  const std::string cut = ZoomRecording{}.original().bytes().substr(0, 6);
+  const std::tuple<std::string, i32, std::string> rows[] = {
+      {other_id, -1000, "Trendaro: Es wird keine komprimierte Meßwertdatei angezeigt."},
+      {cut, -10, "Trendaro: Fehler bei Schreiben der Ausschnittsdatei!"}};
+  for (const auto& [bytes, status, words] : rows) {
+    SCOPED_TRACE(words);
+    write_file(folder.file("lauf.MEA"), bytes);
+    shell.files = {target()};
+    shell.calls.clear();
+    run_command(model, "mnuCreateMEASection");
+    EXPECT_THAT(shell.messages(), ElementsAre(words));
+    EXPECT_EQ(model.LastDatabaseStatus, status);
+  }
 }
 
 TEST_F(SectionHandlersTest, ALengthThatCannotBeWorkedOutWritesNothing) {
@@ -135,9 +163,11 @@ TEST_F(SectionHandlersTest, GivenUpDialogWritesNothing) {
   write_recording("lauf.MEA");
   mark(2);
   zoom(50, 60);
+  model.LastDatabaseStatus = 77;
   run_command(model, "mnuCreateMEASection");
   EXPECT_EQ(shell.dialogs.size(), 1u);
   EXPECT_THAT(shell.messages(), IsEmpty());
+  EXPECT_EQ(model.LastDatabaseStatus, 77);
   EXPECT_NE(shell.calls.back(), "status 1: Meßwertausschnittsdatei erzeugt.");
 }
 
