@@ -1,5 +1,8 @@
 #include "datasource/channel_mark.h"
 
+#include <cmath>
+#include <utility>
+
 #include "app/attempt.h"
 #include "app/commands.h"
 #include "app/model.h"
@@ -30,7 +33,8 @@ void zoom_again(Model& model) {
   const GraphProperties& survey = model.PESGSurvey.pending;
   const auto points =
       section_points(model, survey.ManualMinX + model.SurveyMarginX, survey.ManualMaxX - model.SurveyMarginX);
-  if (!points || ParseNumber(model.controls["ZoomPointsBox"].text) > *points) return reset_zoom(model);
+  if (!points || std::nearbyint(ParseNumber(model.controls["ZoomPointsBox"].text)) > *points)
+    return reset_zoom(model);
   GraphProperties& graph = model.PESG.pending;
   graph.ZoomActive = true;
   graph.ZoomMinX = model.ZoomXMin;
@@ -58,9 +62,15 @@ void release_tools_without_plots(Model& model) {
   for (const char* entry : {"mnuDBOffset", "mnuXUnit", "mnuNullValues"}) enable_control(model, entry, true);
 }
 
+// A plain curve beside envelopes ends the original samples: the box counts those of the plain curve.
+void show_plain_points(Model& model) {
+  model.controls["ZoomPointsBox"].back_color = kYellow;
+  model.controls["ZoomPointsBox"].text = number_text(i64{model.MaxPlotPoints});
+}
+
 void redraw_after_mark(Model& model) {
   // The new plots stand on their reduced files; the zoom brings the samples in again.
-  model.OriginalDataMode = false;
+  const bool had_originals = std::exchange(model.OriginalDataMode, false);
   if (model.Zoomed && model.ActiveLayersChanged) reset_zoom(model);
   RedrawKMGraph(model, false);
   if (model.HasFullDataPlot)
@@ -68,7 +78,10 @@ void redraw_after_mark(Model& model) {
   else
     redraw_survey(model);
   if (model.NofPlots == 0) release_tools_without_plots(model);
-  if (!model.HasFullDataPlot) show_points(model);
+  if (!model.HasFullDataPlot)
+    show_points(model);
+  else if (had_originals && model.Zoomed)
+    show_plain_points(model);
 }
 
 }  // namespace

@@ -9,12 +9,11 @@
 namespace trendaro {
 namespace {
 
-// While original samples are on show the former plot stands on a channel of the original file, `index` on the
-// pair of the reduced file. Block recordings keep their channel numbers when they are reduced.
-bool same_channel(const PlotRecord& former, i16 index, bool original_data) {
+// A plot that shows original samples stands on a channel of the original file, `index` on the pair of the
+// reduced file. Block recordings keep their channel numbers when they are reduced.
+bool same_channel(const PlotRecord& former, i16 index) {
   const i32 channel = former.ChannelIndex;
-  const bool of_block = former.FileKind == kKindReducedBlock || former.FileKind == kKindDatabaseFromBlock;
-  return (original_data && !of_block ? 2 * channel - 1 : channel) == index;
+  return (former.FileKind == kKindDatabase ? 2 * channel - 1 : channel) == index;
 }
 
 void move_annotations(Model& model, i16 from, i16 to) {
@@ -54,7 +53,7 @@ void carry_over(Model& model, FormerPlots& former, i16 number, i16 index) {
   former.cache_from.resize(static_cast<std::size_t>(number));
   for (std::size_t j = 1; j <= former.plots.size(); ++j) {
     const PlotRecord& candidate = former.plots[j];
-    if (!same_channel(candidate, index, model.OriginalDataMode) || !same_file(candidate, plot)) continue;
+    if (!same_channel(candidate, index) || !same_file(candidate, plot)) continue;
     copy_settings(candidate, plot);
     former.cache_from[number] = static_cast<i16>(j);
     move_annotations(model, static_cast<i16>(j), number);

@@ -133,7 +133,6 @@ i32 size_main_graph(Model& model) {
   if (!model.OriginalDataMode) model.LongestPlot = 0;
   model.LongestOriginalPoints = 0;
   model.LongestFullPoints = 0;
-  model.ZoomLengthWarned = false;
   i32 curves = 0;
   for (i16 number = 1; number <= model.NofPlots; ++number) {
     if (!on_show(model, model.Plots[number])) continue;

@@ -182,6 +182,16 @@ TEST_F(PlotListTest, ShortDatabaseChannelIsToldOnce) {
   EXPECT_EQ(model.MaxZoomPoints, 500);
 }
 
+TEST_F(PlotListTest, ShortDatabaseChannelIsToldOnceOverAllRedraws) {
+  add_file("run.BIN", 2);
+  model.controls["PointsBox"].text = "500";
+  host.set_capacity(1, 499);
+  host.set_capacity(2, 499);
+  mark(2);
+  mark(3);
+  EXPECT_EQ(shell.messages().size(), 1U);
+}
+
 TEST_F(PlotListTest, ChannelOfExactlyTheZoomPointsIsLongEnough) {
   add_file("run.BIN", 1);
   model.controls["PointsBox"].text = "500";
@@ -293,11 +303,30 @@ TEST_F(PlotListTest, OriginalChannelsMatchTheirPairs) {
   RebuildPlotList(model);
   EXPECT_EQ(model.Plots[1].ChannelIndex, 3);
   model.OriginalDataMode = true;
+  model.Plots[1].FileKind = kKindDatabase;
   model.Plots[1].ChannelIndex = 2;  // (3 + 1) / 2, the channel of the original file
   model.Plots[1].LineType = 6;
   RebuildPlotList(model);
   EXPECT_EQ(model.Plots[1].ChannelIndex, 3);
   EXPECT_EQ(model.Plots[1].LineType, 6);
+}
+
+TEST_F(PlotListTest, PairsAreMatchedByWhatTheFormerPlotsShowWhateverTheMode) {
+  add_file("run.ST1", 6);
+  for (const i32 row : {2, 3, 4}) write_mark(row);
+  RebuildPlotList(model);
+  ASSERT_EQ(model.NofPlots, 3);
+  for (i16 n = 1; n <= 3; ++n) model.Plots[n].LineType = n;
+  model.OriginalDataMode = true;  // the host has failed ahead of the first import
+  RebuildPlotList(model);
+  for (i16 n = 1; n <= 3; ++n) EXPECT_EQ(model.Plots[n].LineType, n) << n;
+  model.OriginalDataMode = false;  // a bound was refused with the samples on show
+  for (i16 n = 1; n <= 3; ++n) {
+    model.Plots[n].FileKind = kKindDatabase;
+    model.Plots[n].ChannelIndex = n;
+  }
+  RebuildPlotList(model);
+  for (i16 n = 1; n <= 3; ++n) EXPECT_EQ(model.Plots[n].LineType, n) << n;
 }
 
 TEST_F(PlotListTest, BlockRecordingsKeepTheirChannelNumbersInOriginalData) {

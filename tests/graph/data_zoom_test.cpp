@@ -330,5 +330,19 @@ TEST_F(DataZoomTest, HostIsAskedToClearAChannelOutsideOfTheSection) {
   EXPECT_THAT(noting.calls, ElementsAre("clear 1"));
 }
 
+TEST_F(DataZoomTest, PlainSignalMarkedBesideOriginalSamplesEndsTheGreenReadout) {
+  open({});
+  mark(2);
+  set_limits(50, 60);
+  DataZoom(model);
+  model.Zoomed = true;
+  ASSERT_TRUE(model.OriginalDataMode);
+  AddFileToGrid(model, folder.file("lauf.ME1"), false);
+  mark(model.Grid.MaxRows());
+  EXPECT_FALSE(model.OriginalDataMode);
+  EXPECT_EQ(model.controls["ZoomPointsBox"].back_color, kYellow);
+  EXPECT_EQ(box("ZoomPointsBox"), "20000");
+}
+
 }  // namespace
 }  // namespace trendaro
