@@ -297,6 +297,19 @@ TEST_F(PlotListTest, SameFileTwiceSharesTheSamplesOfTheLastPlot) {
   EXPECT_EQ(model.Plots[1].Cached, 1);
 }
 
+TEST_F(PlotListTest, AnnotationsOfASignalThatIsListedTwiceGoToItsFirstPlot) {
+  const std::string path = add_file("run.BIN", 1);
+  AddFileToGrid(model, path, false);
+  write_mark(2);
+  write_mark(4);
+  RebuildPlotList(model);
+  model.Annotations.push_back(annotation_on(1));
+  model.Annotations.push_back(annotation_on(2));
+  model.AnnotationCount = 2;
+  RebuildPlotList(model);
+  EXPECT_EQ(annotated_plots(model), (std::vector<i16>{1, 1}));
+}
+
 TEST_F(PlotListTest, OriginalChannelsMatchTheirPairs) {
   add_file("run.ST1", 4);
   write_mark(3);

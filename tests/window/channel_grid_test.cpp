@@ -79,6 +79,19 @@ TEST_F(ChannelGridTest, ArrowsPassOverHiddenRows) {
   EXPECT_EQ(model.Grid.active_row, 8);
 }
 
+TEST_F(ChannelGridTest, ClickWhereAHiddenSignalStoodMarksNoneOfItsFile) {
+  add_file("a.BIN", 1);
+  add_file("b.BIN", 2);
+  add_file("c.BIN", 1);
+  const QPoint former_place = cell(3, 1);
+  click_cell(2, 1);
+  ASSERT_TRUE(model.Grid.rows[4].hidden);
+  QTest::mouseClick(grid()->viewport(), Qt::LeftButton, Qt::NoModifier, former_place);
+  EXPECT_EQ(model.Grid.rows[4].mark, "1");
+  EXPECT_EQ(model.Grid.rows[5].mark, "2");
+  EXPECT_EQ(model.NofPlots, 0);
+}
+
 TEST_F(ChannelGridTest, MarkedRowHasAnotherPictureThanAnUnmarkedOne) {
   add_file("a.BIN", 2);
   click_cell(1, 1);

@@ -74,6 +74,19 @@ TEST_F(MainWindowTest, CursorKeysReachTheZoomFromAnywhereInTheWindow) {
   EXPECT_EQ(model.ScrollInterval, 77);
 }
 
+TEST_F(MainWindowTest, ArrowKeysInTheListMoveTheSection) {
+  add_file("a.BIN", 1);
+  click_cell(1, 1);
+  model.controls["StepBox"].text = "77";
+  grid()->setFocus();
+  QTest::keyClick(grid(), Qt::Key_Right);
+  EXPECT_NE(model.ScrollInterval, 77);
+  model.Zoomed = true;
+  model.HasFullDataPlot = false;
+  QTest::keyClick(grid(), Qt::Key_Left);
+  EXPECT_EQ(model.ScrollInterval, 77);
+}
+
 TEST_F(MainWindowTest, LayerAndSideButtonsSteerTheNextMark) {
   add_file("a.BIN", 3);
   click_button("TB_AXIS2");
