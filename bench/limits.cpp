@@ -12,14 +12,6 @@ namespace {
 
 constexpr i64 kBufferBytes = i64{1} << 20;
 
-void read_through_buffer(const std::string& path) {
-  const InputFile file(path);
-  std::vector<char> buffer(kBufferBytes);
-  i64 position = 0;
-  while (const i64 bytes = file.read_at(position, buffer.data(), kBufferBytes).bytes) position += bytes;
-  benchmark::DoNotOptimize(buffer.data());
-}
-
 // The compiler makes vectors of this: a minimum and a maximum of their own in each of 16 lanes.
 __attribute__((target("avx2"), optimize("O3"))) f64 scan(std::span<const f64> values) {
   constexpr std::size_t kLanes = 16;
@@ -37,6 +29,14 @@ __attribute__((target("avx2"), optimize("O3"))) f64 scan(std::span<const f64> va
 }
 
 }  // namespace
+
+void read_through_buffer(const std::string& path) {
+  const InputFile file(path);
+  std::vector<char> buffer(kBufferBytes);
+  i64 position = 0;
+  while (const i64 bytes = file.read_at(position, buffer.data(), kBufferBytes).bytes) position += bytes;
+  benchmark::DoNotOptimize(buffer.data());
+}
 
 void read_into_fresh_array(const std::string& path) {
   const InputFile file(path);

@@ -10,6 +10,8 @@ namespace trendaro::bench {
 
 // What the machine can do at best with the bytes of a file that stand in the page cache.
 
+// Reads the file through a buffer of 1 MiB.
+void read_through_buffer(const std::string& path);
 // One read of the whole file into a fresh array on huge pages.
 void read_into_fresh_array(const std::string& path);
 // Reads the file through a buffer of 1 MiB and stores `values` f64 into a fresh array on huge pages.
