@@ -95,7 +95,7 @@ TEST(CurveIndexTest, CoarsestLevelIsSmall) {
 
 TEST(CurveIndexTest, AnyRunHasTheExtentOfAPlainScan) {
   std::mt19937 random(7);
-  for (const std::size_t points : {1, 63, 64, 65, 1000, 1024, 1025, 20000, 64 * 16 * 17 + 5}) {
+  for (const std::size_t points : {1u, 63u, 64u, 65u, 1000u, 1024u, 1025u, 20000u, 64u * 16 * 17 + 5}) {
     std::vector<f32> x(points), y(points);
     for (std::size_t i = 0; i < points; ++i) {
       x[i] = static_cast<f32>(random() % 1000);
