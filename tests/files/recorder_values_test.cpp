@@ -339,7 +339,7 @@ RecorderBuilder timed_recording(i32 format, i32 rows) {
       {.channel = 1}, {.channel = 17, .offset = 3}, {.channel = 18}, {.channel = 4, .scale = 7}};
   for (i32 sample = 0; sample < rows * 4; ++sample)
     if (format == 1253)
-      recording.data.i32_field(sample * 130007);
+      recording.data.i32_field(static_cast<i32>(static_cast<u32>(sample) * 130007U));
     else if (format == 1257)
       recording.data.f32_field(static_cast<f32>(sample) / 3);
     else
@@ -398,7 +398,7 @@ TEST_F(RecorderValuesTest, RangesGiveWhatTheWholeGives) {
       if (format == 1255)
         recording.data.i16_field(static_cast<i16>(row * 13));
       else if (format == 1253)
-        recording.data.i32_field(row * 130007);
+        recording.data.i32_field(static_cast<i32>(static_cast<u32>(row) * 130007U));
       else
         recording.data.f32_field(static_cast<f32>(row) / 3);
     for (i16 channel = 1; channel <= 3; ++channel) {
