@@ -6,6 +6,7 @@
 #include <gtest/gtest.h>
 
 #include "app/run_time_error.h"
+#include "graph/zoom_end.h"
 #include "support/noting_host.h"
 #include "support/zoom_fixture.h"
 
@@ -328,6 +329,25 @@ TEST_F(DataZoomTest, HostIsAskedToClearAChannelOutsideOfTheSection) {
   model.Host = &noting;
   zoom(-5, -1);
   EXPECT_THAT(noting.calls, ElementsAre("clear 1"));
+}
+
+TEST_F(DataZoomTest, MarkInAZoomOfTwoLayersBringsTheSectionOfAllPlots) {
+  open({.channels = 3});
+  mark(2, 1);
+  mark(3, 2);
+  set_limits(50, 60);
+  model.PESG.pending.ZoomAxisTop = 1;
+  end_main_zoom(model);
+  ASSERT_TRUE(model.OriginalDataMode);
+  mark(4, 2, 2);
+  EXPECT_TRUE(model.Zoomed);
+  EXPECT_TRUE(model.OriginalDataMode);
+  ASSERT_EQ(model.NofPlots, 3);
+  for (i16 n = 1; n <= 3; ++n) {
+    EXPECT_EQ(model.Plots[n].FileKind, kKindDatabase) << n;
+    EXPECT_EQ(model.Plots[n].ChannelIndex, n) << n;
+    expect_samples(model.Plots[n].DatabaseChannel, n, 5000, 1000);
+  }
 }
 
 TEST_F(DataZoomTest, PlainSignalMarkedBesideOriginalSamplesEndsTheGreenReadout) {

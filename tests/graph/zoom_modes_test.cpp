@@ -179,6 +179,16 @@ TEST_F(ZoomModesTest, EnterInTheBoxOfPointsJumps) {
   EXPECT_NEAR(model.ZoomXMax, 10, 1e-9);
 }
 
+TEST_F(ZoomModesTest, PointsBeyondAllCountsStayAsTypedAndZoomNothing) {
+  open({});
+  mark(2);
+  box("PointsBox") = "99999999999";
+  EXPECT_THROW(enter_tool_box(model, "PointsBox"), RunTimeError);
+  EXPECT_EQ(box("PointsBox"), "99999999999");
+  EXPECT_FALSE(model.OriginalDataMode);
+  EXPECT_EQ(model.Plots[1].FileKind, kKindReducedPairs);
+}
+
 TEST_F(ZoomModesTest, EnterInTheBoxOfTheStepRoundsIt) {
   box("StepBox") = "12,5";
   enter_tool_box(model, "StepBox");
