@@ -1,7 +1,6 @@
 #include "datasource/channel_mark.h"
 
 #include <cmath>
-#include <utility>
 
 #include "app/attempt.h"
 #include "app/commands.h"
@@ -62,7 +61,8 @@ void release_tools_without_plots(Model& model) {
   for (const char* entry : {"mnuDBOffset", "mnuXUnit", "mnuNullValues"}) enable_control(model, entry, true);
 }
 
-// A plain curve beside envelopes ends the original samples: the box counts those of the plain curve.
+// A plain curve beside the envelopes of a zoom ends their original samples: the box counts those of the
+// curve.
 void show_plain_points(Model& model) {
   model.controls["ZoomPointsBox"].back_color = kYellow;
   model.controls["ZoomPointsBox"].text = number_text(i64{model.MaxPlotPoints});
@@ -70,7 +70,8 @@ void show_plain_points(Model& model) {
 
 void redraw_after_mark(Model& model) {
   // The new plots stand on their reduced files; the zoom brings the samples in again.
-  const bool had_originals = std::exchange(model.OriginalDataMode, false);
+  model.OriginalDataMode = false;
+  const bool counted_originals = model.controls["ZoomPointsBox"].back_color == kGreen;
   if (model.Zoomed && model.ActiveLayersChanged) reset_zoom(model);
   RedrawKMGraph(model, false);
   if (model.HasFullDataPlot)
@@ -80,7 +81,7 @@ void redraw_after_mark(Model& model) {
   if (model.NofPlots == 0) release_tools_without_plots(model);
   if (!model.HasFullDataPlot)
     show_points(model);
-  else if (had_originals && model.Zoomed)
+  else if (counted_originals)
     show_plain_points(model);
 }
 

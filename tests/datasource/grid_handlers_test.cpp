@@ -242,6 +242,15 @@ TEST_F(GridHandlersTest, ZoomInsideOfTheDataStays) {
   EXPECT_EQ(model.PESG.pending.AllowZooming, 3);
 }
 
+TEST_F(GridHandlersTest, FractionOfAPointDoesNotLeaveTheZoom) {
+  add_file("run.REB", 2, 8);
+  mark(2);
+  model.Zoomed = true;
+  model.controls["ZoomPointsBox"].text = "8.4";
+  mark(3);
+  EXPECT_TRUE(model.Zoomed);
+}
+
 TEST_F(GridHandlersTest, LastMarkTakenAwayInAZoomLeavesItNoted) {
   add_file("run.REB", 1, 8);
   mark(2);

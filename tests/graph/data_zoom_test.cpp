@@ -364,5 +364,17 @@ TEST_F(DataZoomTest, PlainSignalMarkedBesideOriginalSamplesEndsTheGreenReadout) 
   EXPECT_EQ(box("ZoomPointsBox"), "20000");
 }
 
+TEST_F(DataZoomTest, PlainSignalOfANewLayerEndsTheGreenReadoutToo) {
+  open({});
+  mark(2);
+  set_limits(50, 60);
+  end_main_zoom(model);
+  AddFileToGrid(model, folder.file("lauf.ME1"), false);
+  mark(model.Grid.MaxRows(), 2);
+  EXPECT_FALSE(model.Zoomed);
+  EXPECT_EQ(model.controls["ZoomPointsBox"].back_color, kYellow);
+  EXPECT_EQ(box("ZoomPointsBox"), "20000");
+}
+
 }  // namespace
 }  // namespace trendaro
