@@ -2,7 +2,6 @@
 #include <QGuiApplication>
 #include <QImage>
 #include <algorithm>
-#include <chrono>
 #include <cmath>
 #include <cstdio>
 #include <functional>
@@ -14,6 +13,7 @@
 #include "graph/graph_painter.h"
 #include "graph/graph_surface.h"
 #include "graph/painters/sharp_lines.h"
+#include "timing.h"
 
 namespace trendaro::bench {
 namespace {
@@ -24,12 +24,6 @@ constexpr QSize kFrame(1600, 900);
 constexpr QSize kLargeFrame(3840, 2160);
 constexpr int kRuns = 15;
 
-f64 milliseconds(const std::function<void()>& work) {
-  const auto start = std::chrono::steady_clock::now();
-  work();
-  return std::chrono::duration<f64, std::milli>(std::chrono::steady_clock::now() - start).count();
-}
-
 // Work and limit take turns, so that the machine's moods fall on both; the medians are compared.
 void compare(const char* words, f64 most, int runs, const std::function<void()>& work,
              const std::function<void()>& limit, f64 factor = 1) {
@@ -38,10 +32,8 @@ void compare(const char* words, f64 most, int runs, const std::function<void()>&
     works.push_back(milliseconds(work));
     limits.push_back(milliseconds(limit));
   }
-  std::ranges::sort(works);
-  std::ranges::sort(limits);
-  const f64 own = works[works.size() / 2];
-  const f64 best = limits[limits.size() / 2] * factor;
+  const f64 own = median(works);
+  const f64 best = median(limits) * factor;
   std::printf("%-52s%10.2f%10.2f%8.2f%9.2f\n", words, own, best, own / best, most);
 }
 

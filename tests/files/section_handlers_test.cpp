@@ -21,10 +21,6 @@ using testing::IsEmpty;
 // 100 samples a second; the recording behind every envelope is looked for with the extension MEA.
 class SectionHandlersTest : public ZoomFixture {
  protected:
-  void zoom(f64 low, f64 high) {
-    set_limits(low, high);
-    DataZoom(model);
-  }
   void write_recording(const std::string& name) {
     write_file(folder.file(name), ZoomRecording{}.original().bytes());
   }

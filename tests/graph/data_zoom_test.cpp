@@ -19,10 +19,6 @@ using testing::IsEmpty;
 class DataZoomTest : public ZoomFixture {
  protected:
   // Two display points stand for ten samples: one for 5 samples, 0.05 s.
-  void zoom(f64 low, f64 high) {
-    set_limits(low, high);
-    DataZoom(model);
-  }
 };
 
 TEST_F(DataZoomTest, SmallSectionShowsTheOriginalSamples) {

@@ -19,10 +19,6 @@ class LimitLinesTest : public ZoomFixture {
  protected:
   LimitLinesTest() { box("PointsBox") = "10000"; }
 
-  void zoom(f64 low, f64 high) {
-    set_limits(low, high);
-    DataZoom(model);
-  }
   void expect_lines(f64 low, f64 high) {
     const auto& lines = model.PESGSurvey.shown().VertLineAnnotation;
     ASSERT_GE(lines.size(), 2u);

@@ -19,10 +19,6 @@ class ScrollingTest : public ZoomFixture {
  protected:
   ScrollingTest() { box("PointsBox") = "10000"; }
 
-  void zoom(f64 low, f64 high) {
-    set_limits(low, high);
-    DataZoom(model);
-  }
   void scroll(bool right, const char* step) {
     box("StepBox") = step;
     click_tool(model, right ? "TB_SCROLLRIGHT" : "TB_SCROLLLEFT");

@@ -59,10 +59,6 @@ class XScaleZoomTest : public ZoomFixture {
     run_command(model, "mnuSetX");
     mark(3);
   }
-  void zoom(f64 low, f64 high) {
-    set_limits(low, high);
-    DataZoom(model);
-  }
 };
 
 // Each bound k of the table, from 0, brings in five samples from 5 * (k - 1) + 1 on.

@@ -12,6 +12,7 @@
 #include "app/toolbar.h"
 #include "datasource/file_list.h"
 #include "datasource/grid_handlers.h"
+#include "graph/data_zoom.h"
 #include "support/file_builder.h"
 #include "support/recording_shell.h"
 #include "support/zoom_recording.h"
@@ -49,6 +50,10 @@ class ZoomFixture : public testing::Test {
     model.PESG.pending.ZoomMinX = low;
     model.PESG.pending.ZoomMaxX = high;
     model.PESG.pending.ZoomActive = true;
+  }
+  void zoom(f64 low, f64 high) {
+    set_limits(low, high);
+    DataZoom(model);
   }
 
   [[nodiscard]] std::vector<f64> channel_samples(i16 channel) {
