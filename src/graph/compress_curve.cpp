@@ -57,6 +57,14 @@ std::size_t count_samples(const View& view, const PlainCurve& samples) {
   return count;
 }
 
+i64 pair_block_of(const Model& model, const PlainCurve& samples, i32 factor, std::size_t in_view) {
+  const i64 pair_block = 2 * std::max<i64>(factor, 1);
+  if (!model.Zoomed || samples.y.empty()) return pair_block;
+  // A view of a small part has smaller blocks, so that about as many points show at any zoom.
+  return std::llrint(static_cast<f64>(in_view) / static_cast<f64>(samples.y.size()) *
+                     static_cast<f64>(pair_block));
+}
+
 // Without this the graph would scale its axes to the compressed data and leave the window.
 void hold_window(Model& model) {
   GraphProperties& graph = model.PESG.pending;
@@ -141,18 +149,18 @@ void write_pairs(const View& view, const PlainCurve& samples, i64 pair_block, Po
 
 }  // namespace
 
+std::size_t compressed_points(const Model& model, const PlainCurve& samples, i32 factor) {
+  const std::size_t in_view = count_samples(window_of(model, samples), samples);
+  const i64 pair_block = pair_block_of(model, samples, factor, in_view);
+  return pair_block <= 2 ? in_view : in_view / static_cast<std::size_t>(pair_block) * 2;
+}
+
 void CompressCurve(Model& model, const PlainCurve& samples, i32 factor, const CurveSlot& slot, i16 plot,
                    i16 sign) {
   const PlotRecord& record = model.Plots[plot];
   const View view = window_of(model, samples);
-  i64 pair_block = 2 * std::max<i64>(factor, 1);
-  if (model.Zoomed) {
-    // A view of a small part has smaller blocks, so that about as many points show at any zoom.
-    const auto in_view = static_cast<f64>(count_samples(view, samples));
-    if (!samples.y.empty())
-      pair_block = std::llrint(in_view / static_cast<f64>(samples.y.size()) * static_cast<f64>(pair_block));
-    hold_window(model);
-  }
+  const i64 pair_block = pair_block_of(model, samples, factor, count_samples(view, samples));
+  if (model.Zoomed) hold_window(model);
   PointWriter writer(samples, slot, {record.YOffset, sign}, record.XOffset);
   if (pair_block <= 2)
     for_samples_in(view, samples, [&](std::size_t i) { writer.write(i); });

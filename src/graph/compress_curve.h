@@ -26,6 +26,10 @@ struct PlainCurve {
   }
 };
 
+// Points that CompressCurve writes for these samples, where the slot has room for them. In a zoom they can be
+// a quarter more than in the view of the whole curve, as blocks hold whole samples.
+std::size_t compressed_points(const Model& model, const PlainCurve& samples, i32 factor);
+
 // Fills the slot of a plain plot with minima and maxima of blocks of samples, each pair in the order of time,
 // or with each sample where a block would hold two at most. `factor` is the samples per half of a pair,
 // `sign` 1 or -1. While Zoomed only the samples strictly inside of the window count and the axes of the

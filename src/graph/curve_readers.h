@@ -25,6 +25,8 @@ struct CurveTask {
   CurveSlot slot;
   // Told the length of a plot that was not known (-1) before its values were there; may give a larger slot.
   std::function<void(CurveTask& task)> make_room = {};
+  // Gives the slot at least as many points as told.
+  std::function<void(CurveTask& task, i32 points)> widen_slot = {};
   PairReading* together = nullptr;  // the envelopes of the redraw
 
   [[nodiscard]] i16 sign() const { return plot.InvertFlag == 1 ? i16{-1} : i16{1}; }

@@ -53,7 +53,6 @@ void hand_over(Model& model, GraphSurface& graph, DrawArrays arrays, bool time_a
 void show_graph(Model& model, GraphSurface& graph, const char* words) {
   model.shell.show_status(1, words);
   PEactions(graph, kTakeOverAndRedraw);
-  model.shell.show_status(1, "");
 }
 
 }  // namespace trendaro

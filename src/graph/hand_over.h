@@ -24,7 +24,7 @@ void write_graph_style(Model& model, GraphSurface& graph);
 // switches it off as well when x is no date.
 void hand_over(Model& model, GraphSurface& graph, DrawArrays arrays, bool time_axis_resets_dates);
 
-// Brings what is pending on show, with the words for it in the status bar meanwhile.
+// Brings what is pending on show and leaves the words for it in the first panel of the status bar.
 void show_graph(Model& model, GraphSurface& graph, const char* words);
 
 }  // namespace trendaro

@@ -92,14 +92,18 @@ void take_database_x_texts(Model& model, MainReading& reading) {
   });
 }
 
-// Every slot of DrawX ends in null values; that of DrawXII never does.
+void read_database_y(CurveTask& task, std::size_t points) {
+  SampleArray values;
+  values.assign(points, 0);
+  attempt([&] { task.model.Host->DB().ReadData64(task.plot.DatabaseChannel, values); });
+  write_values(task.slot.DrawYDatabase, values, task.scale());
+}
+
+// Behind the samples a slot of DrawX holds null values; that of DrawXII never does.
 void read_database_samples(CurveTask& task, MainReading& reading, std::size_t length) {
   Model& model = task.model;
   const std::size_t points = std::min(length, task.slot.DrawYDatabase.size());
-  SampleArray values;
-  values.assign(points, 0);
-  attempt([&] { model.Host->DB().ReadData64(task.plot.DatabaseChannel, values); });
-  write_values(task.slot.DrawYDatabase, values, task.scale());
+  attempt([&] { read_database_y(task, points); });
   if (time_from_base(task.plot)) take_database_line(task, reading);
   if (task.plot.XSource > 0)
     attempt([&] { read_database_x(task, points); });
@@ -131,6 +135,10 @@ TimeLine plain_time_line(const CurveTask& task, const MainReading& reading, bool
   return line;
 }
 
+void make_slot_hold(CurveTask& task, std::size_t points) {
+  if (points > task.slot.DrawY.size() && task.widen_slot) task.widen_slot(task, static_cast<i32>(points));
+}
+
 void draw_plain_samples(CurveTask& task, MainReading& reading, std::span<const f64> samples,
                         bool compressed) {
   Model& model = task.model;
@@ -153,7 +161,8 @@ void draw_plain_samples(CurveTask& task, MainReading& reading, std::span<const f
     curve.x = &x;
   }
   if (compressed) {
-    curve.index = kept_index(model, task.number);
+    attempt([&] { curve.index = kept_index(model, task.number); });
+    make_slot_hold(task, compressed_points(model, curve, model.CompressFactor));
     CompressCurve(model, curve, model.CompressFactor, task.slot, task.number, task.sign());
   } else if (curve.x != nullptr)
     write_x(task.slot, x.first(std::min(x.size(), samples.size())), task.plot.XOffset);

@@ -64,17 +64,23 @@ DrawArrays arrays_of_graph(const Model& model) {
                           model.PESG.pending.NullDataValue);
 }
 
-// A length that turned out with the values may need larger slots. They never shrink meanwhile.
+// The slots never shrink while curves are read.
+void widen_slots(CurveTask& task, i32 points, DrawArrays& arrays, std::size_t curve) {
+  Model& model = task.model;
+  model.ViewPoints = std::max(points, static_cast<i32>(arrays.slot_length));
+  grow_slots(arrays, model.PESG.pending.SubsetCount, model.ViewPoints, kind_of_arrays(model),
+             model.PESG.pending.NullDataValue);
+  task.slot = slot_of(arrays, curve);
+}
+
+// A length that turned out with the values may need larger slots.
 void make_room(CurveTask& task, DrawArrays& arrays, std::size_t curve) {
   Model& model = task.model;
   if (task.plot.FileKind == kKindReducedBlock)
     model.ViewPoints = std::max(model.ViewPoints, task.points);
   else
     size_again(model, task.points);
-  model.ViewPoints = std::max(model.ViewPoints, static_cast<i32>(arrays.slot_length));
-  grow_slots(arrays, model.PESG.pending.SubsetCount, model.ViewPoints, kind_of_arrays(model),
-             model.PESG.pending.NullDataValue);
-  task.slot = slot_of(arrays, curve);
+  widen_slots(task, model.ViewPoints, arrays, curve);
 }
 
 CurveTask task_of(Model& model, i16 number, DrawArrays& arrays, std::size_t curve) {
@@ -85,7 +91,9 @@ CurveTask task_of(Model& model, i16 number, DrawArrays& arrays, std::size_t curv
           .path = plot_path(plot),
           .points = plot.Points,
           .slot = slot_of(arrays, curve),
-          .make_room = [&arrays, curve](CurveTask& longer) { make_room(longer, arrays, curve); }};
+          .make_room = [&arrays, curve](CurveTask& longer) { make_room(longer, arrays, curve); },
+          .widen_slot = [&arrays, curve](CurveTask& wider,
+                                         i32 points) { widen_slots(wider, points, arrays, curve); }};
 }
 
 // Calls `use(number, curve)` for each plot on show; curves count from 0.
@@ -142,6 +150,7 @@ void RedrawKMGraph(Model& model, bool settings_only) {
   model.LayerShift = std::max(model.LayerShift, model.FirstLayer);
   attempt([&] { switch_legend(model, model.PESG); });
   attempt([&] { show_graph(model, model.PESG, "Hauptgraphik wird aktualisiert..."); });
+  model.shell.show_status(1, "");
   attempt([&] { refresh_cursor_display(model); });
 }
 

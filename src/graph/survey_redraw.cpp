@@ -177,7 +177,11 @@ CurveTask task_of(Model& model, i16 number, SurveyReading& reading) {
           .points = plot.Points,
           .slot = slot_of(reading.arrays, curve),
           .make_room = [&model, &reading, curve](CurveTask& longer) {
-            if (longer.plot.FileKind == kKindPlain) model.Plots[longer.number].Points = longer.points;
+            // Only of a plain plot is it kept: the next sizing asks the main plots, and finds it there.
+            if (longer.plot.FileKind == kKindPlain)
+              model.Plots[longer.number].Points = longer.points;
+            else
+              longer.plot.Points = -1;
             make_slots_hold(model, reading, longer.points);
             longer.slot = slot_of(reading.arrays, curve);
           }};
@@ -259,6 +263,7 @@ void RedrawSurvGraph(Model& model, bool settings_only) {
   attempt([&] { show_graph(model, model.PESGSurvey, "Übersichtsgraphik wird aktualisiert..."); });
   attempt([&] { take_zoom_box_limits(model); });
   attempt([&] { RedrawSurvAnnotation(model); });
+  model.shell.show_status(1, "");
 }
 
 }  // namespace trendaro

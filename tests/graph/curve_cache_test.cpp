@@ -108,6 +108,14 @@ TEST_F(CurveCacheTest, SwitchingOffFreesAllBlocks) {
   EXPECT_TRUE(model.controls["mnuCurveCache"].ticked);
 }
 
+// The entry is ticked at the start while nothing is compressed yet.
+TEST_F(CurveCacheTest, CompressionEntryTurnsTickAndCompressionEachForItself) {
+  model.controls["mnuUseCompression"].ticked = true;
+  mnuUseCompression(model);
+  EXPECT_TRUE(model.DisplayCompression);
+  EXPECT_FALSE(model.controls["mnuUseCompression"].ticked);
+}
+
 TEST_F(CurveCacheTest, CompressionEntryTogglesAndDrawsNothing) {
   mnuUseCompression(model);
   EXPECT_TRUE(model.DisplayCompression);

@@ -1,5 +1,7 @@
 #include "graph/main_redraw.h"
 
+#include <algorithm>
+
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -331,6 +333,34 @@ TEST_F(MainRedrawTest, LongPlainCurveIsCompressed) {
   EXPECT_EQ(values[0], 0);
   EXPECT_EQ(values[1], 9);
   EXPECT_THAT(values, Contains(99));
+}
+
+// Blocks of two samples, or of three: 124 and 168 samples of 1000 give more points than the 100 of all.
+TEST_F(MainRedrawTest, ZoomedCurveIsNotCutAtTheSlotOfTheWholeCurve) {
+  std::vector<f64> samples(1000);
+  for (std::size_t i = 0; i < samples.size(); ++i) samples[i] = static_cast<f64>(i);
+  add_plot(write("a.dat", curve_file({{.samples = samples, .interval = 1000}})), 1, kKindPlain, 1000);
+  add_plot(write("b.dat", curve_file({{.samples = samples, .interval = 1000}})), 1, kKindPlain, 1000);
+  model.controls["mnuUseCompression"].ticked = true;
+  model.CompressThreshold = 999;
+  model.CompressTarget = 100;
+  model.Zoomed = true;
+  struct Row {
+    f64 high;
+    f32 last;
+    std::size_t slot;
+  };
+  for (const Row& row : {Row{223.5, 223, 124}, Row{268.5, 267, 124}}) {
+    model.ZoomScaleLimits[0] = {99.5, row.high, 0, 0};
+    RedrawKMGraph(model, false);
+    ASSERT_EQ(y().size(), 2 * row.slot) << row.high;
+    EXPECT_EQ(y()[0], 100) << row.high;
+    for (const std::size_t first : {std::size_t{0}, row.slot}) {
+      f32 last = 0;
+      for (std::size_t i = first; i < first + row.slot; ++i) last = std::max(last, y()[i]);
+      EXPECT_EQ(last, row.last) << row.high;
+    }
+  }
 }
 
 TEST_F(MainRedrawTest, ThresholdItselfKeepsTheCompressionAsItWas) {

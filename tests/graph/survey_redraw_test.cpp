@@ -81,13 +81,29 @@ TEST_F(SurveyRedrawTest, UnknownLengthMakesTheSlotsGrow) {
   EXPECT_THAT(y(), ElementsAre(1, 2, kNull, kNull, 5, 6, 7, 8));
 }
 
+// The length of a block curve in a hidden layer is known to no main plot.
+TEST_F(SurveyRedrawTest, UnknownLengthOfABlockIsFoundAnewByEachRedraw) {
+  add_plot(write("a.reb", curve_file({{.samples = {1, 5}}}, 40)), 1, kKindReducedBlock, 2);
+  add_plot(write("b.reb", curve_file({{.samples = {3, 7, 4, 8}}}, 40)), 1, kKindReducedBlock, -1);
+  for (int redraw = 0; redraw < 2; ++redraw) {
+    RedrawSurvGraph(model, false);
+    EXPECT_THAT(y(), ElementsAre(1, kNull, kNull, kNull, 3, 7, 4, kNull));
+  }
+  EXPECT_EQ(model.Plots[2].Points, -1);
+}
+
 TEST_F(SurveyRedrawTest, ZoomIntoOriginalsLeavesPairsReadableAndBlocksOut) {
-  add_plot(write_pairs(), 1, kKindReducedPairs, 4);
   add_plot(write("b.reb", curve_file({{.samples = {1, 5, 2, 6}}}, 40)), 1, kKindReducedBlock, 4);
-  model.Plots[1].FileKind = kKindDatabase;
-  model.Plots[2].FileKind = kKindDatabaseFromBlock;
+  add_plot(write_pairs(), 1, kKindReducedPairs, 4);
+  model.Plots[1].FileKind = kKindDatabaseFromBlock;
+  model.Plots[2].FileKind = kKindDatabase;
   RedrawSurvGraph(model, false);
-  EXPECT_THAT(y(), ElementsAre(-1, 3, -2, kNull, kNull, kNull, kNull, kNull));
+  EXPECT_THAT(y(), ElementsAre(kNull, kNull, kNull, kNull, -1, 3, -2, kNull));
+}
+
+TEST_F(SurveyRedrawTest, PanelTellsOfTheUpdateUntilTheZoomBoxIsDrawn) {
+  RedrawSurvGraph(model, true);
+  EXPECT_THAT(shell.calls, ElementsAre("status 1: Übersichtsgraphik wird aktualisiert...", "status 1: "));
 }
 
 TEST_F(SurveyRedrawTest, BlocksAreReadAndPaddedWithTheNullValueOfTheMainGraph) {
