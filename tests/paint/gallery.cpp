@@ -1,5 +1,5 @@
 // Draws sheets of everything that a graph can show, to be looked at:
-//   paint_gallery methods|axes|texts PICTURE.png [SCALE]
+//   paint_gallery methods|axes|texts|all PICTURE.png [SCALE]
 
 #include <QGuiApplication>
 #include <QImage>
@@ -16,10 +16,18 @@ namespace {
 constexpr int kColumns = 3;
 constexpr QSize kTile(480, 280);
 
+SampleGraphs all_samples() {
+  SampleGraphs all = sample_methods();
+  for (SampleGraphs more : {sample_axes(), sample_texts()})
+    for (GraphSurface& graph : more) all.push_back(std::move(graph));
+  return all;
+}
+
 std::optional<SampleGraphs> sheet_named(const QString& name) {
   if (name == QLatin1String("methods")) return sample_methods();
   if (name == QLatin1String("axes")) return sample_axes();
   if (name == QLatin1String("texts")) return sample_texts();
+  if (name == QLatin1String("all")) return all_samples();
   return std::nullopt;
 }
 
@@ -49,7 +57,7 @@ int main(int argument_count, char** arguments) {
   const auto sheet =
       argument_count > 2 ? trendaro::sheet_named(QString::fromLocal8Bit(arguments[1])) : std::nullopt;
   if (!sheet) {
-    std::fprintf(stderr, "paint_gallery methods|axes|texts PICTURE.png [SCALE]\n");
+    std::fprintf(stderr, "paint_gallery methods|axes|texts|all PICTURE.png [SCALE]\n");
     return 2;
   }
   const double scale = argument_count > 3 ? QByteArray(arguments[3]).toDouble() : 1;
