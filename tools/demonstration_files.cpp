@@ -9,9 +9,9 @@
 #include "app/text_codepage.h"
 #include "files/byte_writer.h"
 #include "files/channel_records.h"
+#include "files/raw_column.h"
 #include "files/recorder_header.h"
 #include "files/recorder_settings.h"
-#include "files/recorder_values.h"
 #include "test_bench.h"
 
 namespace trendaro {

@@ -5,13 +5,10 @@
 #include <vector>
 
 #include "app/run_time_error.h"
-#include "files/byte_view.h"
+#include "files/raw_column.h"
 
 namespace trendaro {
 namespace {
-
-constexpr f32 kRawScale32 = 1.0F / 1966080000.0F;
-constexpr f32 kRawScale16 = 256.0F / 7680000.0F;
 
 constexpr i64 kReadBytes = i64{1} << 21;
 // Small enough that the rows are still in the processor's cache when the next column is looked at.
@@ -19,88 +16,6 @@ constexpr i64 kPassBytes = i64{1} << 19;
 constexpr i64 kPassRows = i64{1} << 14;
 constexpr i64 kFreeRows = 1'000'000;
 constexpr i64 kClaimedToPresentRows = 8;
-
-bool has_raw_values(const RecorderHeader& header) {
-  const i32 format = header.sample_format;
-  return header.data_offset >= 0 && (format == kSamplesI32 || format == kSamplesI16 || format == kSamplesF32);
-}
-
-i64 sample_bytes(const RecorderHeader& header) {
-  if (header.of_doubles()) return sizeof(f64);
-  return header.sample_format == kSamplesI16 ? sizeof(i16) : sizeof(i32);
-}
-
-i64 row_bytes(const RecorderHeader& header) {
-  return static_cast<i64>(header.columns.size()) * sample_bytes(header);
-}
-
-// Where the samples of a channel stand in a row of raw samples.
-struct RawColumn {
-  i32 sample_format;
-  i64 offset;  // of the sample, in bytes from the start of the row
-  i64 needed;  // bytes from there that a value is made of
-  const RecorderColumn* column;
-  const RecorderColumn* carry;  // the column behind it in time channels, null in others
-};
-
-RawColumn find_raw_column(const RecorderHeader& header, i32 channel) {
-  const auto index = static_cast<std::size_t>(channel) - 1;
-  const bool is_time = header.columns[index].entry_channel == kTimeChannel;
-  if (is_time && index + 1 >= header.columns.size()) throw RunTimeError{kIndexOutOfRange};
-  const i64 bytes = sample_bytes(header);
-  // In a reduced recording the column behind a time column may be the other half of its envelope; it is added
-  // all the same.
-  return {.sample_format = header.sample_format,
-          .offset = static_cast<i64>(index) * bytes,
-          .needed = is_time ? 2 * bytes : bytes,
-          .column = &header.columns[index],
-          .carry = is_time ? &header.columns[index + 1] : nullptr};
-}
-
-// The rows of which `bytes` bytes, beginning with the sample of the first row, hold all that a value needs.
-i64 whole_rows(const RawColumn& column, i64 stride, i64 bytes) {
-  return bytes < column.needed ? 0 : (bytes - column.needed) / stride + 1;
-}
-
-template <typename Raw, typename Physical>
-void decode_as(const RawColumn& column, const u8* sample, i64 stride, std::span<f64> values,
-               Physical physical) {
-  const f32 scale = column.column->scale;
-  const f32 offset = column.column->offset;
-  if (column.carry == nullptr) {
-    for (f64& value : values) {
-      value = physical(number_at<Raw>(sample), scale, offset);
-      sample += stride;
-    }
-    return;
-  }
-  const f32 carry_scale = column.carry->scale;
-  const f32 carry_offset = column.carry->offset;
-  for (f64& value : values) {
-    value = physical(number_at<Raw>(sample), scale, offset) +
-            physical(number_at<Raw>(sample + sizeof(Raw)), carry_scale, carry_offset);
-    sample += stride;
-  }
-}
-
-// One value from each row; `sample` is that of the first row, and all that is needed is there.
-void decode(const RawColumn& column, const u8* sample, i64 stride, std::span<f64> values) {
-  switch (column.sample_format) {
-    case kSamplesI32:
-      return decode_as<i32>(column, sample, stride, values,
-                            [](i32 raw, f32 scale, f32 offset) { return physical_i32(raw, scale, offset); });
-    case kSamplesI16:
-      if (column.carry == nullptr)
-        return decode_as<i16>(column, sample, stride, values, [](i16 raw, f32 scale, f32 offset) {
-          return physical_i16(raw, scale, offset);
-        });
-      return decode_as<u16>(column, sample, stride, values, [](u16 raw, f32 scale, f32 offset) {
-        return physical_time_word(raw, scale, offset);
-      });
-    case kSamplesF32:
-      return decode_as<f32>(column, sample, stride, values, [](f32 raw, f32, f32) { return f64{raw}; });
-  }
-}
 
 // Reads the values of one column in large reads. What lies behind the end of the file, or behind an error of
 // the device, is 0.
@@ -119,8 +34,8 @@ void read_raw_column(const InputFile& file, const RecorderHeader& header, const 
     const ReadResult read =
         file.read_at(place + (first + done) * stride, buffer.data(), (rows - 1) * stride + column.needed);
     const i64 whole = whole_rows(column, stride, read.bytes);
-    decode(column, buffer.data(), stride,
-           destination.subspan(static_cast<std::size_t>(done), static_cast<std::size_t>(whole)));
+    decode_column(column, buffer.data(), stride,
+                  destination.subspan(static_cast<std::size_t>(done), static_cast<std::size_t>(whole)));
     done += whole;
     ended = whole < rows;
     failed = read.failed;
@@ -141,18 +56,6 @@ void add_double_values(const InputFile& file, const RecorderHeader& header, i32 
 }
 
 }  // namespace
-
-f64 physical_i32(i32 raw, f32 scale, f32 offset) {
-  return f64{kRawScale32} * raw * f64{scale} - f64{offset};
-}
-
-f64 physical_i16(i16 raw, f32 scale, f32 offset) {
-  return f64{kRawScale16 * static_cast<f32>(raw) * scale - offset};
-}
-
-f64 physical_time_word(u16 raw, f32 scale, f32 offset) {
-  return f64{kRawScale16} * raw * f64{scale} - f64{offset};
-}
 
 bool is_credible_row_count(i64 claimed, i64 there) {
   return claimed <= kFreeRows + kClaimedToPresentRows * there;
@@ -204,7 +107,7 @@ void pass_raw_columns(const InputFile& file, const RecorderHeader& header, std::
       std::size_t whole = 0;
       if (!columns.empty()) {
         whole = static_cast<std::size_t>(whole_rows(columns[i], stride, read.bytes - columns[i].offset));
-        decode(columns[i], buffer.data() + columns[i].offset, stride, values.first(whole));
+        decode_column(columns[i], buffer.data() + columns[i].offset, stride, values.first(whole));
       }
       std::fill(values.begin() + static_cast<std::ptrdiff_t>(whole), values.end(), 0.0);
       take(i, first, values);

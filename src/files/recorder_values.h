@@ -9,12 +9,6 @@
 
 namespace trendaro {
 
-// Raw samples to physical values. Scale and Offset are f32 as in the file; products are formed in f64, but
-// for i16 samples outside of time channels in f32.
-f64 physical_i32(i32 raw, f32 scale, f32 offset);
-f64 physical_i16(i16 raw, f32 scale, f32 offset);
-f64 physical_time_word(u16 raw, f32 scale, f32 offset);  // i16 samples of time channels count without a sign
-
 // True when a number of rows may be believed where `there` rows are: up to a million, and beyond them up to
 // eight times those.
 bool is_credible_row_count(i64 claimed, i64 there);
