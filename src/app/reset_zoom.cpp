@@ -42,12 +42,16 @@ void show_all_layers(Model& model) {
 void show_points(Model& model) {
   ControlState& box = model.controls["ZoomPointsBox"];
   box.back_color = model.HasFullDataPlot ? kYellow : kWhite;
-  if (model.HasFullDataPlot) {
-    box.text = number_text(i64{model.MaxPlotPoints});
-    return;
-  }
+  if (model.HasFullDataPlot) return;
   const f64 points = (model.ZoomXMax - model.ZoomXMin) / model.CompressedDXMax * model.ActiveReduceFactor / 2;
   if (std::isfinite(points)) box.text = count_text(std::nearbyint(points));  // x is of single precision
+}
+
+// The redraw finds the longest plain signal, and it has emptied the status panel.
+void tell_of_full_data(Model& model) {
+  if (!model.HasFullDataPlot) return;
+  model.controls["ZoomPointsBox"].text = number_text(i64{model.MaxPlotPoints});
+  show_plot_status(model);
 }
 
 void set_graphs_to_full_range(Model& model) {
@@ -80,7 +84,7 @@ void reset_zoom(Model& model) {
   if (model.DisplayCompression) restore_unzoomed_scale(model);
   model.unzoomed_scale.held = false;
   RedrawKMGraph(model, false);
-  if (model.HasFullDataPlot) show_plot_status(model);  // the redraw has emptied the panel
+  tell_of_full_data(model);
   model.saved_axes = {};
   for (const char* entry : {"mnuDBOffset", "mnuXUnit", "mnuNullValues"}) enable_control(model, entry, true);
 }

@@ -4,6 +4,7 @@
 
 #include "app/attempt.h"
 #include "app/commands.h"
+#include "app/kept.h"
 #include "app/model.h"
 #include "app/numbers.h"
 #include "app/toolbar.h"
@@ -16,6 +17,18 @@
 namespace trendaro {
 namespace {
 
+constexpr i16 kChannelAsX = 1;
+
+// What was on show ahead of a mark.
+struct FormerView {
+  bool originals = false;  // a zoom's original samples
+  bool plain = false;      // a plain signal
+};
+
+FormerView view_of(const Model& model) {
+  return {.originals = model.OriginalDataMode, .plain = model.HasFullDataPlot};
+}
+
 // The samples of the section from `first` to `last` in x units; nothing while no curve has given the display
 // a step.
 std::optional<i32> section_points(const Model& model, f64 first, f64 last) {
@@ -26,27 +39,37 @@ std::optional<i32> section_points(const Model& model, f64 first, f64 last) {
   return points;
 }
 
-// A zoom that has come to lie behind the end of the data is left; another one keeps its section.
-void zoom_again(Model& model) {
-  if (model.NofPlots == 0) return;
+// Along a channel as x no step tells how many samples the survey's range holds.
+bool section_lies_behind_data(const Model& model) {
   const GraphProperties& survey = model.PESGSurvey.pending;
-  const auto points =
-      section_points(model, survey.ManualMinX + model.SurveyMarginX, survey.ManualMaxX - model.SurveyMarginX);
-  if (!points || std::nearbyint(ParseNumber(model.controls["ZoomPointsBox"].text)) > *points)
-    return reset_zoom(model);
+  const f64 first = survey.ManualMinX + model.SurveyMarginX;
+  const f64 last = survey.ManualMaxX - model.SurveyMarginX;
+  if (model.xSrc.ListIndex == kChannelAsX) return model.ZoomXMin >= last || model.ZoomXMax <= first;
+  const auto points = section_points(model, first, last);
+  return !points || std::nearbyint(ParseNumber(model.controls["ZoomPointsBox"].text)) > *points;
+}
+
+void show_section(Model& model) {
   GraphProperties& graph = model.PESG.pending;
   graph.ZoomActive = true;
   graph.ZoomMinX = model.ZoomXMin;
   graph.ZoomMaxX = model.ZoomXMax;
+}
+
+// A zoom that has come to lie behind the end of the data is left; another one keeps its section.
+void zoom_again(Model& model) {
+  if (section_lies_behind_data(model)) return reset_zoom(model);
+  show_section(model);
   DataZoom(model);
 }
 
-void show_points(Model& model) {
+// Beside a plain signal the readout need not have counted the section.
+void show_points(Model& model, bool was_beside_plain) {
   if (const auto points = window_points(model)) model.MaxViewPoints = *points;
-  if (model.Zoomed)
-    zoom_again(model);
-  else
+  if (model.Zoomed && model.NofPlots == 0) return;
+  if (!model.Zoomed || was_beside_plain)
     model.controls["ZoomPointsBox"].text = std::to_string(model.MaxViewPoints);
+  if (model.Zoomed) zoom_again(model);
 }
 
 void redraw_survey(Model& model) {
@@ -61,28 +84,43 @@ void release_tools_without_plots(Model& model) {
   for (const char* entry : {"mnuDBOffset", "mnuXUnit", "mnuNullValues"}) enable_control(model, entry, true);
 }
 
-// A plain curve beside the envelopes of a zoom ends their original samples: the box counts those of the
-// curve.
-void show_plain_points(Model& model) {
-  model.controls["ZoomPointsBox"].back_color = kYellow;
-  model.controls["ZoomPointsBox"].text = number_text(i64{model.MaxPlotPoints});
+// Green counts original samples and yellow those of a plain signal; what is no longer on show gives its
+// colour up.
+void settle_readout_colour(Model& model) {
+  ControlState& box = model.controls["ZoomPointsBox"];
+  if (box.back_color == kGreen || (box.back_color == kYellow && !model.HasFullDataPlot))
+    box.back_color = kWhite;
 }
 
-void redraw_after_mark(Model& model) {
+void follow_longest_plain_signal(Model& model) {
+  ControlState& box = model.controls["ZoomPointsBox"];
+  if (box.back_color == kYellow) box.text = number_text(i64{model.MaxPlotPoints});
+}
+
+// Original samples filled the graph; the reduced curves have their section zoomed. A first plain signal is
+// compressed for that section, which scrolling and the limit lines have told to nobody.
+void keep_section(Model& model, const FormerView& former) {
+  if (former.originals) show_section(model);
+  const GraphProperties& graph = model.PESG.pending;
+  if (!former.plain) model.ZoomScaleLimits[0] = {graph.ZoomMinX, graph.ZoomMaxX, 0, 0};
+}
+
+void redraw_after_mark(Model& model, const FormerView& former) {
   // The new plots stand on their reduced files; the zoom brings the samples in again.
   model.OriginalDataMode = false;
-  const bool counted_originals = model.controls["ZoomPointsBox"].back_color == kGreen;
+  settle_readout_colour(model);
   if (model.Zoomed && model.ActiveLayersChanged) reset_zoom(model);
+  if (model.Zoomed) keep_section(model, former);
   RedrawKMGraph(model, false);
   if (model.HasFullDataPlot)
     hide_survey(model);
   else
     redraw_survey(model);
   if (model.NofPlots == 0) release_tools_without_plots(model);
-  if (!model.HasFullDataPlot)
-    show_points(model);
-  else if (counted_originals)
-    show_plain_points(model);
+  if (model.HasFullDataPlot)
+    follow_longest_plain_signal(model);
+  else
+    show_points(model, former.plain);
 }
 
 }  // namespace
@@ -92,25 +130,25 @@ std::optional<i32> window_points(const Model& model) {
 }
 
 void mark_channel(Model& model, i32 row) {
+  const FormerView former = view_of(model);
   const i16 index = mark_index(model.Grid.rows[row].mark);
   model.LastClickedRow = row;
   set_mark(model.Grid, row, {index, model.CurrentLayer, model.CurrentSide});
   model.CurveCache.resize(static_cast<std::size_t>(model.NofPlots) + 1);
   // In a section the redraw zooms in x alone, for as long as it lasts. The mode of before comes back even
   // when the redraw has left the section.
-  const i16 zooming = model.PESG.pending.AllowZooming;
-  const bool was_zoomed = model.Zoomed;
-  if (was_zoomed) model.PESG.pending.AllowZooming = 1;
+  const Kept mode(model.PESG.pending.AllowZooming);
+  if (model.Zoomed) model.PESG.pending.AllowZooming = 1;
   RebuildPlotList(model);
-  redraw_after_mark(model);
-  if (was_zoomed) model.PESG.pending.AllowZooming = zooming;
+  redraw_after_mark(model, former);
 }
 
 void unmark_channel(Model& model, i32 row) {
+  const FormerView former = view_of(model);
   clear_mark(model.Grid, row);
   RebuildPlotList(model);
   model.MaxViewPoints = 0;
-  redraw_after_mark(model);
+  redraw_after_mark(model, former);
 }
 
 }  // namespace trendaro

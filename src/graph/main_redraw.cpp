@@ -38,7 +38,6 @@ void size_graph(Model& model, MainReading& reading) {
   model.PESG.pending.SubsetCount = size_main_graph(model);
   if (model.PESG.pending.SubsetCount == 0) take_no_curves(model, reading);
   if (!model.OriginalDataMode) model.MaxViewPoints = model.ViewPoints;
-  model.MaxPlotPoints = model.LongestFullPoints;
 }
 
 void read_curve(CurveTask& task, MainReading& reading) {
@@ -140,6 +139,7 @@ void RedrawKMGraph(Model& model, bool settings_only) {
     attempt([&] { arrays = arrays_of_graph(model); });
   }
   read_curves(model, arrays, reading);
+  if (!settings_only) model.MaxPlotPoints = longest_plain_plot(model);
   attempt([&] { SetAxisTitles(model, model.PESG); });
   model.XUnit = reading.unit_text;
   attempt([&] { write_graph_style(model, model.PESG); });

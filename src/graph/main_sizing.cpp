@@ -108,6 +108,16 @@ bool on_show(const Model& model, const PlotRecord& plot) {
   return plot.Layer - 1 >= model.FirstLayer && plot.Layer - 1 <= model.LastLayer;
 }
 
+i32 longest_plain_plot(const Model& model) {
+  i32 longest = model.LongestFullPoints;
+  for (i16 number = 1; number <= model.NofPlots; ++number) {
+    const PlotRecord& plot = model.Plots[number];
+    if (plot.FileKind == kKindPlain)
+      longest = std::max(longest, plausible_points(plot.Points, plot_path(plot)));
+  }
+  return longest;
+}
+
 i32 plausible_points(i32 points, const std::string& path) {
   constexpr i32 kSmall = 1000000;
   if (points <= kSmall) return points;

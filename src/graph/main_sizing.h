@@ -18,6 +18,10 @@ i32 size_main_graph(Model& model);
 // one: the samples of a pair follow from ViewPoints and not from the plot, on purpose.
 void size_again(Model& model, i32 points);
 
+// Points of the longest plain plot, in a layer on show or not. Lengths that only a read tells count from then
+// on.
+i32 longest_plain_plot(const Model& model);
+
 // A count of points that the file can hold. What a header merely claims is bounded by the bytes of the file
 // before it sizes memory; small counts stand.
 i32 plausible_points(i32 points, const std::string& path);

@@ -81,10 +81,11 @@ TEST_F(ResetZoomTest, ShowsTheWholeRecording) {
 }
 
 TEST_F(ResetZoomTest, PlainPlotsShowTheirPointsOnYellow) {
-  add_plot(kKindPlain, 1);
+  add_plot(kKindPlain, 1).Points = 4000;
+  add_plot(kKindPlain, 2).Points = 6000;
   model.HasFullDataPlot = true;
   reset_zoom(model);
-  EXPECT_EQ(model.controls["ZoomPointsBox"].text, "5000");
+  EXPECT_EQ(model.controls["ZoomPointsBox"].text, "6000");
   EXPECT_EQ(model.controls["ZoomPointsBox"].back_color, kYellow);
 }
 

@@ -346,31 +346,5 @@ TEST_F(DataZoomTest, MarkInAZoomOfTwoLayersBringsTheSectionOfAllPlots) {
   }
 }
 
-TEST_F(DataZoomTest, PlainSignalMarkedBesideOriginalSamplesEndsTheGreenReadout) {
-  open({});
-  mark(2);
-  set_limits(50, 60);
-  DataZoom(model);
-  model.Zoomed = true;
-  ASSERT_TRUE(model.OriginalDataMode);
-  AddFileToGrid(model, folder.file("lauf.ME1"), false);
-  mark(model.Grid.MaxRows());
-  EXPECT_FALSE(model.OriginalDataMode);
-  EXPECT_EQ(model.controls["ZoomPointsBox"].back_color, kYellow);
-  EXPECT_EQ(box("ZoomPointsBox"), "20000");
-}
-
-TEST_F(DataZoomTest, PlainSignalOfANewLayerEndsTheGreenReadoutToo) {
-  open({});
-  mark(2);
-  set_limits(50, 60);
-  end_main_zoom(model);
-  AddFileToGrid(model, folder.file("lauf.ME1"), false);
-  mark(model.Grid.MaxRows(), 2);
-  EXPECT_FALSE(model.Zoomed);
-  EXPECT_EQ(model.controls["ZoomPointsBox"].back_color, kYellow);
-  EXPECT_EQ(box("ZoomPointsBox"), "20000");
-}
-
 }  // namespace
 }  // namespace trendaro

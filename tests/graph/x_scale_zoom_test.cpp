@@ -89,6 +89,44 @@ TEST_F(XScaleZoomTest, BlocksOfTheBoundsInsideAreImportedInTurn) {
   EXPECT_THAT(shell.messages(), IsEmpty());
 }
 
+TEST_F(XScaleZoomTest, MarkKeepsTheSection) {
+  show_over_ramp();
+  zoom(100, 119);
+  mark(2);
+  EXPECT_TRUE(model.Zoomed);
+  EXPECT_TRUE(model.OriginalDataMode);
+  EXPECT_EQ(box("ZoomPointsBox"), "20");
+  EXPECT_EQ(model.controls["ZoomPointsBox"].back_color, kGreen);
+  ASSERT_EQ(model.NofPlots, 2);
+  const std::vector<f64> ramp = channel_samples(model.Plots[1].DatabaseChannel);
+  const std::vector<f64> y = channel_samples(model.Plots[2].DatabaseChannel);
+  ASSERT_EQ(ramp.size(), 20u);
+  ASSERT_EQ(y.size(), 20u);
+  for (i32 i = 0; i < 20; ++i) {
+    const auto place = static_cast<std::size_t>(i);
+    EXPECT_NEAR(ramp[place], 96 + i, 0.01);
+    EXPECT_NEAR(y[place], known(96 + i), 0.01);
+  }
+}
+
+TEST_F(XScaleZoomTest, MarkKeepsAReducedSection) {
+  show_over_ramp();
+  box("PointsBox") = "20";
+  zoom(100, 119);
+  mark(2);
+  EXPECT_TRUE(model.Zoomed);
+  EXPECT_FALSE(model.OriginalDataMode);
+  EXPECT_EQ(model.PESG.shown().ZoomMinX, 100);
+  EXPECT_EQ(model.PESG.shown().ZoomMaxX, 119);
+}
+
+TEST_F(XScaleZoomTest, MarkLeavesASectionWithoutData) {
+  show_over_ramp();
+  zoom(5000, 6000);  // x ends at 1999
+  mark(2);
+  EXPECT_FALSE(model.Zoomed);
+}
+
 TEST_F(XScaleZoomTest, SectionExactlyAsWideAsTheBoundStaysCompressed) {
   show_over_ramp();
   box("PointsBox") = "20";
