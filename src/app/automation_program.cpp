@@ -45,9 +45,6 @@ class Automation {
         wrapper_(host_, [this] { show_main_window(); }),
         object_(wrapper_, host_, bus_) {
     QObject::connect(&object_, &WrapperObject::released, &object_, [this] { end_when_released(0); });
-    bus_.connect({}, QStringLiteral("/org/freedesktop/DBus/Local"),
-                 QStringLiteral("org.freedesktop.DBus.Local"), QStringLiteral("Disconnected"),
-                 QCoreApplication::instance(), SLOT(quit()));
   }
 
   bool serve() { return object_.serve(); }
@@ -56,6 +53,7 @@ class Automation {
   void show_main_window();
   void window_unloaded();
   void end_when_released(int delay);
+  [[nodiscard]] bool is_released() const;
 
   const OpenWindow& call_;
   QDBusConnection bus_;
@@ -92,13 +90,20 @@ void Automation::window_unloaded() {
   unloaded_ = true;
   going_ = std::move(shown_);
   QTimer::singleShot(0, &object_, [this] { going_.reset(); });
-  if (!object_.is_held()) end_when_released(kTimeToAsk);
+  if (!object_.is_held()) end_when_released(object_.is_on_bus() ? kTimeToAsk : 0);
 }
 
 void Automation::end_when_released(int delay) {
   QTimer::singleShot(delay, &object_, [this] {
-    if (unloaded_ && !object_.is_held()) QApplication::quit();
+    if (is_released()) QApplication::quit();
   });
+}
+
+// A window on screen stays until its user closes it. A viewer that was given no host yet goes on waiting, for
+// who starts it by hand may call it by programs that connect for a single call.
+bool Automation::is_released() const {
+  if (shown_ != nullptr || object_.is_held()) return false;
+  return unloaded_ || wrapper_.has_host() || !object_.is_on_bus();
 }
 
 }  // namespace

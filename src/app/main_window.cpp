@@ -193,8 +193,9 @@ void Kelmira::keyPressEvent(QKeyEvent* event) {
   run([&] { press_scroll_key(model_, right); });
 }
 
+// A host that came while the refusal was on screen changes nothing any more.
 void Kelmira::closeEvent(QCloseEvent* event) {
-  if (!query_close(model_)) {
+  if (!refused_ && !query_close(model_)) {
     event->ignore();
     return;
   }

@@ -21,6 +21,9 @@ class WrapperClass {
   [[nodiscard]] bool CanUnload() const;
   void CanUnload(bool value);
 
+  // Whether a host was given and not taken away again.
+  [[nodiscard]] bool has_host() const { return link_->Host != nullptr; }
+
   // Gives what was stored up to now to a new main window, whose link counts until release_link.
   void hand_link_to(HostLink& link);
   // Keeps the link of a main window that goes.

@@ -32,6 +32,9 @@ WrapperObject::WrapperObject(WrapperClass& wrapper, BusHost& host, QDBusConnecti
     watcher_.removeWatchedService(service);
     if (holders_.remove(service) && holders_.isEmpty()) Q_EMIT released();
   });
+  bus_.connect({}, QStringLiteral("/org/freedesktop/DBus/Local"),
+               QStringLiteral("org.freedesktop.DBus.Local"), QStringLiteral("Disconnected"), this,
+               SLOT(lose_bus()));
 }
 
 bool WrapperObject::serve() {
@@ -57,6 +60,12 @@ void WrapperObject::AddmrvInterface(const ObjectReference& objInterface) {
   hold(service);
   host_.set_address({service, objInterface.path.path()});
   wrapper_.AddmrvInterface(&host_);
+}
+
+// A bus that has gone tells nothing of those who have left it.
+void WrapperObject::lose_bus() {
+  holders_.clear();
+  Q_EMIT released();
 }
 
 // A name that is not on the bus by now would never leave it.

@@ -22,7 +22,7 @@ QDBusArgument& operator<<(QDBusArgument& argument, const ObjectReference& refere
 const QDBusArgument& operator>>(const QDBusArgument& argument, ObjectReference& reference);
 
 // WrapperClass on the bus. It is held by the processes that called it and by the one whose host it was given;
-// when the last of them has left the bus, it is released.
+// when the last of them has left the bus, or the bus itself has gone, it is released.
 class WrapperObject : public QObject, protected QDBusContext {
   Q_OBJECT
   Q_CLASSINFO("D-Bus Interface", "trendaro.WrapperClass")
@@ -35,6 +35,8 @@ class WrapperObject : public QObject, protected QDBusContext {
   // Puts the object and its name on the bus. False when another program has the name, or there is no bus.
   bool serve();
   [[nodiscard]] bool is_held() const { return !holders_.isEmpty(); }
+  // Whether anybody can still call it.
+  [[nodiscard]] bool is_on_bus() const { return bus_.isConnected(); }
 
   [[nodiscard]] bool can_unload() const { return wrapper_.CanUnload(); }
   void set_can_unload(bool value) { wrapper_.CanUnload(value); }
@@ -45,6 +47,9 @@ class WrapperObject : public QObject, protected QDBusContext {
 
  Q_SIGNALS:
   void released();
+
+ private Q_SLOTS:
+  void lose_bus();
 
  private:
   void hold(const QString& service);

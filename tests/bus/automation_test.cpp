@@ -119,6 +119,19 @@ TEST_F(AutomationTest, RunWithoutAHostRefusesAndUnloads) {
   EXPECT_EQ(viewer.wait_for_end(), 0);
 }
 
+TEST_F(AutomationTest, HostThatComesWhileTheRefusalIsOnScreenServesTheNextWindow) {
+  run();
+  ASSERT_TRUE(viewer.shows("Kelmira MsgBox"));
+  start(server);
+  add_interface();
+  viewer.tell("press OK");
+  EXPECT_TRUE(viewer.shows(""));
+  EXPECT_TRUE(can_unload());
+  run();
+  EXPECT_TRUE(viewer.shows("Kelmira"));
+  close_with_yes();
+}
+
 TEST_F(AutomationTest, HostThatIsTakenAwayAgainIsNone) {
   start(server);
   add_interface();
@@ -205,6 +218,25 @@ TEST_F(AutomationTest, HostThatDiesLeavesAWindowThatSaysSoAndCloses) {
   EXPECT_TRUE(can_unload());
 }
 
+TEST_F(AutomationTest, ViewerWithoutAWindowEndsWithTheHostThatItWasGiven) {
+  start(server);
+  add_interface();
+  server.process.kill();
+  server.wait_for_end();
+  EXPECT_FALSE(can_unload());  // the process that gave it is still there
+  bus.disconnect();
+  EXPECT_EQ(viewer.wait_for_end(), 0);
+}
+
+TEST_F(AutomationTest, ViewerWithoutAHostGoesOnWaiting) {
+  add_interface(QString(), QStringLiteral("/"));
+  bus.disconnect();
+  bus.connect_again();
+  EXPECT_FALSE(can_unload());
+  EXPECT_FALSE(can_unload());  // behind whatever the first call met
+  EXPECT_TRUE(viewer.is_running());
+}
+
 TEST_F(AutomationTest, SecondViewerFindsTheNameTaken) {
   Robot second(&bus, {QStringLiteral("--automation")});
   second.start();
@@ -215,6 +247,24 @@ TEST_F(AutomationTest, SecondViewerFindsTheNameTaken) {
 
 TEST_F(AutomationTest, EndOfTheBusEndsTheServer) {
   bus.stop();
+  EXPECT_EQ(viewer.wait_for_end(), 0);
+}
+
+TEST_F(AutomationTest, WindowOutlivesTheBusAndEndsTheServerWhenItIsClosed) {
+  start(server);
+  add_interface();
+  run();
+  ASSERT_TRUE(viewer.shows("Kelmira"));
+  bus.stop();
+  server.wait_for_end();
+  viewer.tell("close");
+  ASSERT_TRUE(viewer.shows("Kelmira MsgBox"));
+  EXPECT_EQ(viewer.message(), "Trendaro beenden?");
+  viewer.tell("press Nein");
+  ASSERT_TRUE(viewer.shows("Kelmira"));
+  viewer.tell("close");
+  ASSERT_TRUE(viewer.shows("Kelmira MsgBox"));
+  viewer.tell("press Ja");
   EXPECT_EQ(viewer.wait_for_end(), 0);
 }
 
