@@ -21,9 +21,10 @@ constexpr i64 kLargestFile = i64{64} << 20;
 
 // What belongs to the curves on show or to the zoom: a template that is loaded over curves leaves it alone.
 constexpr std::string_view kNotStored[] = {
-    "SubsetCount",  "PointCount", "SpecialSubsetCount", "MultiAxesSubsets", "UsingXDataII",
-    "DateTimeMode", "ZoomActive", "ZoomMinX",           "ZoomMaxX",         "ZoomMinY",
-    "ZoomMaxY",     "ZoomMinRY",  "ZoomMaxRY"};
+    "SubsetCount",       "PointCount",  "SpecialSubsetCount", "MultiAxesSubsets", "UsingXDataII",
+    "DateTimeMode",      "CursorPoint", "CursorSubset",       "AllowZooming",     "ScrollingHorzZoom",
+    "ScrollingVertZoom", "ZoomAxisTop", "ZoomAxisBottom",     "ZoomActive",       "ZoomMinX",
+    "ZoomMaxX",          "ZoomMinY",    "ZoomMaxY",           "ZoomMinRY",        "ZoomMaxRY"};
 
 bool is_stored(std::string_view name) {
   return std::ranges::find(kNotStored, name) == std::end(kNotStored);

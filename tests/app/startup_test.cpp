@@ -10,6 +10,9 @@
 #include "app/memory_host.h"
 #include "app/model.h"
 #include "app/run_time_error.h"
+#include "app/toolbar.h"
+#include "datasource/plot_list.h"
+#include "graph/zoom_modes.h"
 #include "support/file_builder.h"
 #include "support/recording_shell.h"
 
@@ -151,6 +154,9 @@ TEST_F(StartupTest, SecondRunHasTheLookOfTheFirst) {
     first.model.PESG.pending.GraphBackColor = 0x123456;
     first.model.PESG.pending.LegendStyle = 1;
     first.model.PESG.pending.NullDataValue = 7;
+    first.model.PESG.pending.NullDataValueX = 8;
+    first.model.PESGSurvey.pending.NullDataValue = 9;
+    first.model.PESGSurvey.pending.NullDataValueX = 10;
     first.model.PESGSurvey.pending.GraphBackColor = 0x654321;
     unload_main_window(first.model);
   }
@@ -161,9 +167,53 @@ TEST_F(StartupTest, SecondRunHasTheLookOfTheFirst) {
   EXPECT_EQ(second.model.PESG.shown().GraphBackColor, 0x123456);
   EXPECT_EQ(second.model.PESGSurvey.shown().GraphBackColor, 0x654321);
   EXPECT_TRUE(second.model.controls["mnuLegendPos(7)"].ticked);
-  EXPECT_EQ(second.model.PESG.pending.NullDataValue, -1000000);
+  for (const GraphSurface* graph : {&second.model.PESG, &second.model.PESGSurvey}) {
+    EXPECT_EQ(graph->pending.NullDataValue, -1000000);
+    EXPECT_EQ(graph->pending.NullDataValueX, -1000000);
+  }
   EXPECT_EQ(second.model.PESG.shown().MainTitle, "Ausschnitt");
   EXPECT_EQ(second.model.LastDatabaseStatus, kPropertyDone);
+}
+
+// No button is pressed at the start, so that a drag must not draw a rubber band either.
+TEST_F(StartupTest, PressedZoomModeEndsWithTheRun) {
+  {
+    ProgramRun first(folder);
+    load_main_window(first.model);
+    first.model.NofPlots = 1;
+    first.model.HasFullDataPlot = true;  // brings the scroll bars in
+    press_zoom_mode(first.model, ZoomMode::Rectangle);
+    first.model.NofPlots = 0;
+    first.model.PESG.pending.ZoomAxisTop = 2;
+    first.model.PESG.pending.ZoomAxisBottom = 1;
+    unload_main_window(first.model);
+    ASSERT_EQ(first.model.PESG.pending.AllowZooming, 3);
+    ASSERT_EQ(first.model.PESGSurvey.pending.AllowZooming, 1);
+  }
+  ProgramRun second(folder);
+  load_main_window(second.model);
+  const GraphProperties& graph = second.model.PESG.pending;
+  EXPECT_NE(second.model.controls["TB_ZOOMRECT"].tag, "1");
+  EXPECT_EQ(graph.AllowZooming, 0);
+  EXPECT_FALSE(graph.ScrollingHorzZoom);
+  EXPECT_FALSE(graph.ScrollingVertZoom);
+  EXPECT_EQ(graph.ZoomAxisTop, 0);
+  EXPECT_EQ(graph.ZoomAxisBottom, 0);
+  EXPECT_EQ(second.model.PESGSurvey.pending.AllowZooming, 0);
+}
+
+TEST_F(StartupTest, LookIsSavedBehindTheClearingOfTheGraphs) {
+  {
+    ProgramRun first(folder);
+    load_main_window(first.model);
+    first.model.PESG.pending.InvertedXAxis = true;  // which lasts until the next set-up
+    first.model.PESGSurvey.pending.InvertedXAxis = true;
+    unload_main_window(first.model);
+  }
+  ProgramRun second(folder);
+  load_main_window(second.model);
+  EXPECT_FALSE(second.model.PESG.pending.InvertedXAxis);
+  EXPECT_FALSE(second.model.PESGSurvey.pending.InvertedXAxis);
 }
 
 TEST_F(StartupTest, DamagedTemplateLeavesTheDefaults) {
@@ -222,6 +272,17 @@ TEST_F(StartupTest, HostMaySetTheFlagItself) {
   EXPECT_TRUE(can_unload(run.model));
   run.model.CanUnloadFlag = false;
   EXPECT_FALSE(can_unload(run.model));
+}
+
+TEST_F(StartupTest, GraphsThatCannotBeClearedAreSavedAllTheSame) {
+  ProgramRun run(folder);
+  load_main_window(run.model);
+  run.shell.during_status = [](const std::string&) { throw RunTimeError{kHostCallFailed}; };
+  EXPECT_THROW(ClearGraph(run.model), RunTimeError);
+  unload_main_window(run.model);
+  EXPECT_TRUE(std::filesystem::exists(folder.file("KM_TEMPLATE.$$$")));
+  EXPECT_TRUE(std::filesystem::exists(folder.file("KMSurv_TEMPLATE.$$$")));
+  EXPECT_TRUE(can_unload(run.model));
 }
 
 TEST_F(StartupTest, UnloadPassesFailuresBy) {

@@ -77,6 +77,13 @@ TEST(ProgramStartTest, SplashShowsAheadOfTheWindowAndGoes) {
   EXPECT_TRUE(viewer.shows("Kelmira"));
 }
 
+TEST(ProgramStartTest, SplashStandsHalfASecondAheadOfTheLoad) {
+  Robot viewer(nullptr, {});
+  viewer.start();
+  EXPECT_TRUE(viewer.shows("Kelmira"));
+  EXPECT_EQ(viewer.tell("splash"), "About");
+}
+
 // The embedded host keeps its size beside the program; the viewer has to start again for a new one.
 TEST(ProgramStartTest, ChosenSizeOfTheDatabaseHoldsInTheNextRun) {
   const TemporaryFolder folder;

@@ -6,6 +6,7 @@
 //   type NAME TEXT gives a box of numbers that text
 //   choose NAME    chooses a menu entry by its object name
 //   close          closes the main window
+//   splash         the windows that were visible 400 ms after the splash window had come
 
 #include <QAbstractButton>
 #include <QAction>
@@ -35,6 +36,24 @@ QString windows() {
   return names.join(QLatin1Char(' '));
 }
 
+// Notes what the splash window shares the screen with shortly before its time is over.
+class SplashWatch : public QObject {
+ public:
+  using QObject::QObject;
+  QString seen;
+
+  bool eventFilter(QObject* object, QEvent* event) override {
+    if (event->type() == QEvent::Show && object->objectName() == QLatin1String("About"))
+      QTimer::singleShot(400, Qt::PreciseTimer, this, [this] { seen = windows(); });
+    return false;
+  }
+};
+
+SplashWatch* splash_watch() {
+  static auto* watch = new SplashWatch(QCoreApplication::instance());
+  return watch;
+}
+
 QString message() {
   for (QWidget* window : QApplication::topLevelWidgets())
     if (const auto* box = qobject_cast<QMessageBox*>(window); box != nullptr && box->isVisible())
@@ -60,6 +79,7 @@ QString obey(const QString& order) {
   const QString name = order.section(QLatin1Char(' '), 1);
   if (order == QLatin1String("windows")) return windows();
   if (order == QLatin1String("message")) return message();
+  if (order == QLatin1String("splash")) return splash_watch()->seen;
   if (order == QLatin1String("close")) {
     QWidget* window = main_window();
     return later(window, [window] { window->close(); });
@@ -77,6 +97,7 @@ QString obey(const QString& order) {
 }
 
 void start_robot() {
+  QCoreApplication::instance()->installEventFilter(splash_watch());
   auto* input = new QSocketNotifier(STDIN_FILENO, QSocketNotifier::Read, QCoreApplication::instance());
   QObject::connect(input, &QSocketNotifier::activated, input, [input] {
     std::string order;

@@ -50,9 +50,10 @@ GraphProperties filled(int seed) {
 }
 
 const std::set<std::string> kSessionState = {
-    "SubsetCount",  "PointCount", "SpecialSubsetCount", "MultiAxesSubsets", "UsingXDataII",
-    "DateTimeMode", "ZoomActive", "ZoomMinX",           "ZoomMaxX",         "ZoomMinY",
-    "ZoomMaxY",     "ZoomMinRY",  "ZoomMaxRY"};
+    "SubsetCount",       "PointCount",  "SpecialSubsetCount", "MultiAxesSubsets", "UsingXDataII",
+    "DateTimeMode",      "CursorPoint", "CursorSubset",       "AllowZooming",     "ScrollingHorzZoom",
+    "ScrollingVertZoom", "ZoomAxisTop", "ZoomAxisBottom",     "ZoomActive",       "ZoomMinX",
+    "ZoomMaxX",          "ZoomMinY",    "ZoomMaxY",           "ZoomMinRY",        "ZoomMaxRY"};
 
 // The look comes from `look`, what belongs to curves and zoom from `session`.
 void expect_look_of(const GraphProperties& graph, const GraphProperties& look,
