@@ -40,7 +40,8 @@ SurveyKind kind_to_read(const Model& model, i16 number) {
 
 i32 database_length(Model& model, const PlotRecord& plot) {
   if (plot.ChannelIndex <= 0 || model.Kernel == nullptr) return 0;
-  return model.Kernel->KSD_GetDatabaseChanCurrLen(plot.ChannelIndex);
+  model.LastDatabaseStatus = model.Kernel->KSD_GetDatabaseChanCurrLen(plot.ChannelIndex);
+  return model.LastDatabaseStatus;
 }
 
 i32 pair_length(Model& model, const PlotRecord& plot) {

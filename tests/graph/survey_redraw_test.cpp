@@ -120,7 +120,12 @@ TEST_F(SurveyRedrawTest, DatabaseKindsAreSizedAndNotRead) {
   const std::vector<f64> samples = {5, 6, 7};
   host.KSD_WriteToDatabaseEx(1, 2, samples, 0);
   add_plot("/nowhere/a.STO", 2, kKindDatabase, 9);
+  i32 status_of_sizing = -1;
+  shell.during_status = [&](const std::string& text) {
+    if (text.starts_with("Einlesen der Daten")) status_of_sizing = model.LastDatabaseStatus;
+  };
   RedrawSurvGraph(model, false);
+  EXPECT_EQ(status_of_sizing, 3);  // the kernel's answer, here the length
   EXPECT_EQ(shown().PointCount, 3);
   EXPECT_THAT(y(), ElementsAre(kNull, kNull, kNull));
 }
