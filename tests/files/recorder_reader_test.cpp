@@ -1,5 +1,6 @@
 #include "files/recorder_reader.h"
 
+#include <algorithm>
 #include <filesystem>
 
 #include "support/load_fixture.h"
@@ -216,6 +217,41 @@ TEST_F(RecorderReaderTest, DatabaseTakesValuesInBlocksOf500) {
   EXPECT_EQ(model.LastDatabaseStatus, 2);
   EXPECT_EQ(model.ChannelParams[7], model.ChannelParams[0]);
   EXPECT_EQ(model.ChannelParams[7].ZeroValue, 1.25F);
+}
+
+// How many values each call handed to the database, for one channel or for the scratch channel.
+std::vector<i64> written_lengths(const std::vector<std::string>& calls, const std::string& channel) {
+  std::vector<i64> lengths;
+  for (const std::string& call : calls)
+    if (call.starts_with("write " + channel + " ")) {
+      const std::string values = call.substr(call.find(':') + 1);
+      lengths.push_back(std::count(values.begin(), values.end(), ' '));
+    }
+  return lengths;
+}
+
+TEST_F(RecorderReaderTest, WholeBlocksHaveNoRestBlock) {
+  const std::pair<i32, std::vector<i64>> rows_and_writes[] = {
+      {499, {499}}, {500, {500}}, {501, {500, 1}}, {1000, {500, 500}}, {128000, std::vector<i64>(256, 500)}};
+  model.XScratchChannel = 40;
+  for (const auto& [rows, writes] : rows_and_writes) {
+    RecorderBuilder recording{.row_count = rows};
+    recording.entries = {{.channel = 1}};
+    recording.data.zeros(static_cast<std::size_t>(rows) * 2);
+    file.rewrite(recording.build().bytes());
+    kernel.calls.clear();
+    ASSERT_EQ(LoadRecorderFile(model, 2, file.path(), 1, 7), LoadStatus::Done);
+    EXPECT_EQ(written_lengths(kernel.calls, "7"), writes);
+
+    recording = {.id = 6011, .row_count = rows};
+    recording.entries = {{.channel = 17}, {.channel = 18}};
+    recording.data.zeros(static_cast<std::size_t>(rows) * 16);
+    file.rewrite(recording.build().bytes());
+    kernel.calls.clear();
+    ASSERT_EQ(LoadRecorderFile(model, 2, file.path(), 1, 7), LoadStatus::Done);
+    EXPECT_EQ(written_lengths(kernel.calls, "7"), writes);
+    EXPECT_EQ(written_lengths(kernel.calls, "40"), writes);
+  }
 }
 
 TEST_F(RecorderReaderTest, LoaderHandsOnDatabaseChannelZero) {
