@@ -9,7 +9,7 @@
 namespace trendaro::fuzz {
 namespace {
 
-const ReduceProgress kSilent = [](f64) {};
+const Progress kSilent = untold;
 
 using Bytes = std::vector<std::uint8_t>;
 

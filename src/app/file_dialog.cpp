@@ -71,10 +71,8 @@ void prepare(QFileDialog& box, const FileDialog& dialog, const QString& folder,
   QStringList filters;
   for (const FileFilter& filter : dialog.filters) filters << name_filter(filter);
   if (!filters.empty()) box.setNameFilters(filters);
-  if (dialog.default_name.starts_with("*."))
-    box.setDefaultSuffix(qt_text(dialog.default_name.substr(2)));
-  else if (!dialog.default_name.empty())
-    box.selectFile(qt_text(dialog.default_name));
+  box.setDefaultSuffix(qt_text(dialog.default_ending));
+  if (!dialog.default_name.empty()) box.selectFile(qt_text(dialog.default_name));
   box.setLabelText(QFileDialog::Reject, QStringLiteral("Abbrechen"));
 }
 

@@ -43,7 +43,9 @@ struct Runner {
   int operator()(const ReduceCommand& call) const {
     return run_reduce(call, std::cerr, isatty(STDERR_FILENO) != 0);
   }
-  int operator()(const SectionCommand& call) const { return run_section(call, std::cerr); }
+  int operator()(const SectionCommand& call) const {
+    return run_section(call, std::cerr, isatty(STDERR_FILENO) != 0);
+  }
 };
 
 }  // namespace

@@ -1,8 +1,8 @@
 #include "app/reduce_command.h"
 
 #include <filesystem>
-#include <ostream>
 
+#include "app/terminal_progress.h"
 #include "files/reduce_handlers.h"
 #include "files/reducer.h"
 
@@ -19,31 +19,10 @@ std::string refusal(const ReduceCommand& command, const std::string& target) {
   return {};
 }
 
-// Writes the percentage over itself on one line of a terminal.
-class TerminalProgress {
- public:
-  explicit TerminalProgress(std::ostream& terminal) : terminal_(terminal) {}
-  ~TerminalProgress() {
-    if (shown_) terminal_ << '\n' << std::flush;
-  }
-  TerminalProgress(const TerminalProgress&) = delete;
-  TerminalProgress& operator=(const TerminalProgress&) = delete;
-
-  void show(f64 fraction) {
-    shown_ = true;
-    terminal_ << "\rBinäre Mervan-Datei wird reduziert! " << static_cast<int>(fraction * 100) << " %"
-              << std::flush;
-  }
-
- private:
-  std::ostream& terminal_;
-  bool shown_ = false;
-};
-
 ReduceStatus reduce(const ReduceCommand& command, const std::string& target, std::ostream& errors,
                     bool errors_is_terminal) {
-  if (!errors_is_terminal) return ReduceStandardFile(command.source, target, command.factor, [](f64) {});
-  TerminalProgress progress(errors);
+  if (!errors_is_terminal) return ReduceStandardFile(command.source, target, command.factor, untold);
+  TerminalProgress progress(errors, "Binäre Mervan-Datei wird reduziert!");
   return ReduceStandardFile(command.source, target, command.factor,
                             [&](f64 fraction) { progress.show(fraction); });
 }

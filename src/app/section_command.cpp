@@ -3,23 +3,38 @@
 #include <filesystem>
 #include <system_error>
 
+#include "app/terminal_progress.h"
 #include "files/section_writer.h"
 
 namespace trendaro {
 
-int run_section(const SectionCommand& command, std::ostream& err) {
+namespace {
+
+SectionStatus write(const SectionCommand& command, const Progress& progress) {
+  return WriteSectionFile(command.source, command.target, command.first, command.count, progress);
+}
+
+SectionStatus write_section(const SectionCommand& command, std::ostream& errors, bool errors_is_terminal) {
+  if (!errors_is_terminal) return write(command, untold);
+  TerminalProgress progress(errors, "Meßwertausschnittsdatei wird erzeugt!");
+  return write(command, [&](f64 fraction) { progress.show(fraction); });
+}
+
+}  // namespace
+
+int run_section(const SectionCommand& command, std::ostream& errors, bool errors_is_terminal) {
   std::error_code ignored;
   if (std::filesystem::equivalent(command.source, command.target, ignored)) {
-    err << "Quelldatei und Zieldatei sind dieselbe Datei: " << command.target << "\n";
+    errors << "Quelldatei und Zieldatei sind dieselbe Datei: " << command.target << "\n";
     return 1;
   }
   if (!command.force && std::filesystem::exists(std::filesystem::symlink_status(command.target, ignored))) {
-    err << "Zieldatei existiert bereits: " << command.target << "\n";
+    errors << "Zieldatei existiert bereits: " << command.target << "\n";
     return 1;
   }
-  const SectionStatus status = WriteSectionFile(command.source, command.target, command.first, command.count);
+  const SectionStatus status = write_section(command, errors, errors_is_terminal);
   if (status == SectionStatus::Done) return 0;
-  err << section_failure_text(status) << "\n";
+  errors << section_failure_text(status) << "\n";
   return 1;
 }
 

@@ -7,7 +7,7 @@
 namespace trendaro {
 
 // Runs "section": writes a stretch of a recording into a file of its own. Gives the exit status of the
-// program; whatever fails says why on `err`.
-int run_section(const SectionCommand& command, std::ostream& err);
+// program; whatever fails says why on `errors`, which also shows the progress when it is a terminal.
+int run_section(const SectionCommand& command, std::ostream& errors, bool errors_is_terminal);
 
 }  // namespace trendaro

@@ -22,7 +22,8 @@ struct FileFilter {
 struct FileDialog {
   std::string title;
   std::vector<FileFilter> filters;
-  std::string default_name;
+  std::string default_name = {};    // stands in the box at first
+  std::string default_ending = {};  // "REB": appended to a name that is typed without any
 };
 
 // The form with channel information, frmChanInfo.

@@ -16,8 +16,7 @@ namespace {
 
 const FileDialog kOpenDialog = {
     "Datensätze aus Datei einfügen",
-    {{"*.ST*", "*.ST*"}, {"*.REB", "*.REB"}, {"*.ME*", "*.ME*"}, {"*.BIN*", "*.BIN*"}, {"*.*", "*.*"}},
-    ""};
+    {{"*.ST*", "*.ST*"}, {"*.REB", "*.REB"}, {"*.ME*", "*.ME*"}, {"*.BIN*", "*.BIN*"}, {"*.*", "*.*"}}};
 
 bool file_row_is_active(const ChannelRows& list) {
   return list.rows.has(list.active_row) && list.rows[list.active_row].kind == RowKind::File;

@@ -48,8 +48,7 @@ std::optional<i32> ask_block(Model& model) {
 
 std::string ask_source(Model& model) {
   return model.shell.ask_open_file({.title = "Binärfile zur Komprimierung auswählen",
-                                    .filters = {{"*.BIN", "*.BIN"}, {"*.DAT", "*.DAT"}, {"*.*", "*.*"}},
-                                    .default_name = {}});
+                                    .filters = {{"*.BIN", "*.BIN"}, {"*.DAT", "*.DAT"}, {"*.*", "*.*"}}});
 }
 
 bool may_write(Model& model, const std::string& target) {

@@ -13,7 +13,7 @@ struct ReduceJob {
   ByteCursor& source;     // behind the id
   ByteWriter& target;     // at its start
   i32 block;              // values behind one pair
-  const ReduceProgress& progress;
+  const Progress& progress;
 };
 
 // Each writes the whole target and gives Done or Failed; a failure may also be thrown. The target's late

@@ -1,6 +1,5 @@
 #include "files/reducer.h"
 
-#include <algorithm>
 #include <cmath>
 #include <exception>
 
@@ -16,18 +15,6 @@ constexpr i16 kOldestReducibleId = 5010;
 constexpr i16 kNewestReducibleId = 5012;
 constexpr i16 kReducibleBlockId = 5056;
 
-// Passes on only every whole percent that is reached, for a display drawn at once would be the slowest part.
-ReduceProgress percent_steps(const ReduceProgress& progress) {
-  return [&progress, told = -1](f64 fraction) mutable {
-    // Offsets that lie lead behind the end of a file.
-    const f64 done = std::clamp(fraction, 0.0, 1.0);
-    const int percent = static_cast<int>(done * 100);
-    if (percent == told) return;
-    told = percent;
-    progress(done);
-  };
-}
-
 ReduceStatus reduce_by_id(ReduceJob& job, i16 id) {
   if (id == kReducibleBlockId) return reduce_block_form(job);
   if (id < kOldestStandardId || id > kNewestReducibleId) return ReduceStatus::NotStandard;
@@ -36,7 +23,7 @@ ReduceStatus reduce_by_id(ReduceJob& job, i16 id) {
 }
 
 ReduceStatus reduce_files(const std::string& source_path, const std::string& target_path, i32 block,
-                          const ReduceProgress& progress) {
+                          const Progress& progress) {
   if (block < 1) throw RunTimeError{kInvalidArgument};
   const InputFile file(source_path);
   if (!file.is_open()) return ReduceStatus::Failed;
@@ -45,7 +32,7 @@ ReduceStatus reduce_files(const std::string& source_path, const std::string& tar
   ByteCursor source(file);
   const i16 id = source.read_i16();
   if (!source.ok()) return ReduceStatus::NotStandard;
-  const ReduceProgress steps = percent_steps(progress);
+  const Progress steps = percent_steps(progress);
   ReduceJob job{file, source, target, block, steps};
   const ReduceStatus status = reduce_by_id(job, id);
   return status == ReduceStatus::Done && !target.finish() ? ReduceStatus::Failed : status;
@@ -74,7 +61,7 @@ i32 pair_count(i32 samples, i32 block) {
 }
 
 ReduceStatus ReduceStandardFile(const std::string& source, const std::string& target, i32 block,
-                                const ReduceProgress& progress) {
+                                const Progress& progress) {
   try {
     return reduce_files(source, target, block, progress);
   } catch (const RunTimeError&) {

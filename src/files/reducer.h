@@ -1,9 +1,9 @@
 #pragma once
 
-#include <functional>
 #include <string>
 
 #include "app/types.h"
+#include "files/progress.h"
 
 namespace trendaro {
 
@@ -18,9 +18,6 @@ enum class [[nodiscard]] ReduceStatus : i16{
 // The words for a status, German; empty for Done.
 std::string reduce_status_text(ReduceStatus status);
 
-// Told how much of the source has been worked off, 0 to 1, at each whole percent.
-using ReduceProgress = std::function<void(f64)>;
-
 // Pairs that `samples` values give with `block` values to a pair. A rest of one or two values joins the last
 // block, any other rest is a block of its own. Negative where `samples` is.
 i32 pair_count(i32 samples, i32 block);
@@ -31,8 +28,8 @@ i32 pair_count(i32 samples, i32 block);
 // The target is created once the source is open; an existing one is written over from its start and is not
 // cut. After a failure it stays as far as it got. The source is never written to: a target that is the same
 // file gives Failed. Memory does not grow with a standard file; of a block file the pairs are kept. Nothing
-// is thrown.
+// is thrown. `progress` is told at each whole percent of the source.
 ReduceStatus ReduceStandardFile(const std::string& source, const std::string& target, i32 block,
-                                const ReduceProgress& progress);
+                                const Progress& progress);
 
 }  // namespace trendaro

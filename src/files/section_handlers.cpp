@@ -38,7 +38,7 @@ std::optional<SectionSource> find_source(const Model& model) {
 std::string ask_target(Model& model) {
   return model.shell.ask_save_file({.title = "Ausschnittsdatei aus der ersten Meßwertdatei erzeugen",
                                     .filters = {{"Messwertdatei(*.MEA)", "*.MEA"}},
-                                    .default_name = "*.MEA"});
+                                    .default_ending = "MEA"});
 }
 
 // Rows of the section on show, for the plot that the recording was found by. Throws where no redraw has given
@@ -49,11 +49,19 @@ i32 row_count(const Model& model, i16 plot) {
   return round_to_i32(ratio * model.ZoomPoints * model.PlotReduceFactor[plot] / 2);
 }
 
-void tell_outcome(Model& model, SectionStatus status) {
-  if (status == SectionStatus::Done)
-    model.shell.show_status(1, "Meßwertausschnittsdatei erzeugt.");
-  else
-    model.shell.show_message(section_failure_text(status), kProgramTitle, MessageIcon::None);
+void tell_failure(Model& model, SectionStatus status) {
+  model.shell.show_message(section_failure_text(status), kProgramTitle, MessageIcon::None);
+}
+
+SectionStatus write_with_progress(Model& model, const std::string& source, const std::string& target,
+                                  i32 first, i32 rows) {
+  const WaitPointer wait(model.shell);
+  model.shell.show_status(1, "Meßwertausschnittsdatei wird erzeugt!");
+  const SectionStatus status = WriteSectionFile(source, target, first, rows,
+                                                [&](f64 fraction) { model.shell.show_progress(fraction); });
+  model.shell.show_progress(-1);
+  model.shell.show_status(1, status == SectionStatus::Done ? "Meßwertausschnittsdatei erzeugt." : "");
+  return status;
 }
 
 }  // namespace
@@ -61,15 +69,15 @@ void tell_outcome(Model& model, SectionStatus status) {
 void mnuCreateMEASection(Model& model) {
   if (model.ZoomPoints == 0 || model.HasFullDataPlot) return;
   const auto source = find_source(model);
-  if (!source) return tell_outcome(model, SectionStatus::NotRecording);
+  if (!source) return tell_failure(model, SectionStatus::NotRecording);
   const std::string target = ask_target(model);
   if (target.empty()) return;
   // First row by the first plot, whichever plot the recording was found by.
   const i32 first = model.PlotOffsetPoints.has(1) ? model.PlotOffsetPoints[1] : 0;
   const i32 rows = row_count(model, source->plot);
-  const SectionStatus status = WriteSectionFile(source->path, target, first, rows);
+  const SectionStatus status = write_with_progress(model, source->path, target, first, rows);
   model.LastDatabaseStatus = static_cast<i32>(status);
-  tell_outcome(model, status);
+  if (status != SectionStatus::Done) tell_failure(model, status);
 }
 
 }  // namespace trendaro

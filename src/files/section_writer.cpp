@@ -1,6 +1,7 @@
 #include "files/section_writer.h"
 
 #include <algorithm>
+#include <cerrno>
 #include <cstddef>
 #include <cstring>
 #include <exception>
@@ -121,7 +122,7 @@ i64 sample_bytes(i32 sample_format) {
 }
 
 void copy_rows(const InputFile& source, ByteWriter& target, const SectionHeader& header, i32 first_row,
-               i32 row_count) {
+               i32 row_count, const Progress& progress) {
   const i64 row_bytes = sample_bytes(header.sample_format) * header.entry_count;
   if (row_bytes == 0) return;
   if (first_row < 0 || row_count < 0) throw RunTimeError{kIndexOutOfRange};
@@ -137,6 +138,7 @@ void copy_rows(const InputFile& source, ByteWriter& target, const SectionHeader&
     const i64 bytes = delivered_bytes(read);
     target.write_bytes({buffer.data(), static_cast<std::size_t>(bytes)});
     done += bytes;
+    progress(static_cast<f64>(done) / static_cast<f64>(wanted));
     if (bytes < count || !target.ok()) break;
   }
   if (done == wanted) return;
@@ -145,13 +147,20 @@ void copy_rows(const InputFile& source, ByteWriter& target, const SectionHeader&
   target.write_u8(0);
 }
 
-void write_section(const InputFile& source, ByteWriter& target, i32 first_row, i32 row_count) {
+void write_section(const InputFile& source, ByteWriter& target, i32 first_row, i32 row_count,
+                   const Progress& progress) {
   const SectionHeader header = copy_fixed_fields(source, target, row_count);
   copy_description(source, target, header, first_row);
   if (header.data_offset < 0) throw RunTimeError{kInvalidArgument};
   target.seek(header.data_offset);
-  copy_rows(source, target, header, first_row, row_count);
+  copy_rows(source, target, header, first_row, row_count, progress);
   if (!target.finish()) throw RunTimeError{kDeviceError};
+}
+
+// False when what the file holds cannot be taken away. A device such as /dev/null has no length and needs it
+// not.
+bool empty_file(int descriptor) {
+  return ftruncate(descriptor, 0) == 0 || errno == EINVAL;
 }
 
 // 0 where the id cannot be read.
@@ -178,17 +187,17 @@ std::string section_failure_text(SectionStatus status) {
 }
 
 SectionStatus WriteSectionFile(const std::string& source, const std::string& target, i32 firstRow,
-                               i32 rowCount) {
+                               i32 rowCount, const Progress& progress) {
   try {
     const InputFile input(source);
     if (!input.is_open()) return SectionStatus::NotOpened;
     ByteWriter output(target);
     if (!output.is_open() || is_same_file(input.descriptor(), output.descriptor()))
       return SectionStatus::NotOpened;
-    if (ftruncate(output.descriptor(), 0) != 0) return SectionStatus::Failed;
+    if (!empty_file(output.descriptor())) return SectionStatus::Failed;
     const i32 id = read_id(input);
     if (id != kRecording && id != kReducedRecording) return SectionStatus::NotRecording;
-    write_section(input, output, firstRow, rowCount);
+    write_section(input, output, firstRow, rowCount, percent_steps(progress));
     return SectionStatus::Done;
   } catch (const RunTimeError&) {
     return SectionStatus::Failed;

@@ -3,6 +3,7 @@
 #include <string>
 
 #include "app/types.h"
+#include "files/progress.h"
 
 namespace trendaro {
 
@@ -24,8 +25,9 @@ std::string section_failure_text(SectionStatus status);
 // A row is as wide as the channel table is long: one signal an entry. The header of the section names
 // `rowCount` rows even where the source has fewer; the missing ones are zero bytes, but a number of rows far
 // beyond the source is a failure, as no reader would take the section. A reduced recording has
-// another header, and its section is of no use. Comments that the source lacks are zero bytes too.
+// another header, and its section is of no use. Comments that the source lacks are zero bytes too. `progress`
+// is told at each whole percent of the rows.
 SectionStatus WriteSectionFile(const std::string& source, const std::string& target, i32 firstRow,
-                               i32 rowCount);
+                               i32 rowCount, const Progress& progress = untold);
 
 }  // namespace trendaro

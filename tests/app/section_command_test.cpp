@@ -19,9 +19,10 @@ class SectionCommandTest : public ::testing::Test {
     write_file(source, recording.build().bytes());
   }
 
-  int run(bool force = false) {
+  int run(bool force = false, bool on_a_terminal = false) {
     errors.str("");
-    return run_section({.source = source, .target = target, .first = 1, .count = 2, .force = force}, errors);
+    return run_section({.source = source, .target = target, .first = 1, .count = 2, .force = force}, errors,
+                       on_a_terminal);
   }
 
   TemporaryFolder folder;
@@ -51,6 +52,11 @@ TEST_F(SectionCommandTest, SourceIsNoTarget) {
   EXPECT_EQ(run(true), 1);
   EXPECT_EQ(errors.str(), "Quelldatei und Zieldatei sind dieselbe Datei: " + target + "\n");
   EXPECT_EQ(read_file(source), before);
+}
+
+TEST_F(SectionCommandTest, TerminalSeesTheProgress) {
+  EXPECT_EQ(run(false, true), 0);
+  EXPECT_EQ(errors.str(), "\rMeßwertausschnittsdatei wird erzeugt! 100 %\n");
 }
 
 TEST_F(SectionCommandTest, FailuresAreTold) {

@@ -11,7 +11,7 @@
 namespace trendaro {
 namespace {
 
-const ReduceProgress kSilent = [](f64) {};
+const Progress kSilent = untold;
 
 std::vector<f64> ramp(int count, f64 step = 1) {
   std::vector<f64> samples;

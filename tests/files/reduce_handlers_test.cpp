@@ -1,5 +1,6 @@
 #include "files/reduce_handlers.h"
 
+#include <algorithm>
 #include <filesystem>
 
 #include <gmock/gmock.h>
@@ -18,6 +19,7 @@ namespace {
 using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::IsEmpty;
+using testing::Pair;
 
 constexpr char kTitle[] = "Mervan-Datei im binären Standardformat komprimieren";
 constexpr char kPrompt[] =
@@ -51,14 +53,30 @@ TEST_F(ReduceHandlersTest, ReducesAndTellsTheEnd) {
   shell_.texts = {"20"};
   shell_.files = {source()};
   model_.LastDatabaseStatus = 77;
+  std::vector<std::pair<std::string, int>> pointers;
+  shell_.during_status = [&](const std::string& text) { pointers.emplace_back(text, shell_.wait_pointers); };
   run_command(model_, "mnuReduceBin");
   EXPECT_THAT(shell_.calls, ElementsAre(prompt("100"), "open: Binärfile zur Komprimierung auswählen",
                                         "status 1: Binäre Mervan-Datei wird reduziert!",
                                         "status 1: Reduzierung abgeschlossen."));
-  EXPECT_EQ(shell_.wait_pointers, 0);
+  EXPECT_THAT(pointers, ElementsAre(Pair("Binäre Mervan-Datei wird reduziert!", 1),
+                                    Pair("Reduzierung abgeschlossen.", 0)));
+  EXPECT_EQ(shell_.filters_of(0), "*.BIN|*.BIN|*.DAT|*.DAT|*.*|*.*");
   EXPECT_EQ(model_.LastDatabaseStatus, 0);
   EXPECT_EQ(model_.FileReduceBlock, 20);
   EXPECT_TRUE(std::filesystem::exists(target()));
+}
+
+TEST_F(ReduceHandlersTest, ProgressRisesToTheWholeAndGoes) {
+  write_source();
+  shell_.texts = {"20"};
+  shell_.files = {source()};
+  mnuReduceBin(model_);
+  ASSERT_GE(shell_.progress.size(), 2U);
+  EXPECT_EQ(shell_.progress.back(), -1);
+  shell_.progress.pop_back();
+  EXPECT_EQ(shell_.progress.back(), 1);
+  EXPECT_TRUE(std::is_sorted(shell_.progress.begin(), shell_.progress.end()));
 }
 
 TEST_F(ReduceHandlersTest, LastBlockSizeIsTheDefault) {
@@ -159,9 +177,10 @@ TEST_F(ReduceHandlersTest, EachFailureShowsItsWords) {
     shell_.texts = {"20"};
     shell_.files = {source()};
     shell_.yes_no = {true};
+    shell_.during_message = [&] { EXPECT_EQ(shell_.wait_pointers, 0); };
     mnuReduceBin(model_);
     EXPECT_EQ(model_.LastDatabaseStatus, row.status);
-    EXPECT_EQ(shell_.wait_pointers, 0);
+    EXPECT_EQ(shell_.progress.back(), -1);
     EXPECT_THAT(shell_.calls, testing::Contains("status 1: Fehler bei Reduzierung aufgetreten."));
     EXPECT_THAT(shell_.messages(), testing::Contains(row.message));
   }

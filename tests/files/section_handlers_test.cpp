@@ -15,6 +15,7 @@
 namespace trendaro {
 namespace {
 
+using testing::Contains;
 using testing::ElementsAre;
 using testing::IsEmpty;
 
@@ -42,13 +43,32 @@ TEST_F(SectionHandlersTest, SectionOnShowBecomesARecording) {
   run_command(model, "mnuCreateMEASection");
   ASSERT_EQ(shell.dialogs.size(), 1u);
   EXPECT_EQ(shell.dialogs[0].title, "Ausschnittsdatei aus der ersten Meßwertdatei erzeugen");
-  EXPECT_EQ(shell.dialogs[0].default_name, "*.MEA");
-  EXPECT_EQ(shell.calls.back(), "status 1: Meßwertausschnittsdatei erzeugt.");
+  EXPECT_EQ(shell.filters_of(0), "Messwertdatei(*.MEA)|*.MEA");
+  EXPECT_EQ(shell.dialogs[0].default_name, "");
+  EXPECT_EQ(shell.dialogs[0].default_ending, "MEA");
+  EXPECT_THAT(shell.calls, ElementsAre("save: Ausschnittsdatei aus der ersten Meßwertdatei erzeugen",
+                                       "status 1: Meßwertausschnittsdatei wird erzeugt!",
+                                       "status 1: Meßwertausschnittsdatei erzeugt."));
   EXPECT_EQ(model.LastDatabaseStatus, 1);
   const SampleArray values = section_values(2);
   ASSERT_EQ(values.size(), 1000u);
   for (std::size_t i = 0; i < values.size(); ++i)
     ASSERT_NEAR(values[i], ZoomRecording::known_sample(2, static_cast<i64>(5000 + i)), 0.01) << i;
+}
+
+TEST_F(SectionHandlersTest, WaitPointerAndProgressStandWhileTheSectionIsWritten) {
+  open({});
+  write_recording("lauf.MEA");
+  mark(2);
+  zoom(50, 60);
+  shell.files = {target()};
+  shell.progress.clear();
+  std::vector<int> pointers;
+  shell.during_status = [&](const std::string&) { pointers.push_back(shell.wait_pointers); };
+  run_command(model, "mnuCreateMEASection");
+  EXPECT_THAT(pointers, ElementsAre(1, 1));
+  EXPECT_EQ(shell.wait_pointers, 0);
+  EXPECT_THAT(shell.progress, ElementsAre(1, -1));  // one piece, and the display is taken away
 }
 
 TEST_F(SectionHandlersTest, RecordingOfAnotherExtensionIsNotTaken) {
@@ -133,8 +153,11 @@ TEST_F(SectionHandlersTest, FailureOfTheWriterIsToldAndKept) {
     write_file(folder.file("lauf.MEA"), bytes);
     shell.files = {target()};
     shell.calls.clear();
+    shell.during_message = [&] { EXPECT_EQ(shell.wait_pointers, 0); };
     run_command(model, "mnuCreateMEASection");
     EXPECT_THAT(shell.messages(), ElementsAre(words));
+    EXPECT_THAT(shell.calls, Contains("status 1: "));  // the words of the work do not stay
+    EXPECT_EQ(shell.progress.back(), -1);
     EXPECT_EQ(model.LastDatabaseStatus, status);
   }
 }
@@ -164,7 +187,7 @@ TEST_F(SectionHandlersTest, GivenUpDialogWritesNothing) {
   EXPECT_EQ(shell.dialogs.size(), 1u);
   EXPECT_THAT(shell.messages(), IsEmpty());
   EXPECT_EQ(model.LastDatabaseStatus, 77);
-  EXPECT_NE(shell.calls.back(), "status 1: Meßwertausschnittsdatei erzeugt.");
+  EXPECT_EQ(shell.calls.back(), "save: Ausschnittsdatei aus der ersten Meßwertdatei erzeugen");
 }
 
 }  // namespace

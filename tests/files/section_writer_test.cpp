@@ -255,6 +255,23 @@ TEST_F(SectionWriterTest, LongerTargetIsReplaced) {
             static_cast<std::uintmax_t>(source_recording().data_offset() + 4));
 }
 
+TEST_F(SectionWriterTest, ProgressIsToldPieceByPiece) {
+  RecorderBuilder recording{.row_count = 2'500'000};
+  recording.entries = {{.channel = 1}, {.channel = 2}};
+  recording.data.zeros(10'000'000);
+  file.rewrite(recording.build().bytes());
+  std::vector<f64> told;
+  ASSERT_EQ(WriteSectionFile(file.path(), target(), 0, 2'500'000, [&](f64 done) { told.push_back(done); }),
+            SectionStatus::Done);
+  EXPECT_EQ(told, (std::vector<f64>{0.4194304, 0.8388608, 1}));  // pieces of 4 MiB
+}
+
+TEST_F(SectionWriterTest, DevicesTakeASectionOrFailInWriting) {
+  file.rewrite(source_recording().build().bytes());
+  EXPECT_EQ(WriteSectionFile(file.path(), "/dev/null", 0, 5), SectionStatus::Done);
+  EXPECT_EQ(WriteSectionFile(file.path(), "/dev/full", 0, 5), SectionStatus::Failed);
+}
+
 TEST_F(SectionWriterTest, FilesThatCannotBeOpenedHaveTheirStatus) {
   EXPECT_EQ(WriteSectionFile(folder.file("fehlt.MEA"), target(), 0, 1), SectionStatus::NotOpened);
   EXPECT_FALSE(std::filesystem::exists(target()));

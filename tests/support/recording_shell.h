@@ -32,6 +32,8 @@ class RecordingShell : public Shell {
   std::vector<std::function<void(const ChannelInfoForm&)>> info_presses;
   int window_closings = 0;
   int wait_pointers = 0;  // switched on less switched off
+  // The fractions of work that were shown, negative where the display was taken away.
+  std::vector<f64> progress;
 
   void show_message(const std::string& text, const std::string& title, MessageIcon icon) override {
     calls.push_back("message: " + title + ": " + text);
@@ -65,7 +67,7 @@ class RecordingShell : public Shell {
     calls.push_back("status " + std::to_string(panel) + ": " + text);
     during_status(text);
   }
-  void show_progress(f64) override {}
+  void show_progress(f64 fraction) override { progress.push_back(fraction); }
   void show_wait_pointer(bool on) override { wait_pointers += on ? 1 : -1; }
   void show_channel_info(const ChannelInfoForm& form) override {
     calls.push_back("channel info: " + form.caption);
@@ -83,6 +85,13 @@ class RecordingShell : public Shell {
     std::vector<std::string> found;
     for (const auto& call : calls)
       if (call.starts_with("message: ")) found.push_back(call.substr(9));
+    return found;
+  }
+  // Captions and patterns of a file dialog: "*.BIN|*.BIN|Text|*.TXT".
+  [[nodiscard]] std::string filters_of(std::size_t dialog) const {
+    std::string found;
+    for (const FileFilter& filter : dialogs.at(dialog).filters)
+      found += (found.empty() ? "" : "|") + filter.caption + "|" + filter.pattern;
     return found;
   }
 

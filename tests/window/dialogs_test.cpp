@@ -113,7 +113,7 @@ TEST_F(DialogsTest, FileDialogShowsSizesAndDatesInGermanAndUncut) {
     EXPECT_GT(list->columnWidth(0), 200);
     dialog.reject();
   });
-  const FileDialog dialog{"Datei", {{"Alle Dateien", "*.*"}}, ""};
+  const FileDialog dialog{"Datei", {{"Alle Dateien", "*.*"}}};
 
   EXPECT_EQ(window_shell.ask_open_file(dialog), "");
 }
@@ -177,14 +177,14 @@ TEST_F(DialogsTest, OpenDialogHasTitleFiltersAndGermanButtons) {
     box.selectFile(QString::fromStdString(path));
     QMetaObject::invokeMethod(&box, "accept");
   });
-  const FileDialog dialog{
-      "Datensätze aus Datei einfügen", {{"*.BIN*", "*.BIN*"}, {"Alle Dateien", "*.*"}}, ""};
+  const FileDialog dialog{"Datensätze aus Datei einfügen", {{"*.BIN*", "*.BIN*"}, {"Alle Dateien", "*.*"}}};
   EXPECT_EQ(window_shell.ask_open_file(dialog), path);
   EXPECT_EQ(filters, (QStringList{QStringLiteral("*.BIN*"), QStringLiteral("Alle Dateien (*.*)")}));
 }
 
 TEST_F(DialogsTest, SaveDialogAppendsItsEndingToANameWithoutOne) {
-  const FileDialog dialog{"Speichern", {{"Messwertdatei(*.MEA)", "*.MEA"}}, "*.MEA"};
+  const FileDialog dialog{
+      .title = "Speichern", .filters = {{"Messwertdatei(*.MEA)", "*.MEA"}}, .default_ending = "MEA"};
   for (const auto& [typed, chosen] : {std::pair("teil", "teil.MEA"), std::pair("teil.x", "teil.x")}) {
     in_dialog([&](QDialog& shown) {
       auto& box = dynamic_cast<QFileDialog&>(shown);
@@ -201,7 +201,7 @@ TEST_F(DialogsTest, SaveDialogAppendsItsEndingToANameWithoutOne) {
 
 TEST_F(DialogsTest, CancelledFileDialogGivesNoName) {
   in_dialog([](QDialog& dialog) { dialog.reject(); });
-  EXPECT_EQ(window_shell.ask_save_file({"Speichern", {{"*.GTP", "*.GTP"}}, "*.GTP"}), "");
+  EXPECT_EQ(window_shell.ask_save_file({.title = "Speichern", .filters = {{"*.GTP", "*.GTP"}}}), "");
 }
 
 TEST_F(DialogsTest, AboutTellsTheVersionAndOkClosesIt) {
