@@ -50,6 +50,11 @@ std::string upper_piece(std::string_view path, std::size_t index) {
   return index < pieces.size() ? upper(pieces[index]) : std::string();
 }
 
+std::string upper_extension(std::string_view path) {
+  const auto dot = path.rfind('.');
+  return dot == std::string_view::npos ? std::string() : upper(path.substr(dot + 1));
+}
+
 std::string upper(std::string_view text) {
   std::string result(text);
   std::transform(result.begin(), result.end(), result.begin(), upper_letter);

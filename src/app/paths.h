@@ -21,6 +21,9 @@ std::vector<std::string> split_at_dots(std::string_view path);
 // Piece `index` of split_at_dots in upper case, empty where there is none.
 std::string upper_piece(std::string_view path, std::size_t index);
 
+// The text behind the last "." in upper case, empty where there is none.
+std::string upper_extension(std::string_view path);
+
 // Upper case of the letters A to Z; other characters stay.
 std::string upper(std::string_view text);
 

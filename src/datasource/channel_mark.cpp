@@ -2,7 +2,6 @@
 
 #include <cmath>
 
-#include "app/attempt.h"
 #include "app/commands.h"
 #include "app/kept.h"
 #include "app/model.h"
@@ -10,6 +9,7 @@
 #include "app/toolbar.h"
 #include "datasource/plot_list.h"
 #include "datasource/survey_presence.h"
+#include "datasource/zoom_readout.h"
 #include "graph/data_zoom.h"
 #include "graph/main_redraw.h"
 #include "graph/survey_redraw.h"
@@ -27,16 +27,6 @@ struct FormerView {
 
 FormerView view_of(const Model& model) {
   return {.originals = model.OriginalDataMode, .plain = model.HasFullDataPlot};
-}
-
-// The samples of the section from `first` to `last` in x units; nothing while no curve has given the display
-// a step.
-std::optional<i32> section_points(const Model& model, f64 first, f64 last) {
-  std::optional<i32> points;
-  if (model.CompressedDXMax == 0) return points;
-  attempt(
-      [&] { points = round_to_i32((last - first) * model.ActiveReduceFactor / 2 / model.CompressedDXMax); });
-  return points;
 }
 
 // Along a channel as x no step tells how many samples the survey's range holds.
@@ -78,25 +68,6 @@ void redraw_survey(Model& model) {
   ReducFormatGUI(model, false);
 }
 
-void release_tools_without_plots(Model& model) {
-  for (const char* tool : {"TB_ZOOMHORZ", "TB_ZOOMVERT", "TB_ZOOMRECT"}) press_tool(model, tool, false);
-  model.controls["ZoomPointsBox"].back_color = kWhite;
-  for (const char* entry : {"mnuDBOffset", "mnuXUnit", "mnuNullValues"}) enable_control(model, entry, true);
-}
-
-// Green counts original samples and yellow those of a plain signal; what is no longer on show gives its
-// colour up.
-void settle_readout_colour(Model& model) {
-  ControlState& box = model.controls["ZoomPointsBox"];
-  if (box.back_color == kGreen || (box.back_color == kYellow && !model.HasFullDataPlot))
-    box.back_color = kWhite;
-}
-
-void follow_longest_plain_signal(Model& model) {
-  ControlState& box = model.controls["ZoomPointsBox"];
-  if (box.back_color == kYellow) box.text = number_text(i64{model.MaxPlotPoints});
-}
-
 // Original samples filled the graph; the reduced curves have their section zoomed. A first plain signal is
 // compressed for that section, which scrolling and the limit lines have told to nobody.
 void keep_section(Model& model, const FormerView& former) {
@@ -124,10 +95,6 @@ void redraw_after_mark(Model& model, const FormerView& former) {
 }
 
 }  // namespace
-
-std::optional<i32> window_points(const Model& model) {
-  return section_points(model, model.ZoomXMin, model.ZoomXMax);
-}
 
 void mark_channel(Model& model, i32 row) {
   const FormerView former = view_of(model);

@@ -1,7 +1,5 @@
 #pragma once
 
-#include <optional>
-
 #include "app/types.h"
 
 namespace trendaro {
@@ -12,9 +10,5 @@ struct Model;
 // both graphs follow.
 void mark_channel(Model& model, i32 row);
 void unmark_channel(Model& model, i32 row);
-
-// Original samples in the section that the detail graph shows; nothing while no curve has given the display a
-// step.
-std::optional<i32> window_points(const Model& model);
 
 }  // namespace trendaro

@@ -6,6 +6,7 @@
 #include "datasource/plot_list.h"
 #include "datasource/survey_presence.h"
 #include "datasource/x_range.h"
+#include "datasource/zoom_readout.h"
 #include "graph/curve_cache.h"
 #include "graph/main_redraw.h"
 #include "graph/survey_redraw.h"
@@ -25,8 +26,14 @@ void unmark_all(Model& model) {
 
 void forget_plots(Model& model) {
   clear_plot_list(model);
+  follow_plots(model);
   model.ActiveLayers = 0;
   model.gMultiLayer = false;
+}
+
+void forget_zoom(Model& model) {
+  release_tools_without_plots(model);
+  model.controls["ZoomPointsBox"].text = "0";
 }
 
 // A survey that a plain curve had hidden cannot be asked for by the user.
@@ -52,6 +59,7 @@ void ClearGraph(Model& model) {
   forget_plots(model);
   free_curve_caches(model);
   unmark_all(model);
+  forget_zoom(model);
   show_hidden_survey(model);
   redraw_both(model);
   show_plot_status(model);

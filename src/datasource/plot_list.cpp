@@ -133,22 +133,6 @@ void add_plot(Model& model, FormerPlots& former, const MarkedRow& marked, i16 x_
   model.SurveyPlots[number] = survey_copy(plot);
 }
 
-// Annotations of plots that have gone go with them, without a question; the others take the colour of theirs.
-void follow_plots(Model& model) {
-  if (model.AnnotationCount <= 0) return;
-  for (i16 i = 1; i <= model.AnnotationCount && model.Annotations.has(i);) {
-    AnnotationRecord& annotation = model.Annotations[i];
-    if (annotation.Plot >= 1 && !annotation.Moved) {
-      erase_annotation(model, i);
-      continue;
-    }
-    if (model.Plots.has(annotation.Plot)) annotation.Color = model.Plots[annotation.Plot].Color;
-    annotation.Moved = false;
-    ++i;
-  }
-  RebuildAnnotations(model, model.PESG);
-}
-
 void resize_companions(Model& model) {
   const std::size_t count = model.Plots.size();
   model.PlotReduceFactor.resize(count);
@@ -169,6 +153,21 @@ void count_layers(Model& model) {
 }
 
 }  // namespace
+
+void follow_plots(Model& model) {
+  if (model.AnnotationCount <= 0) return;
+  for (i16 i = 1; i <= model.AnnotationCount && model.Annotations.has(i);) {
+    AnnotationRecord& annotation = model.Annotations[i];
+    if (annotation.Plot >= 1 && !annotation.Moved) {
+      erase_annotation(model, i);
+      continue;
+    }
+    if (model.Plots.has(annotation.Plot)) annotation.Color = model.Plots[annotation.Plot].Color;
+    annotation.Moved = false;
+    ++i;
+  }
+  RebuildAnnotations(model, model.PESG);
+}
 
 void clear_plot_list(Model& model) {
   model.Plots.clear();

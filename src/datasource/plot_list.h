@@ -23,13 +23,16 @@ void RebuildPlotList(Model& model);
 // compares with the former ones.
 void clear_plot_list(Model& model);
 
+// Annotations of plots that have gone go with them, without a question; the others take the colour of theirs.
+void follow_plots(Model& model);
+
 // The marked rows of the list in the order of the plots: layer, side, row.
 std::vector<MarkedRow> marks_in_plot_order(const ChannelRows& list);
 
 // Empties both graphs and keeps the list.
 void RemovePlots(Model& model);
 
-// Unmarks everything, frees the caches and redraws both graphs empty.
+// Unmarks everything, frees the caches and redraws both graphs empty, without zoom and annotations.
 void ClearGraph(Model& model);
 
 }  // namespace trendaro

@@ -9,6 +9,7 @@
 #include "datasource/plot_list.h"
 #include "datasource/survey_presence.h"
 #include "datasource/x_range.h"
+#include "datasource/zoom_readout.h"
 #include "graph/main_redraw.h"
 #include "graph/survey_redraw.h"
 
@@ -63,6 +64,7 @@ void redraw_without_removed(Model& model) {
   reset_zoom(model);
   clear_x_range(model.PESG);
   RebuildPlotList(model);
+  settle_readout_colour(model);
   RedrawKMGraph(model, false);
   if (!model.HasFullDataPlot) {
     if (was_zoomed || !model.controls["mnuShowSurvGraph"].enabled) bring_survey_back(model);

@@ -31,15 +31,16 @@ struct FileChannel {
   i16 channel;  // from 1
 };
 
-// Two stored channels of a reduced recording stand for one channel of its measurement file.
+// Two stored channels of a reduced recording stand for one channel of its measurement file, however the list
+// has split the path.
 FileChannel described_channel(const ChannelRow& row) {
   constexpr std::pair<const char*, const char*> kOriginals[] = {
       {"STO", ".MEA"}, {"ST1", ".ME1"}, {"ST2", ".ME2"}};
   const i16 index = mark_index(row.mark);
-  const std::string extension = upper_piece(row.path, 1);
+  const std::string extension = upper_extension(row.path);
   for (const auto& [reduced, original] : kOriginals) {
     if (extension != reduced) continue;
-    const std::string path = split_at_dots(row.path).front() + original;
+    const std::string path = row.path.substr(0, row.path.rfind('.')) + original;
     return {find_in_any_case(path).value_or(path), static_cast<i16>((index + 1) / 2)};
   }
   return {row.path, index};

@@ -25,11 +25,6 @@ void take_reduction(const CurveTask& task, i32 factor, const std::string& date_t
   if (task.model.PlotDateTexts.has(task.number)) task.model.PlotDateTexts[task.number] = date_text;
 }
 
-std::string upper_extension(const std::string& path) {
-  const auto dot = path.find_last_of('.');
-  return dot == std::string::npos ? std::string() : upper(path.substr(dot + 1));
-}
-
 }  // namespace
 
 void report_status(Model& model, const std::string& path, LoadStatus status) {

@@ -27,14 +27,27 @@ class DatabaseLinkTest : public ListFixture {
 };
 
 TEST_F(DatabaseLinkTest, DatabaseIsClearedOnYesOnly) {
+  make_plots(2);
+  model.ChannelParams[2].HardwareChannel = 77;
+  host.calls.clear();
+  const auto expect_untouched_list = [this] {
+    EXPECT_EQ(channels(), (std::vector<i16>{1, 2}));
+    EXPECT_EQ(model.NofPlots, 2);
+    EXPECT_EQ(model.SurveyPlots.size(), 2U);
+    EXPECT_EQ(model.Grid.rows[2].mark, "1_1_1");
+    EXPECT_EQ(model.Grid.rows[3].mark, "2_1_1");
+    EXPECT_EQ(model.ChannelParams[2].HardwareChannel, 77);
+  };
   mnuClearDB(model);
   EXPECT_TRUE(host.calls.empty());
+  expect_untouched_list();
   EXPECT_EQ(shell.calls.back(),
             "question: Trendaro: Wenn Sie die Datenbasis löschen gehen alle darin enthaltenen Werte und "
             "Informationen verloren. Löschvorgang fortsetzen?");
   shell.yes_no.push_back(true);
   mnuClearDB(model);
   EXPECT_EQ(host.calls, (Texts{"clear all"}));
+  expect_untouched_list();
 }
 
 TEST_F(DatabaseLinkTest, UnchangedSizeChangesNothing) {

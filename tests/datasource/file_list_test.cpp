@@ -229,6 +229,22 @@ TEST_F(FileListTest, RemovalOfTheOnlyPlainFileBringsTheSurveyBack) {
   EXPECT_TRUE(model.controls["TB_SCROLLLEFT"].visible);
 }
 
+TEST_F(FileListTest, YellowReadoutGoesWithThePlainFile) {
+  add_file("run.BIN", 1);
+  add_file("other.BIN", 1);
+  add_file("third.REB", 1, 8);
+  for (const i32 row : {2, 4, 6}) mark(row);
+  model.Grid.active_row = 1;
+  RemoveFileFromGrid(model);
+  EXPECT_EQ(model.controls["ZoomPointsBox"].back_color, kYellow);
+  RemoveFileFromGrid(model);
+  EXPECT_EQ(model.controls["ZoomPointsBox"].text, "16");  // 4 points, each for half of 8 samples
+  EXPECT_EQ(model.controls["ZoomPointsBox"].back_color, kWhite);
+  RemoveFileFromGrid(model);
+  EXPECT_EQ(model.controls["ZoomPointsBox"].text, "0");
+  EXPECT_EQ(model.controls["ZoomPointsBox"].back_color, kWhite);
+}
+
 TEST_F(FileListTest, RemovalWithAZoomLeavesItAndShowsTheSurvey) {
   add_file("run.REB", 1, 8);
   add_file("other.REB", 1, 8);

@@ -107,7 +107,8 @@ struct ListReckoning {
     for (ReckonedFile& file : files)
       for (ReckonedSignal& signal : file.signals) signal.layer = signal.side = 0;
     plots.clear();
-    full_data = false;
+    std::erase_if(annotations, [](const ReckonedAnnotation& annotation) { return annotation.plot >= 1; });
+    full_data = layers_changed = false;
     layers_used = 0;
   }
   void move_range(i16 first) {

@@ -1,5 +1,6 @@
 #include "datasource/plot_list.h"
 
+#include "app/toolbar.h"
 #include "datasource/list_fixture.h"
 
 namespace trendaro {
@@ -528,6 +529,34 @@ TEST_F(PlotListTest, ClearedGraphForgetsUncompressedChannels) {
   shell.calls.clear();
   show_plot_status(model);
   EXPECT_EQ(shell.calls, (std::vector<std::string>{"status 2: ", "status 1: "}));
+}
+
+TEST_F(PlotListTest, ClearedGraphHasNoReadoutAndNoPressedZoom) {
+  for (const char* name : {"run.BIN", "run.REB"}) {
+    add_file(name, 1, 8);
+    mark(model.Grid.MaxRows());
+    click_tool(model, "TB_ZOOMHORZ");
+    model.controls["ZoomPointsBox"].back_color = kYellow;
+    model.controls["ZoomPointsBox"].text = "4711";
+    ClearGraph(model);
+    EXPECT_EQ(model.controls["ZoomPointsBox"].text, "0");
+    EXPECT_EQ(model.controls["ZoomPointsBox"].back_color, kWhite);
+    EXPECT_EQ(model.controls["TB_ZOOMHORZ"].tag, "");
+  }
+}
+
+TEST_F(PlotListTest, ClearedGraphHasNoAnnotationsOfPlots) {
+  add_file("run.BIN", 1);
+  mark(2);
+  AnnotationRecord of_plot;
+  of_plot.Plot = 1;
+  AnnotationRecord free_one;
+  free_one.Plot = 0;
+  for (const AnnotationRecord& annotation : {of_plot, free_one}) model.Annotations.push_back(annotation);
+  model.AnnotationCount = 2;
+  ClearGraph(model);
+  ASSERT_EQ(model.AnnotationCount, 1);
+  EXPECT_EQ(model.Annotations[1].Plot, 0);
 }
 
 TEST_F(PlotListTest, RemovedPlotsStayInTheList) {

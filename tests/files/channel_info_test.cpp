@@ -269,6 +269,17 @@ TEST_F(RecordingInfoTest, ReducedRecordingShowsTheSettingsOfItsMeasurementFile) 
   EXPECT_EQ(value("Kommentar"), "am Lager");
 }
 
+TEST_F(RecordingInfoTest, DotsAheadOfTheExtensionDoNotHideTheMeasurementFile) {
+  RecorderBuilder original = recording(6001);
+  original.entries[1].name_field = quoted_name("Weg voll");
+  write_file(folder.file("run.7.MEA"), original.build().bytes());
+  add("run.7.STO", recording(6002).build());
+  ASSERT_EQ(model.Grid.MaxRows(), 5);  // listed as a plain file: each stored channel has its row
+  FillChannelInfo(model, 4);
+  EXPECT_EQ(model.InfoGrid[0].name, "Weg voll");
+  EXPECT_EQ(value("Werte"), "4000");
+}
+
 TEST_F(RecordingInfoTest, FailedLoadLeavesTheRows) {
   fill({.name = "Kraft", .values = {1}});
   const Texts before = lines();
