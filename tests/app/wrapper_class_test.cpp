@@ -5,6 +5,7 @@
 #include "app/model.h"
 #include "app/startup.h"
 #include "support/fake_host.h"
+#include "support/file_builder.h"
 #include "support/recording_kernel.h"
 #include "support/recording_shell.h"
 
@@ -13,6 +14,7 @@ namespace {
 
 class WrapperClassTest : public testing::Test {
  protected:
+  TemporaryFolder folder;
   RecordingKernel kernel;
   FakeHost host;
   RecordingShell shell;
@@ -56,6 +58,7 @@ TEST_F(WrapperClassTest, UnloadOfTheWindowSetsTheFlag) {
   {
     Model model(shell);
     wrapper.hand_link_to(model);
+    model.TemplateFolder = folder.path();
     EXPECT_FALSE(wrapper.CanUnload());
     unload_main_window(model);
     EXPECT_TRUE(wrapper.CanUnload());
