@@ -80,6 +80,8 @@ void redraw_after_mark(Model& model, const FormerView& former) {
   // The new plots stand on their reduced files; the zoom brings the samples in again.
   model.OriginalDataMode = false;
   settle_readout_colour(model);
+  // Original samples that come back leave the panels alone.
+  if (former.plain && !model.HasFullDataPlot) model.shell.show_status(2, "");
   if (model.Zoomed && model.ActiveLayersChanged) reset_zoom(model);
   if (model.Zoomed) keep_section(model, former);
   RedrawKMGraph(model, false);

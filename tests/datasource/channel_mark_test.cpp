@@ -57,6 +57,13 @@ class ChannelMarkTest : public ZoomFixture {
     EXPECT_EQ(box("ZoomPointsBox"), text);
     EXPECT_EQ(model.controls["ZoomPointsBox"].back_color, colour);
   }
+  std::string last_text_of_panel(int panel) {
+    const std::string beginning = "status " + std::to_string(panel) + ": ";
+    std::string text;
+    for (const std::string& call : shell.calls)
+      if (call.starts_with(beginning)) text = call.substr(beginning.size());
+    return text;
+  }
   void expect_zoomed_section(f64 low, f64 high) {
     const GraphProperties& graph = model.PESG.shown();
     EXPECT_TRUE(model.Zoomed);
@@ -88,6 +95,8 @@ TEST_F(ChannelMarkTest, OriginalSamplesComeBackWithTheLastPlainSignal) {
   EXPECT_TRUE(model.OriginalDataMode);
   expect_readout("1000", kGreen);
   expect_drawn(0, 1, 5000, 1000);
+  EXPECT_EQ(last_text_of_panel(1), "");
+  EXPECT_EQ(last_text_of_panel(2), "");
 }
 
 TEST_F(ChannelMarkTest, PlainSignalInAReducedSectionLeavesTheReadout) {
