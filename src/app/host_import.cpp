@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "app/attempt.h"
 #include "app/model.h"
 #include "app/quiet_shell.h"
 #include "files/loader.h"
@@ -21,6 +22,28 @@ SampleSection cut_to(SampleSection section, i64 room) {
   section.count = std::clamp<i64>(section.count, 0, std::max<i64>(0, room));
   return section;
 }
+
+// How far a long import has come. The display goes with the object, for who asked for the import may be one
+// who does not close it, or never comes to that.
+class ImportProgress {
+ public:
+  ImportProgress(Shell& shell, i64 count) : shell_(shell), count_(count) {}
+  ~ImportProgress() {
+    if (is_long()) attempt([&] { shell_.show_progress(-1); });
+  }
+  ImportProgress(const ImportProgress&) = delete;
+  ImportProgress& operator=(const ImportProgress&) = delete;
+
+  void show(i64 done) {
+    if (is_long()) shell_.show_progress(static_cast<f64>(done) / static_cast<f64>(count_));
+  }
+
+ private:
+  [[nodiscard]] bool is_long() const { return count_ > kPiece; }
+
+  Shell& shell_;
+  i64 count_;
+};
 
 }  // namespace
 
@@ -64,9 +87,10 @@ i32 HostImport::length(const std::string& path, i16 channel) {
 
 void HostImport::import(const SampleSection& section, MemoryChannel& target, i32 capacity, Shell& shell) {
   const SampleSection wanted = cut_to(section, i64{capacity} - channel_length(target));
+  ImportProgress progress(shell, wanted.count);
   i64 done = 0;
   do {
-    if (wanted.count > kPiece) shell.show_progress(static_cast<f64>(done) / static_cast<f64>(wanted.count));
+    progress.show(done);
     const i64 count = std::min(kPiece, wanted.count - done);
     const LoadStatus status = LoadSampleRange(reader_->model, wanted.path, wanted.channel,
                                               wanted.first + done, count, reader_->piece);

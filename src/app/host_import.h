@@ -27,8 +27,9 @@ class HostImport {
   i32 length(const std::string& path, i16 channel);
 
   // Appends a section to `target`, as far as `capacity` allows, and gives the channel the signal's name, unit
-  // and sample interval. Only the asked samples are read; a long section shows its progress. What the file
-  // lacks, or what cannot be read, is not imported and is no failure.
+  // and sample interval. Only the asked samples are read; a long section shows its progress, and takes the
+  // display away at its end, however that comes. What the file lacks, or what cannot be read, is not imported
+  // and is no failure.
   void import(const SampleSection& section, MemoryChannel& target, i32 capacity, Shell& shell);
 
  private:

@@ -27,7 +27,11 @@ using testing::IsEmpty;
 class ProgressShell : public RecordingShell {
  public:
   std::vector<f64> progress;
-  void show_progress(f64 fraction) override { progress.push_back(fraction); }
+  std::function<void()> during_progress = [] {};
+  void show_progress(f64 fraction) override {
+    progress.push_back(fraction);
+    if (fraction > 0) during_progress();
+  }
 };
 
 class MemoryHostTest : public testing::Test {
@@ -330,25 +334,44 @@ TEST_F(ImportTest, ChannelThatTheFileLacksImportsNothing) {
   EXPECT_EQ(error_of([&] { ask_import(file.path(), 1, 0, 4, 5); }), kIndexOutOfRange);
 }
 
-TEST_F(ImportTest, LongImportShowsItsProgress) {
-  constexpr i32 kPoints = 2500000;
-  FileBuilder header;
-  header.i16_field(5004).i16_field(1).i32_field(kPoints);
-  for (const char* text : {"lang", "V", "", "", ""}) header.counted_text(text);
-  const TemporaryFile sparse(header);
-  std::filesystem::resize_file(sparse.path(), header.size() + kPoints * sizeof(f64));
-  MemoryHost large(shell, 1, kPoints);
-  large.SetImportProperty(kImportPath, sparse.path());
-  large.SetImportProperty(kImportTarget, i16{1});
-  large.SetImportProperty(kImportSourceChannel, i16{1});
-  large.SetImportProperty(kImportFirstSample, i32{0});
-  large.SetImportProperty(kImportSampleCount, kPoints);
+// A recording of zeros that is imported in three reads.
+class LongImportTest : public MemoryHostTest {
+ protected:
+  static constexpr i32 kPoints = 2500000;
+
+  LongImportTest() {
+    FileBuilder header;
+    header.i16_field(5004).i16_field(1).i32_field(kPoints);
+    for (const char* text : {"lang", "V", "", "", ""}) header.counted_text(text);
+    write_file(folder.file("lang.bin"), header.bytes());
+    std::filesystem::resize_file(folder.file("lang.bin"), header.size() + kPoints * sizeof(f64));
+    large.SetImportProperty(kImportPath, folder.file("lang.bin"));
+    large.SetImportProperty(kImportTarget, i16{1});
+    large.SetImportProperty(kImportSourceChannel, i16{1});
+    large.SetImportProperty(kImportFirstSample, i32{0});
+    large.SetImportProperty(kImportSampleCount, kPoints);
+  }
+
+  TemporaryFolder folder;
+  MemoryHost large{shell, 1, kPoints};
+};
+
+TEST_F(LongImportTest, ProgressShowsAndGoesAtTheEnd) {
   large.ExecuteImport();
   EXPECT_EQ(large.GetChannelLength(1), kPoints);
-  ASSERT_EQ(shell.progress.size(), 3U);
+  ASSERT_EQ(shell.progress.size(), 4U);
   EXPECT_EQ(shell.progress.front(), 0);
   EXPECT_GT(shell.progress[2], shell.progress[1]);
   EXPECT_LT(shell.progress[2], 1);
+  EXPECT_LT(shell.progress[3], 0);  // the display is away
+}
+
+TEST_F(LongImportTest, ProgressGoesWithAFailureToo) {
+  shell.during_progress = [] { throw std::bad_alloc(); };
+  EXPECT_THROW(large.ExecuteImport(), std::bad_alloc);
+  ASSERT_EQ(shell.progress.size(), 3U);
+  EXPECT_GT(shell.progress[1], 0);
+  EXPECT_LT(shell.progress[2], 0);
 }
 
 }  // namespace
