@@ -1,16 +1,21 @@
-// The user inside of robot_viewer. A line on standard input is one thing that the user does, and a line on
-// standard output what came of it:
+// The user inside of robot_viewer and robot_host. A line on standard input is one thing that the user does,
+// and a line on standard output what came of it:
 //   windows        the object names of all visible windows, with blanks between them
 //   message        the text of the message box on screen
 //   press NAME     presses a button by its object name
 //   type NAME TEXT gives a box of numbers that text
 //   choose NAME    chooses a menu entry by its object name
+//   text NAME      the words of a label by its object name
+//   shown NAME     how often a widget of that name has come on screen, and whether it is there
 //   close          closes the main window
 //   splash         the windows that were visible 400 ms after the splash window had come
 
 #include <QAbstractButton>
 #include <QAction>
 #include <QApplication>
+#include <QHash>
+#include <QLabel>
+#include <QMainWindow>
 #include <QMessageBox>
 #include <QSocketNotifier>
 #include <QSpinBox>
@@ -24,7 +29,7 @@ namespace {
 
 QWidget* main_window() {
   for (QWidget* window : QApplication::topLevelWidgets())
-    if (window->objectName() == QLatin1String("Kelmira")) return window;
+    if (qobject_cast<QMainWindow*>(window) != nullptr) return window;
   return nullptr;
 }
 
@@ -36,22 +41,25 @@ QString windows() {
   return names.join(QLatin1Char(' '));
 }
 
-// Notes what the splash window shares the screen with shortly before its time is over.
-class SplashWatch : public QObject {
+// Notes what comes on screen, and what the splash window shares it with shortly before its time is over.
+class Watch : public QObject {
  public:
   using QObject::QObject;
-  QString seen;
+  QHash<QString, int> shown;
+  QString beside_splash;
 
   bool eventFilter(QObject* object, QEvent* event) override {
-    if (event->type() == QEvent::Show && object->objectName() == QLatin1String("About"))
-      QTimer::singleShot(400, Qt::PreciseTimer, this, [this] { seen = windows(); });
+    if (event->type() != QEvent::Show || !object->isWidgetType()) return false;
+    ++shown[object->objectName()];
+    if (object->objectName() == QLatin1String("About"))
+      QTimer::singleShot(400, Qt::PreciseTimer, this, [this] { beside_splash = windows(); });
     return false;
   }
 };
 
-SplashWatch* splash_watch() {
-  static auto* watch = new SplashWatch(QCoreApplication::instance());
-  return watch;
+Watch* watch() {
+  static auto* watching = new Watch(QCoreApplication::instance());
+  return watching;
 }
 
 QString message() {
@@ -68,6 +76,12 @@ Widget* find(const QString& name) {
   return nullptr;
 }
 
+QString times_shown(const QString& name) {
+  const auto* widget = find<QWidget>(name);
+  const bool there = widget != nullptr && widget->isVisible();
+  return QString::number(watch()->shown.value(name)) + QLatin1String(there ? " there" : " away");
+}
+
 // What opens a box comes back when the box is closed, so that it runs behind the answer.
 QString later(QObject* object, std::function<void()> action) {
   if (object == nullptr) return QStringLiteral("none");
@@ -79,7 +93,12 @@ QString obey(const QString& order) {
   const QString name = order.section(QLatin1Char(' '), 1);
   if (order == QLatin1String("windows")) return windows();
   if (order == QLatin1String("message")) return message();
-  if (order == QLatin1String("splash")) return splash_watch()->seen;
+  if (order == QLatin1String("splash")) return watch()->beside_splash;
+  if (order.startsWith(QLatin1String("text "))) {
+    const auto* label = find<QLabel>(name);
+    return label == nullptr ? QStringLiteral("none") : label->text();
+  }
+  if (order.startsWith(QLatin1String("shown "))) return times_shown(name);
   if (order == QLatin1String("close")) {
     QWidget* window = main_window();
     return later(window, [window] { window->close(); });
@@ -97,7 +116,7 @@ QString obey(const QString& order) {
 }
 
 void start_robot() {
-  QCoreApplication::instance()->installEventFilter(splash_watch());
+  QCoreApplication::instance()->installEventFilter(watch());
   auto* input = new QSocketNotifier(STDIN_FILENO, QSocketNotifier::Read, QCoreApplication::instance());
   QObject::connect(input, &QSocketNotifier::activated, input, [input] {
     std::string order;
