@@ -22,7 +22,7 @@ namespace {
 constexpr int kFailed = 1;
 constexpr int kWrongCall = 2;
 
-// The user behind the host, and the window that the host's dialogs stand over.
+// The user behind the host. Dialogs stand alone, so that the keyboard goes back from them to the viewer.
 class HostWindow : public QMainWindow {
  public:
   explicit HostWindow(const DatabaseSize& size) {
@@ -33,7 +33,7 @@ class HostWindow : public QMainWindow {
     size_->setObjectName(QStringLiteral("DatabaseSize"));
     size_->setMargin(12);
     show_size(size);
-    shell.attach(this, status_bar_);
+    shell.attach(nullptr, status_bar_);
   }
   ~HostWindow() override { shell.attach(nullptr, nullptr); }
 
