@@ -2,6 +2,7 @@
 
 #include <array>
 #include <cstddef>
+#include <initializer_list>
 
 #include "app/dates.h"
 #include "app/model.h"
@@ -16,6 +17,7 @@ namespace trendaro {
 namespace {
 
 constexpr i16 kUnits = 5;
+constexpr i16 kChannelAsX = 1;
 
 f64 units_in_a_second(i16 unit) {
   constexpr std::array<f64, kUnits> kUnitsInASecond = {1000, 1, 1.0 / 60, 1.0 / 3600, 1.0 / 86400};
@@ -27,11 +29,21 @@ f64 seconds_in_a_unit(i16 unit) {
   return kSecondsInAUnit[static_cast<std::size_t>(unit)];
 }
 
-void carry_zoom_over(Model& model, i16 old_unit) {
+void carry_over(Model& model, i16 old_unit, std::initializer_list<f64*> limits) {
   const f64 date = day_number_from_text(model.FirstDateText).value_or(0);
+  for (f64* limit : limits) *limit = limit_in_unit(*limit, old_unit, model.TimeUnit, date);
+}
+
+// A compressed curve is worked out for these limits by the redraw.
+void carry_compressed_section_over(Model& model, i16 old_unit) {
+  auto& section = model.ZoomScaleLimits[0];
+  UnzoomedScale& whole = model.unzoomed_scale;
+  carry_over(model, old_unit, {&section[0], &section[1], &whole.low_x, &whole.high_x});
+}
+
+void carry_zoom_over(Model& model, i16 old_unit) {
   for (GraphSurface* graph : {&model.PESG, &model.PESGSurvey})
-    for (f64* limit : {&graph->pending.ZoomMinX, &graph->pending.ZoomMaxX})
-      *limit = limit_in_unit(*limit, old_unit, model.TimeUnit, date);
+    carry_over(model, old_unit, {&graph->pending.ZoomMinX, &graph->pending.ZoomMaxX});
   const GraphProperties& survey = model.PESGSurvey.pending;
   if (model.SurveyZoom)
     model.SurveyZoomMarginX = edge_margin({survey.ZoomMinX, survey.ZoomMaxX}, survey.AutoPadPercent);
@@ -52,11 +64,15 @@ void choose_time_unit(Model& model, i16 index) {
   model.DateAxis = index == kDateAndTime;
   tick_only(model.controls, "mnuTUnit", kUnits, index);
   if (model.IsRealTime) return;
+  const bool in_units = model.xSrc.ListIndex != kChannelAsX && old_unit >= 0 && old_unit < kUnits;
+  const bool zoomed = model.Zoomed && !model.OriginalDataMode;
+  if (zoomed && in_units) carry_compressed_section_over(model, old_unit);
   RedrawKMGraph(model, false);
   if (!model.HasFullDataPlot) RedrawSurvGraph(model, false);
-  if (model.Zoomed && !model.OriginalDataMode && old_unit >= 0 && old_unit < kUnits) {
+  if (zoomed && in_units) {
     carry_zoom_over(model, old_unit);
     DataZoom(model);
+    if (model.HasFullDataPlot) PEactions(model.PESG, kRedrawFromSettings);  // no import has shown the limits
   }
   show_plot_status(model);
 }
