@@ -91,12 +91,14 @@ void press_horizontal_mode(Model& model) {
   model.PESG.pending.AllowZooming = kHorizontal;
 }
 
-// From the pointer to the other limit. A pointer beyond the other limit has left its line behind: the lines
-// count then as they stand.
+// From the pointer to the other limit. A pointer beyond the other limit or the data has left its line behind:
+// the lines count then as they stand.
 XWindow dropped_section(const Model& model) {
+  const XWindow ends = survey_data_range(model);
   const XWindow section =
       model.StartAnnoDrag == 0 ? XWindow{model.XPos, model.ZoomXMax} : XWindow{model.ZoomXMin, model.XPos};
-  return section.width() < 0 ? lines_of(model) : section;
+  const bool held = model.StartAnnoDrag == 0 ? model.XPos < ends.low : model.XPos > ends.high;
+  return held || section.width() < 0 ? lines_of(model) : section;
 }
 
 void zoom_compressed_section(Model& model) {

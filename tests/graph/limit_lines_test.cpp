@@ -282,5 +282,22 @@ TEST_F(LimitLinesTest, LetGoPairAsksForTheSameChannelOfTheOriginal) {
                                         "progress 2", "property 1 1 Kanal 2"));
 }
 
+TEST_F(LimitLinesTest, PointerBeyondTheDataLeavesTheLineAtTheirEnd) {
+  open({});
+  mark(2);
+  zoom(20, 180);
+  drag(0, -5);
+  drop_limit_line(model);
+  EXPECT_NEAR(model.ZoomXMin, 0, 1e-9);
+  EXPECT_DOUBLE_EQ(model.ZoomXMax, 180);
+  expect_lines(0, 180);
+  EXPECT_EQ(box("ZoomPointsBox"), "18000");
+  drag(1, 500);
+  drop_limit_line(model);
+  EXPECT_NEAR(model.ZoomXMin, 0, 1e-9);
+  EXPECT_DOUBLE_EQ(model.ZoomXMax, end());
+  EXPECT_EQ(box("ZoomPointsBox"), "19990");
+}
+
 }  // namespace
 }  // namespace trendaro
