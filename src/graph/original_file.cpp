@@ -48,4 +48,9 @@ void report_missing_original(Model& model, bool block_name_met) {
   model.MissingFileReported = true;
 }
 
+void show_missing_original(Model& model) {
+  if (model.OriginalDataMode && model.OriginalFileMissing && model.MissingFileReported)
+    model.shell.show_status(1, kMissing);
+}
+
 }  // namespace trendaro

@@ -24,4 +24,8 @@ void find_original(Model& model, i16 number, OriginalSearch& search);
 // Tells the user, once until a file is found again, that the original of the last plot is missing.
 void report_missing_original(Model& model, bool block_name_met);
 
+// Writes into the status bar again, behind a redraw, that the original of what is on show is missing; nothing
+// where the user has not been told.
+void show_missing_original(Model& model);
+
 }  // namespace trendaro

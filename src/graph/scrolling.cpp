@@ -98,9 +98,12 @@ void scroll_originals(Model& model) {
 void scroll_along_channel(Model& model) {
   write_x_limits(model);
   model.OriginalDataMode = false;
-  {
+  try {
     const Raised keep(model.KeepOriginalChannels);
     XScaleZoom(model);
+  } catch (...) {
+    model.OriginalDataMode = any_on_original(model);  // the old samples are still on show
+    throw;
   }
   model.PESG.pending.ZoomActive = true;
   PEactions(model.PESG, kRedrawFromSettings);

@@ -8,6 +8,8 @@
 #include "datasource/grid_handlers.h"
 #include "graph/data_zoom.h"
 #include "graph/main_redraw.h"
+#include "graph/main_sizing.h"
+#include "graph/original_file.h"
 #include "graph/saved_axes.h"
 #include "graph/unzoomed_scale.h"
 #include "graph/zoom_arithmetic.h"
@@ -67,6 +69,12 @@ void redraw_section(Model& model) {
   PEactions(model.PESG, kRedrawFromSettings);
 }
 
+bool plain_curve_on_show(const Model& model) {
+  return std::ranges::any_of(model.Plots, [&](const PlotRecord& plot) {
+    return plot.FileKind == kKindPlain && on_show(model, plot);
+  });
+}
+
 void count_hidden_plots(Model& model) {
   model.CurveOffset = 0;
   for (i16 layer = 1; layer <= model.FirstZoomLayer; ++layer)
@@ -120,7 +128,7 @@ void end_main_zoom(Model& model) {
     DataZoom(model);
   }
   model.Zoomed = true;
-  if (model.HasFullDataPlot && model.DisplayCompression) {
+  if (model.DisplayCompression && plain_curve_on_show(model)) {
     graph.ZoomActive = false;
     RedrawKMGraph(model, false);
     model.PESG.curves_of_section = true;
@@ -130,7 +138,9 @@ void end_main_zoom(Model& model) {
     RedrawKMGraph(model, false);
   }
   count_hidden_plots(model);
-  if (model.HasFullDataPlot) show_plot_status(model);  // the redraw has emptied the panel
+  // The redraw has emptied the panel.
+  if (model.HasFullDataPlot) show_plot_status(model);
+  show_missing_original(model);
 }
 
 void undo_main_zoom(Model& model) {
@@ -147,6 +157,7 @@ void end_survey_zoom(Model& model) {
   bring_section_inside(model, survey_data_range(model));
   if (!model.gMultiLayer) copy_y_limits(model);
   survey.SubTitle = "Zoom";
+  PEactions(model.PESGSurvey, kRedrawFromSettings);
   if (survey.ZoomMaxX == survey.ZoomMinX) model.OriginalDataMode = false;
   DataZoom(model);
 }

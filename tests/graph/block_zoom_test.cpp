@@ -6,12 +6,16 @@
 #include "files/reducer.h"
 #include "graph/data_zoom.h"
 #include "graph/scrolling.h"
+#include "graph/zoom_end.h"
+#include "support/block_builder.h"
+#include "support/noting_host.h"
 #include "support/reducible_files.h"
 #include "support/zoom_fixture.h"
 
 namespace trendaro {
 namespace {
 
+using testing::Contains;
 using testing::ElementsAre;
 using testing::IsEmpty;
 
@@ -69,10 +73,56 @@ TEST_F(BlockZoomTest, ScrolledSectionComesFromTheSameFile) {
 }
 
 TEST_F(BlockZoomTest, SectionIsCutAtTheEndOfTheOriginal) {
+  NotingHost noting(shell, 96, 100000);
+  model.Host = &noting;
   write_original(5300);
   zoom(1000, 1200);
-  expect_values(5000, 300);
+  EXPECT_THAT(noting.calls, Contains("7 i32 300"));
+  noting.calls.clear();
+  box("StepBox") = "100";
+  scroll_section(model, false);  // 4900 to 5899
+  EXPECT_THAT(noting.calls, Contains("6 i32 4900"));
+  EXPECT_THAT(noting.calls, Contains("7 i32 400"));
   EXPECT_THAT(shell.messages(), IsEmpty());
+}
+
+// Only the values of block files tell their length.
+TEST_F(BlockZoomTest, SectionOfABlockFileIsAskedForAsItIs) {
+  NotingHost noting(shell, 96, 100000);
+  model.Host = &noting;
+  for (const i16 id : {i16{5003}, i16{5055}, i16{5056}}) {
+    SCOPED_TRACE(id);
+    write_file(original(), BlockFileLayout{.id = id, .channels = {{}}}.header().bytes());
+    noting.calls.clear();
+    zoom(1000, 1200);
+    EXPECT_EQ(model.FileId, id);
+    EXPECT_THAT(noting.calls, Contains("7 i32 1000"));
+    noting.calls.clear();
+    box("StepBox") = "100";
+    scroll_section(model, false);
+    EXPECT_THAT(noting.calls, Contains("7 i32 1000"));
+    reset_zoom(model);
+  }
+}
+
+TEST_F(BlockZoomTest, StatusOfARubberBandTellsOfTheMissingOriginal) {
+  const auto first_panel = [&] {
+    std::string text;
+    for (const std::string& call : shell.calls)
+      if (call.starts_with("status 1: ")) text = call.substr(10);
+    return text;
+  };
+  std::filesystem::remove(original());
+  model.PESG.pending.AllowZooming = 1;
+  for (const i32 from : {400, 450}) {  // the second one without a message
+    set_limits(from * model.CompressedDXMax, 600 * model.CompressedDXMax);
+    end_main_zoom(model);
+    EXPECT_EQ(first_panel(), "Meßwertfile nicht vorhanden!");
+    EXPECT_EQ(shell.messages().size(), 1u);
+  }
+  set_limits(0, 1000 * model.CompressedDXMax);  // too wide for originals
+  end_main_zoom(model);
+  EXPECT_EQ(first_panel(), "");
 }
 
 TEST_F(BlockZoomTest, OtherExtensionOfTheOriginalsIsLookedFor) {

@@ -1,4 +1,6 @@
 #include <array>
+#include <tuple>
+#include <utility>
 
 #include <gtest/gtest.h>
 
@@ -147,12 +149,19 @@ TEST_F(CompressedZoomTest, LayersThatLeftStayAwayUntilTheReset) {
 
 TEST_F(CompressedZoomTest, ResetBringsTheScaleOfAllLayersBack) {
   show_layers(3);
+  click_tool(model, "TB_ZOOMRECT");
   for (const i16 lowest : {i16{0}, i16{1}, i16{2}}) {
     SCOPED_TRACE(lowest);
-    click_tool(model, "TB_ZOOMRECT");
-    y_band(10, 20);
+    for (std::size_t i = 0; i < 3; ++i) {
+      LayerProperties& layer = model.PESG.pending.layers[i];
+      std::tie(layer.ZoomMinY, layer.ZoomMaxY) = std::pair(10 + f64(i), 20 + f64(i));
+      std::tie(layer.ZoomMinRY, layer.ZoomMaxRY) = std::pair(0.1 + f64(i), 0.9 + f64(i));
+    }
     band(50, 60, lowest, 2);
-    if (lowest == 0) expect_y(0, {10, 20, 10, 20});
+    for (int axis = 0; axis <= 2 - lowest; ++axis) {
+      const f64 layer = lowest + axis;
+      expect_y(static_cast<std::size_t>(axis), {10 + layer, 20 + layer, 0.1 + layer, 0.9 + layer});
+    }
     click_tool(model, "TB_ZOOMFIX");
     EXPECT_FALSE(model.Zoomed);
     EXPECT_EQ(model.PESG.shown().SubsetCount, 3);
@@ -160,6 +169,52 @@ TEST_F(CompressedZoomTest, ResetBringsTheScaleOfAllLayersBack) {
     for (std::size_t axis = 0; axis < 3; ++axis) expect_y(axis, kScales[axis]);
     click_tool(model, "TB_ZOOMRECT");
     EXPECT_FALSE(undo());
+  }
+}
+
+// A plain signal in layer 1 and an envelope in layer 2.
+class MixedZoomTest : public CompressedZoomTest {
+ protected:
+  MixedZoomTest() {
+    open_envelope({.channels = 3});
+    mark(2, 1);
+    mark(6, 2);
+    click_tool(model, "TB_ZOOMRECT");
+    y_band(10, 20);
+  }
+};
+
+TEST_F(MixedZoomTest, BandOverTheEnvelopeAloneIsAZoomOfTheGraph) {
+  ASSERT_TRUE(model.DisplayCompression);
+  band(50, 60, 1, 1);
+  const GraphProperties& shown = model.PESG.shown();
+  EXPECT_EQ(shown.SubsetCount, 1);
+  EXPECT_TRUE(shown.ZoomActive);
+  EXPECT_EQ(shown.ZoomMinX, 50);
+  EXPECT_EQ(shown.ZoomMaxX, 60);
+  EXPECT_EQ(shown.layers[0].ZoomMinY, 10);
+  EXPECT_EQ(shown.layers[0].ZoomMaxY, 20);
+  EXPECT_EQ(shown.AllowZooming, 3);
+}
+
+TEST_F(MixedZoomTest, BandOverTheEnvelopeAloneIsTakenBack) {
+  band(50, 60, 1, 1);
+  EXPECT_TRUE(undo());
+  EXPECT_FALSE(model.PESG.shown().ZoomActive);
+  EXPECT_EQ(model.PESG.shown().SubsetCount, 1);
+  EXPECT_FALSE(undo());
+  click_tool(model, "TB_ZOOMFIX");
+  EXPECT_EQ(model.PESG.shown().SubsetCount, 2);
+}
+
+TEST_F(MixedZoomTest, BandOverThePlainSignalIsComputedAnew) {
+  for (const i16 highest : {i16{0}, i16{1}}) {
+    band(50, 60, 0, highest);
+    EXPECT_FALSE(model.PESG.shown().ZoomActive);
+    EXPECT_GT((*model.PESG.shown().XData)[0], 50);
+    EXPECT_LT((*model.PESG.shown().XData)[0], 50.5);
+    click_tool(model, "TB_ZOOMFIX");
+    click_tool(model, "TB_ZOOMRECT");
   }
 }
 

@@ -13,6 +13,7 @@
 namespace trendaro {
 namespace {
 
+using testing::Contains;
 using testing::ElementsAre;
 using testing::IsEmpty;
 
@@ -101,8 +102,14 @@ TEST_F(DataZoomTest, PlotThatEndsAheadOfTheSectionIsCleared) {
 }
 
 TEST_F(DataZoomTest, SectionIsCutAtTheEndOfAPlot) {
+  NotingHost noting(shell, 96, 100000);
   open({});
   mark(2);
+  model.Host = &noting;
+  zoom(195, 203);
+  EXPECT_THAT(noting.calls, Contains("7 i32 500"));
+  reset_zoom(model);
+  model.Host = &host;
   zoom(195, 203);
   expect_samples(1, 1, 19500, 500);
   expect_drawn(0, 1, 19500, 500);

@@ -8,7 +8,10 @@
 #include <gtest/gtest.h>
 
 #include "app/commands.h"
+#include "app/run_time_error.h"
 #include "graph/data_zoom.h"
+#include "graph/scrolling.h"
+#include "graph/zoom_end.h"
 #include "support/noting_host.h"
 #include "support/zoom_fixture.h"
 
@@ -221,6 +224,28 @@ TEST_F(XScaleZoomTest, PlotsThatKeepTheirChannelNumberChangeTheirKindAllTheSame)
   EXPECT_EQ(model.Plots[1].FileKind, kKindDatabase);
   EXPECT_EQ(model.Plots[1].ChannelIndex, 2);
   EXPECT_NEAR(f64{(*model.PESG.shown().YData)[0]}, known(96), 0.01);
+}
+
+TEST_F(XScaleZoomTest, BandInTheSurveyIsNamed) {
+  show_over_ramp();
+  GraphProperties& survey = model.PESGSurvey.pending;
+  survey.ZoomActive = true;
+  survey.ZoomMinX = 100;
+  survey.ZoomMaxX = 900;
+  end_survey_zoom(model);
+  EXPECT_EQ(model.PESGSurvey.shown().SubTitle, "Zoom");
+}
+
+TEST_F(XScaleZoomTest, ScrollStepThatFailsLeavesTheSamplesOnShow) {
+  show_over_ramp();
+  zoom(100, 119);
+  ASSERT_TRUE(model.OriginalDataMode);
+  box("PointsBox") = "99999999999";  // beyond all counts
+  box("StepBox") = "5";
+  EXPECT_THROW(scroll_section(model, true), RunTimeError);
+  EXPECT_TRUE(model.OriginalDataMode);
+  EXPECT_FALSE(model.KeepOriginalChannels);
+  EXPECT_EQ(model.Plots[1].FileKind, kKindDatabase);
 }
 
 }  // namespace

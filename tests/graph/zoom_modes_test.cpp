@@ -155,6 +155,10 @@ TEST_F(ZoomModesTest, JumpIntoNoPointsIsASectionWithoutWidth) {
   SpringToMaxZoom(model);
   EXPECT_DOUBLE_EQ(model.PESG.pending.ZoomMaxX, model.PESG.pending.ZoomMinX);
   EXPECT_EQ(model.ZoomPoints, 1);
+  EXPECT_EQ(box("ZoomPointsBox"), "5");  // the samples of one display point
+  EXPECT_EQ(model.ZoomXMin, model.PESG.shown().ManualMinX);
+  EXPECT_EQ(model.ZoomXMax, model.PESG.shown().ManualMaxX);
+  EXPECT_LT(model.ZoomXMin, model.ZoomXMax);
 }
 
 TEST_F(ZoomModesTest, JumpDoesNothingForFullDataAndWithoutPlots) {
