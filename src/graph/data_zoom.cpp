@@ -140,6 +140,7 @@ void zoom_reduced_plots(Model& model) {
     show_section_points(model);
   RedrawSurvAnnotation(model);
   report_missing_original(model, outcome.search.block_name_met);
+  show_missing_original(model);
 }
 
 void zoom_into_data(Model& model) {

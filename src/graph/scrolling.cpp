@@ -9,6 +9,7 @@
 #include "app/raised.h"
 #include "graph/limit_lines.h"
 #include "graph/main_redraw.h"
+#include "graph/original_file.h"
 #include "graph/section_import.h"
 #include "graph/x_scale_zoom.h"
 #include "graph/zoom_arithmetic.h"
@@ -92,6 +93,7 @@ void scroll_originals(Model& model) {
   RedrawKMGraph(model, false);
   RedrawSurvAnnotation(model);
   if (!model.gMultiLayer) zoom_shown_curves(model);
+  show_missing_original(model);
 }
 
 // Samples along a channel are not evenly spaced; the section is searched anew.

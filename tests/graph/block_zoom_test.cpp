@@ -105,7 +105,7 @@ TEST_F(BlockZoomTest, SectionOfABlockFileIsAskedForAsItIs) {
   }
 }
 
-TEST_F(BlockZoomTest, StatusOfARubberBandTellsOfTheMissingOriginal) {
+TEST_F(BlockZoomTest, StatusGoesOnTellingOfTheMissingOriginal) {
   const auto first_panel = [&] {
     std::string text;
     for (const std::string& call : shell.calls)
@@ -120,6 +120,11 @@ TEST_F(BlockZoomTest, StatusOfARubberBandTellsOfTheMissingOriginal) {
     EXPECT_EQ(first_panel(), "Meßwertfile nicht vorhanden!");
     EXPECT_EQ(shell.messages().size(), 1u);
   }
+  scroll_section(model, true);
+  EXPECT_EQ(first_panel(), "Meßwertfile nicht vorhanden!");
+  zoom(400, 600);
+  EXPECT_EQ(first_panel(), "Meßwertfile nicht vorhanden!");
+  EXPECT_EQ(shell.messages().size(), 1u);
   set_limits(0, 1000 * model.CompressedDXMax);  // too wide for originals
   end_main_zoom(model);
   EXPECT_EQ(first_panel(), "");
