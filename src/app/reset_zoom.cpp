@@ -1,6 +1,8 @@
+#include <algorithm>
 #include <cmath>
 #include <string>
 
+#include "app/attempt.h"
 #include "app/commands.h"
 #include "app/model.h"
 #include "app/numbers.h"
@@ -63,6 +65,15 @@ void set_graphs_to_full_range(Model& model) {
   model.PESGSurvey.pending.SubTitle.clear();
 }
 
+// What is on show: the longest plot from its first sample on. The redraw has found its length.
+void take_whole_recording(Model& model) {
+  std::ranges::fill(model.PlotOffsetPoints, 0);
+  const i16 longest = model.LongestPlot;
+  if (!model.PlotReduceFactor.has(longest) || model.PlotReduceFactor[longest] == 0) return;
+  const f64 block = model.PlotReduceFactor[longest] / 2.0;
+  attempt([&] { model.ZoomPoints = round_to_i32(model.LongestOriginalPoints / block); });
+}
+
 }  // namespace
 
 void reset_zoom(Model& model) {
@@ -87,6 +98,7 @@ void reset_zoom(Model& model) {
   tell_of_full_data(model);
   model.saved_axes = {};
   for (const char* entry : {"mnuDBOffset", "mnuXUnit", "mnuNullValues"}) enable_control(model, entry, true);
+  take_whole_recording(model);
 }
 
 }  // namespace trendaro

@@ -51,8 +51,7 @@ bool originals_fit(const Model& model) {
 std::optional<PlotSection> section_of(Model& model, i16 number) {
   const auto scaling = plot_scaling(model, number);
   if (!scaling) return std::nullopt;
-  const f64 first = scaling->block * model.ReductionXmin * scaling->ratio;
-  PlotSection section{.first = round_to_i32(first),
+  PlotSection section{.first = first_sample(*scaling, model.ReductionXmin),
                       .length = round_to_i32(scaling->ratio * model.ZoomPoints * scaling->block)};
   model.PlotOffsetPoints[number] = section.first;
   const f64 limit = original_length(model, number, *scaling);
@@ -134,6 +133,7 @@ void zoom_reduced_plots(Model& model) {
     go_into_originals(model, outcome);
   else
     stay_in_display(model);
+  if (!model.OriginalDataMode) note_first_samples(model, model.ReductionXmin);
   if (outcome.short_room)
     report_short_channel(model, *outcome.short_room);
   else

@@ -49,6 +49,7 @@ void zoom_shown_curves(Model& model) {
 void scroll_compressed(Model& model) {
   write_x_limits(model);
   zoom_shown_curves(model);
+  if (model.xSrc.ListIndex != kChannelAsX) note_first_samples(model, display_points(model, model.ZoomXMin));
   RedrawSurvAnnotation(model);
 }
 
@@ -56,8 +57,7 @@ void scroll_compressed(Model& model) {
 std::optional<PlotSection> section_of(const Model& model, i16 number) {
   const auto scaling = plot_scaling(model, number);
   if (!scaling) return std::nullopt;
-  const f64 first = scaling->block * model.ReductionXmin * scaling->ratio;
-  PlotSection section{.first = std::max(1, round_to_i32(first)),
+  PlotSection section{.first = std::max(1, first_sample(*scaling, model.ReductionXmin)),
                       .length = round_to_i32(scaling->block * model.ZoomPoints * scaling->ratio)};
   const f64 limit = original_length(model, number, *scaling);
   if (limit <= section.first) return std::nullopt;

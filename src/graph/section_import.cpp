@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 
+#include "app/attempt.h"
 #include "app/model.h"
 #include "app/numbers.h"
 #include "app/run_time_error.h"
@@ -30,6 +31,17 @@ std::optional<PlotScaling> plot_scaling(const Model& model, i16 number) {
 
 f64 original_length(const Model& model, i16 number, const PlotScaling& scaling) {
   return model.Plots[number].Points * scaling.block;
+}
+
+i32 first_sample(const PlotScaling& scaling, f64 low) {
+  return round_to_i32(scaling.block * low * scaling.ratio);
+}
+
+void note_first_samples(Model& model, f64 low) {
+  size_import_companions(model);
+  for (i16 number = 1; number <= model.NofPlots; ++number)
+    if (const auto scaling = plot_scaling(model, number))
+      attempt([&] { model.PlotOffsetPoints[number] = std::max(0, first_sample(*scaling, low)); });
 }
 
 HostDatabase& host_database(Model& model) {

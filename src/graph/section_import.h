@@ -32,6 +32,13 @@ f64 original_length(const Model& model, i16 number, const PlotScaling& scaling);
 // The host's database. Throws RunTimeError where there is none.
 HostDatabase& host_database(Model& model);
 
+// The sample of the plot at `low`, the left end of a section in display points; below 0 left of the
+// recording. Throws RunTimeError when it is no i32.
+i32 first_sample(const PlotScaling& scaling, f64 low);
+
+// Keeps in PlotOffsetPoints where the section of the reduced display begins in each plot's original.
+void note_first_samples(Model& model, f64 low);
+
 // Makes room for the results of an import of every plot.
 void size_import_companions(Model& model);
 

@@ -10,6 +10,7 @@
 #include "app/run_time_error.h"
 #include "files/loader.h"
 #include "graph/data_zoom.h"
+#include "graph/scrolling.h"
 #include "support/zoom_fixture.h"
 
 namespace trendaro {
@@ -29,6 +30,15 @@ class SectionHandlersTest : public ZoomFixture {
   SampleArray section_values(i16 channel) {
     EXPECT_EQ(LoadMeasurementFile(model, 1, target(), channel, 0), LoadStatus::Done);
     return model.FileChannelValues;
+  }
+  // The command makes a section of the samples `first` to `first + count - 1`.
+  void expect_section(i64 first, std::size_t count) {
+    shell.files = {target()};
+    run_command(model, "mnuCreateMEASection");
+    const SampleArray values = section_values(2);
+    ASSERT_EQ(values.size(), count);
+    for (std::size_t i = 0; i < count; ++i)
+      ASSERT_NEAR(values[i], ZoomRecording::known_sample(2, first + static_cast<i64>(i)), 0.01) << i;
   }
   [[nodiscard]] std::string target() const { return folder.file("Ausschnitt.MEA"); }
 };
@@ -69,6 +79,39 @@ TEST_F(SectionHandlersTest, WaitPointerAndProgressStandWhileTheSectionIsWritten)
   EXPECT_THAT(pointers, ElementsAre(1, 1));
   EXPECT_EQ(shell.wait_pointers, 0);
   EXPECT_THAT(shell.progress, ElementsAre(1, -1));  // one piece, and the display is taken away
+}
+
+TEST_F(SectionHandlersTest, WholeRecordingIsTheSectionBehindAReset) {
+  open({});
+  open({.rows = 12000, .factor = 2}, "kurz");  // has more display points, of fewer samples
+  write_recording("lauf.MEA");
+  mark(2);
+  mark(5);
+  zoom(50, 60);
+  ASSERT_TRUE(model.OriginalDataMode);
+  for (const char* bound : {"1000", "100"}) {  // from original samples, and from the reduced display
+    reset_zoom(model);
+    expect_section(0, 20000);
+    box("PointsBox") = bound;
+    zoom(50, 60);
+  }
+}
+
+TEST_F(SectionHandlersTest, ReducedSectionBeginsWhereItIsOnShow) {
+  open({});
+  write_recording("lauf.MEA");
+  mark(2);
+  zoom(10, 20);  // original samples are left behind
+  box("PointsBox") = "100";
+  model.OriginalDataMode = false;
+  zoom(50, 60);
+  ASSERT_FALSE(model.OriginalDataMode);
+  expect_section(5000, 1000);
+  box("StepBox") = "500";
+  scroll_section(model, true);
+  expect_section(5500, 1000);
+  zoom(-2, 8);
+  expect_section(0, 1000);
 }
 
 TEST_F(SectionHandlersTest, RecordingOfAnotherExtensionIsNotTaken) {
