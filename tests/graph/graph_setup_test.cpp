@@ -15,24 +15,6 @@ class GraphSetupTest : public testing::Test {
   Model model{shell};
 };
 
-// A text of all properties, one a line.
-std::string dump(const GraphProperties& graph) {
-  std::string text;
-  const auto line = [&](const char* name, const auto& value) {
-    if constexpr (std::is_same_v<std::decay_t<decltype(value)>, std::string>)
-      text += std::string(name) + " " + value + "\n";
-    else
-      text += std::string(name) + " " + std::to_string(value) + "\n";
-  };
-#define GRAPH_PROPERTY(number, type, name, initial) line(#name, graph.name);
-#include "graph/graph_properties.def"
-  for (const LayerProperties& layer : graph.layers) {
-#define LAYER_PROPERTY(number, type, name, initial) line(#name, layer.name);
-#include "graph/graph_properties.def"
-  }
-  return text;
-}
-
 TEST_F(GraphSetupTest, LookOutlivesTheResetAndTheDataDoNot) {
   GraphProperties& graph = model.PESG.pending;
   set_curves(graph, 2, {0, 1}, {5, 6});
@@ -99,17 +81,6 @@ TEST_F(GraphSetupTest, LimitsPassThroughSinglePrecisionAndTheZoomDoesNot) {
   EXPECT_EQ(graph.ZoomMinX, 44260.123456789);
   EXPECT_TRUE(graph.ZoomActive);
   EXPECT_EQ(graph.layers[1].ZoomMaxY, 0.1);
-}
-
-TEST_F(GraphSetupTest, SecondSetUpChangesNothing) {
-  GraphProperties& graph = model.PESG.pending;
-  graph.ManualMinX = 1.0 / 3;
-  graph.layers[3].ManualMinY = 2.0 / 3;
-  graph.SubTitle = "zwei";
-  InitMainGraph(model);
-  const std::string first = dump(graph);
-  InitMainGraph(model);
-  EXPECT_EQ(dump(graph), first);
 }
 
 TEST_F(GraphSetupTest, SurveyKeepsItsCountOfPoints) {

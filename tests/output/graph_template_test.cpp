@@ -6,7 +6,6 @@
 #include <random>
 #include <set>
 #include <string>
-#include <type_traits>
 
 #include <gtest/gtest.h>
 #include <sys/stat.h>
@@ -14,40 +13,10 @@
 
 #include "graph/graph_surface.h"
 #include "support/file_builder.h"
+#include "support/filled_graph.h"
 
 namespace trendaro {
 namespace {
-
-// A value that no property starts with, different for each `seed`.
-template <typename T>
-T sample_value(int seed) {
-  if constexpr (std::is_same_v<T, std::string>)
-    return "Größe \"" + std::to_string(seed) + "\"\\x41 = a\nb\r\t" + std::string("\0z\x7F|end\n", 7);
-  else if constexpr (std::is_same_v<T, bool>)
-    return seed % 2 == 0;
-  else if constexpr (std::is_floating_point_v<T>)
-    return static_cast<T>(seed * 0.1 + 1.0 / 3);
-  else
-    return static_cast<T>(-seed - 7);
-}
-
-// Every property gets a value of its own. Layer numbers stay within the layers.
-GraphProperties filled(int seed) {
-  GraphProperties all;
-#define GRAPH_PROPERTY(number, type, name, initial) all.name = sample_value<type>(seed++);
-#define GRAPH_LIST(number, type, name) \
-  all.name = {sample_value<type>(seed), sample_value<type>(seed + 1), sample_value<type>(seed + 2)};
-#include "graph/graph_properties.def"
-  for (LayerProperties& layer : all.layers) {
-#define LAYER_PROPERTY(number, type, name, initial) layer.name = sample_value<type>(seed++);
-#define LAYER_LIST(number, type, name) layer.name = {sample_value<type>(seed), sample_value<type>(seed + 1)};
-#include "graph/graph_properties.def"
-  }
-  all.WorkingAxis = 2;
-  all.FirstVisibleAxis = 1;
-  all.WorkingTable = 4;
-  return all;
-}
 
 const std::set<std::string> kSessionState = {
     "SubsetCount",       "PointCount",  "SpecialSubsetCount", "MultiAxesSubsets", "UsingXDataII",
@@ -80,7 +49,7 @@ class GraphTemplateTest : public testing::Test {
 
   std::string saved_template() {
     GraphSurface graph(1);
-    graph.pending = filled(1);
+    graph.pending = filled_graph(1);
     EXPECT_EQ(PEsavetofile(graph, path), kPropertyDone);
     return read_file(path);
   }
@@ -92,18 +61,18 @@ class GraphTemplateTest : public testing::Test {
 TEST_F(GraphTemplateTest, EveryPropertyComesBack) {
   saved_template();
   GraphSurface loaded(2);
-  loaded.pending = filled(5000);
+  loaded.pending = filled_graph(5000);
   EXPECT_EQ(PEloadfromfile(loaded, path), kPropertyDone);
-  expect_look_of(loaded.pending, filled(1), filled(5000));
+  expect_look_of(loaded.pending, filled_graph(1), filled_graph(5000));
   EXPECT_EQ(loaded.Handle, 2);
 }
 
 TEST_F(GraphTemplateTest, StartValuesComeBackOverOthers) {
   PEsavetofile(GraphSurface(1), path);
   GraphSurface loaded(1);
-  loaded.pending = filled(3);
+  loaded.pending = filled_graph(3);
   EXPECT_EQ(PEloadfromfile(loaded, path), kPropertyDone);
-  expect_look_of(loaded.pending, GraphProperties(), filled(3));
+  expect_look_of(loaded.pending, GraphProperties(), filled_graph(3));
 }
 
 TEST_F(GraphTemplateTest, LoadedSettingsWaitForTheNextAction) {
@@ -117,12 +86,12 @@ TEST_F(GraphTemplateTest, LoadedSettingsWaitForTheNextAction) {
 TEST_F(GraphTemplateTest, FileCutAtAnyByteChangesNothing) {
   const std::string whole = saved_template();
   GraphSurface loaded(1);
-  loaded.pending = filled(9);
+  loaded.pending = filled_graph(9);
   for (std::size_t length = whole.size(); length-- > 0;) {
     std::filesystem::resize_file(path, length);
     ASSERT_EQ(PEloadfromfile(loaded, path), kPropertyUnknown) << length;
   }
-  expect_look_of(loaded.pending, filled(9), filled(9));
+  expect_look_of(loaded.pending, filled_graph(9), filled_graph(9));
 }
 
 TEST_F(GraphTemplateTest, DamagedBytesNeverBreakALayerNumberOrANumber) {
