@@ -42,6 +42,21 @@ void load_templates(Model& model) {
   load_template(model, model.PESGSurvey, kSurveyTemplate);
 }
 
+void set_up_graphs(Model& model) {
+  InitMainGraph(model);
+  InitSurvGraph(model);
+}
+
+// Templates hold more than a run begins with, such as a scaling whose entry is not ticked. The set-up behind
+// them keeps their look alone; what their load told stays told.
+void set_up_with_templates(Model& model) {
+  set_up_graphs(model);
+  load_templates(model);
+  const i32 status = model.LastDatabaseStatus;
+  set_up_graphs(model);
+  model.LastDatabaseStatus = status;
+}
+
 void choose_first_layer_and_side(Model& model) {
   model.CurrentLayer = 1;
   model.CurrentSide = 1;
@@ -97,9 +112,7 @@ void load_main_window(Model& model) {
   model.controls["AnnoGrid"].visible = false;
   model.ButtonLock = true;
   InitDataSourceGrid(model);
-  InitMainGraph(model);
-  InitSurvGraph(model);
-  load_templates(model);
+  set_up_with_templates(model);
   choose_first_layer_and_side(model);
   set_default_titles(model);
   tick_entries(model);

@@ -13,6 +13,7 @@
 #include "app/toolbar.h"
 #include "datasource/plot_list.h"
 #include "graph/zoom_modes.h"
+#include "output/graph_template.h"
 #include "support/file_builder.h"
 #include "support/recording_shell.h"
 
@@ -214,6 +215,30 @@ TEST_F(StartupTest, LookIsSavedBehindTheClearingOfTheGraphs) {
   load_main_window(second.model);
   EXPECT_FALSE(second.model.PESG.pending.InvertedXAxis);
   EXPECT_FALSE(second.model.PESGSurvey.pending.InvertedXAxis);
+}
+
+// A state that menus do not tell of would need two clicks to change.
+TEST_F(StartupTest, TemplatesBringTheirLookAndTheSetUpBehindThemTheRest) {
+  GraphSurface saved(1);
+  saved.pending.AutoScaleData = true;
+  saved.pending.Switch0E = true;
+  saved.pending.SetupMode = 0;
+  saved.pending.ManualMaxX = 0.1;
+  saved.pending.layers[1].ManualMinRY = 44260.123456789;
+  saved.pending.MinorGridColor = 0x112233;
+  for (const char* name : {"KM_TEMPLATE.$$$", "KMSurv_TEMPLATE.$$$"})
+    ASSERT_EQ(PEsavetofile(saved, folder.file(name)), kPropertyDone);
+  ProgramRun run(folder);
+  load_main_window(run.model);
+  EXPECT_FALSE(run.model.controls["mnuAutoScaleData"].ticked);
+  for (const GraphSurface* graph : {&run.model.PESG, &run.model.PESGSurvey}) {
+    EXPECT_FALSE(graph->shown().AutoScaleData);
+    EXPECT_FALSE(graph->shown().Switch0E);
+    EXPECT_EQ(graph->shown().SetupMode, 1);
+    EXPECT_EQ(graph->pending.ManualMaxX, static_cast<f64>(0.1F));
+    EXPECT_EQ(graph->pending.layers[1].ManualMinRY, 44260.125);
+    EXPECT_EQ(graph->shown().MinorGridColor, 0x112233);
+  }
 }
 
 TEST_F(StartupTest, DamagedTemplateLeavesTheDefaults) {
