@@ -41,11 +41,14 @@ i32 plot_method(const GraphProperties& shown, std::size_t subset) {
   return subset < shown.SubsetPlotMethods.size() ? shown.SubsetPlotMethods[subset] : 0;
 }
 
-void mark_sides(GraphLayout& layout) {
+// A right axis that is switched off leaves its curves their scale, and the grid its lines.
+void mark_sides(const GraphProperties& shown, GraphLayout& layout) {
   for (const CurvePlace& place : layout.curves) {
     LayerLayout& layer = layout.layers[place.slot];
     (place.right ? layer.has_right : layer.has_left) = true;
   }
+  for (LayerLayout& layer : layout.layers)
+    layer.shows_right = layer.has_right && shown.layers[layer.layer].ShowRYAxis;
 }
 
 // Settings and ticks of the axes of one layer, before their place across is known.
@@ -103,7 +106,7 @@ SideRoom side_room(const GraphLayout& layout, const std::vector<LayerAxes>& axes
   for (std::size_t i = 0; i < axes.size(); ++i) {
     if (layout.layers[i].has_left)
       room.left = std::max(room.left, axis_thickness(axes[i].left, axes[i].left_ticks, measure));
-    if (layout.layers[i].has_right)
+    if (layout.layers[i].shows_right)
       room.right = std::max(room.right, axis_thickness(axes[i].right, axes[i].right_ticks, measure));
   }
   return room;
@@ -114,6 +117,11 @@ f64 x_axis_height(const AxisSettings& axis, const TextMeasure& measure) {
   AxisTicks two_lines;
   two_lines.major.push_back({0, "0", axis.dates ? "0" : ""});
   return axis_thickness(axis, two_lines, measure);
+}
+
+void leave_out_texts(AxisLayout& axis) {
+  axis.labels.clear();
+  axis.title.text.clear();
 }
 
 void place_axes(const GraphProperties& shown, const TextMeasure& measure, const PixelRectangle& room,
@@ -137,8 +145,8 @@ void place_axes(const GraphProperties& shown, const TextMeasure& measure, const 
     layer.area.width = width;
     layer.left = place_axis(axes[i].left, axes[i].left_ticks, layer.area, room, measure);
     layer.right = place_axis(axes[i].right, axes[i].right_ticks, layer.area, room, measure);
-    if (!layer.has_left) layer.left.title.text.clear();
-    if (!layer.has_right) layer.right.title.text.clear();
+    if (!layer.has_left) leave_out_texts(layer.left);
+    if (!layer.shows_right) leave_out_texts(layer.right);
   }
   layout.x_axis = place_axis(x_axis, x_ticks, layout.layers.back().area, room, measure);
 }
@@ -231,7 +239,7 @@ GraphLayout graph_layout(const GraphProperties& shown, f64 width, f64 height, co
     const std::vector<LayerShare> shares = layer_shares(shown);
     layout.layers.resize(slots);
     for (std::size_t i = 0; i < slots; ++i) layout.layers[i].layer = shares[i].layer;
-    mark_sides(layout);
+    mark_sides(shown, layout);
     place_axes(shown, measure, layout.room, layout);
   } else {
     place_surroundings(shown, measure, Surroundings::All, layout);

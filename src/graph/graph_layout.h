@@ -52,6 +52,7 @@ struct LayerLayout {
   PixelRectangle area;    // where its curves are drawn
   AxisLayout left, right;
   bool has_left = false, has_right = false;  // curves hang on that axis
+  bool shows_right = false;                  // the right axis is drawn as well
 };
 
 // Where a curve belongs.
@@ -84,8 +85,8 @@ struct GraphLayout {
 // Which layer and side each curve of a graph hangs on, in curve order. Layers without curves take no slot.
 std::vector<CurvePlace> curve_places(const GraphProperties& shown);
 
-// Places everything that a graph of `width` x `height` pixels shows. Where the room is short, legend and titles
-// shrink, and the axes come before either; nothing overlaps and nothing leaves the graph.
+// Places everything that a graph of `width` x `height` pixels shows. Where the room is short, legend and
+// titles shrink, and the axes come before either; nothing overlaps and nothing leaves the graph.
 GraphLayout graph_layout(const GraphProperties& shown, f64 width, f64 height, const TextMeasure& measure);
 
 // The text cut to a width, with an ellipsis where something was cut; empty where not even that fits.

@@ -93,7 +93,7 @@ GraphTarget axis_at(const GraphLayout& layout, PixelPoint place) {
   if (!layout.has_axes) return {};
   for (const LayerLayout& layer : layout.layers) {
     if (layer.has_left && contains(axis_box(layer.left, layer.area), place)) return {TargetKind::LeftAxis};
-    if (layer.has_right && contains(axis_box(layer.right, layer.area), place)) return {TargetKind::RightAxis};
+    if (layer.shows_right && contains(axis_box(layer.right, layer.area), place)) return {TargetKind::RightAxis};
   }
   if (contains(axis_box(layout.x_axis, layout.layers.back().area), place)) return {TargetKind::XAxis};
   return {};

@@ -61,7 +61,7 @@ std::vector<PixelRectangle> text_boxes(const GraphLayout& layout) {
   add_axis(layout.x_axis);
   for (const LayerLayout& layer : layout.layers) {
     if (layer.has_left) add_axis(layer.left);
-    if (layer.has_right) add_axis(layer.right);
+    if (layer.shows_right) add_axis(layer.right);
   }
   return boxes;
 }
@@ -155,13 +155,46 @@ TEST(GraphLayoutTest, ProportionsDivideTheHeight) {
 TEST(GraphLayoutTest, RightCurvesHaveTheirOwnAxis) {
   GraphSurface graph = graph_with(2);
   graph.pending.SubsetPlotMethods = {0, 1002};
+  graph.pending.layers[0].ShowRYAxis = true;
   PEactions(graph, kTakeOverAndRedraw);
   const GraphLayout layout = layout_of(graph);
   EXPECT_TRUE(layout.layers[0].has_left);
   EXPECT_TRUE(layout.layers[0].has_right);
+  EXPECT_TRUE(layout.layers[0].shows_right);
   EXPECT_TRUE(layout.curves[1].right);
   EXPECT_EQ(layout.curves[1].method, 2);
   EXPECT_FALSE(layout.layers[0].right.labels.empty());
+}
+
+TEST(GraphLayoutTest, RightAxisThatIsSwitchedOffLeavesItsCurvesTheirScale) {
+  GraphSurface graph = graph_with(2);
+  graph.pending.layers[0].RYAxisLabel = "kN";
+  const f64 plain_width = layout_of(graph).layers[0].area.width;
+  graph.pending.SubsetPlotMethods = {0, 1000};
+  PEactions(graph, kTakeOverAndRedraw);
+  const LayerLayout layer = layout_of(graph).layers[0];
+  EXPECT_TRUE(layer.has_right);
+  EXPECT_FALSE(layer.shows_right);
+  EXPECT_TRUE(layer.right.labels.empty());
+  EXPECT_EQ(layer.right.title.text, "");
+  EXPECT_EQ(layer.area.width, plain_width);
+  EXPECT_DOUBLE_EQ(pixel_of(layer.right.scale, 10), layer.area.y);
+}
+
+TEST(GraphLayoutTest, RightAxisWithoutCurvesIsNotShown) {
+  GraphSurface graph = graph_with(1);
+  graph.pending.layers[0].ShowRYAxis = true;
+  PEactions(graph, kRedrawFromSettings);
+  EXPECT_FALSE(layout_of(graph).layers[0].shows_right);
+}
+
+TEST(GraphLayoutTest, LevelLinesOfALayerWithoutAnAxisOnShowStandAtItsRightScale) {
+  GraphSurface graph = graph_with(1);
+  graph.pending.SubsetPlotMethods = {1000};
+  PEactions(graph, kTakeOverAndRedraw);
+  const LayerLayout layer = layout_of(graph).layers[0];
+  EXPECT_FALSE(layer.shows_right);
+  EXPECT_EQ(layer.right.major.size(), 6U);  // 0 2 4 6 8 10
 }
 
 TEST(GraphLayoutTest, TheZoomWindowTakesThePlaceOfTheLimits) {
@@ -225,7 +258,10 @@ TEST(GraphLayoutTest, NothingOverlapsAtAnySize) {
   graph.pending.XAxisLabel = "Zeit/s";
   graph.pending.MultiAxesSubsets = {3, 3, 3};
   graph.pending.SubsetPlotMethods = {0, 1000, 0, 0, 1000, 0, 0, 0, 1000};
-  for (LayerProperties& layer : graph.pending.layers) layer.YAxisLabel = layer.RYAxisLabel = "Kraft/kN";
+  for (LayerProperties& layer : graph.pending.layers) {
+    layer.YAxisLabel = layer.RYAxisLabel = "Kraft/kN";
+    layer.ShowRYAxis = true;
+  }
   for (i16 location = 0; location < 4; ++location)
     for (i16 style = 0; style < 2; ++style) {
       graph.pending.LegendLocation = location;

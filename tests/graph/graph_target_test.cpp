@@ -83,6 +83,12 @@ TEST_F(GraphTargetTest, WholeLinesAndTheLayerOfTheirs) {
   expect_kind(TargetKind::None, 372, 130);
 }
 
+TEST_F(GraphTargetTest, ARightAxisThatIsSwitchedOffIsNoTarget) {
+  expect_kind(TargetKind::RightAxis, 445, 100);
+  layout.layers[0].shows_right = false;
+  expect_kind(TargetKind::None, 445, 100);
+}
+
 TEST_F(GraphTargetTest, AnnotationsOfALayerWithoutLeftCurvesCountOnItsRightAxis) {
   layout.layers[0].has_left = false;
   annotate(1, 15, 90);  // (250, 60)

@@ -25,7 +25,7 @@ inline GraphLayout hand_layout() {
   upper.left.title = {"n", {40, 50, 14, 100}};
   upper.right.side = AxisSide::Right;
   upper.right.scale = {0, 100, false, 150, 50};
-  upper.has_left = upper.has_right = true;
+  upper.has_left = upper.has_right = upper.shows_right = true;
   upper.right.title = {"T", {440, 50, 14, 100}};
   LayerLayout lower = upper;
   lower.layer = 1;
@@ -33,7 +33,7 @@ inline GraphLayout hand_layout() {
   lower.left.scale = {-5, 5, false, 270, 170};
   lower.left.title = {"p", {40, 170, 14, 100}};
   lower.right.scale = {0, 1, false, 270, 170};
-  lower.has_right = false;
+  lower.has_right = lower.shows_right = false;
   layout.layers = {upper, lower};
   layout.curves = {{0, 0, false, 0}, {1, 1, false, 0}};
   layout.titles = {{"Lauf", {0, 0, 500, 20}, TextRole::MainTitle},

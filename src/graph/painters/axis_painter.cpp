@@ -85,7 +85,7 @@ void paint_axes(QPainter& painter, const GraphProperties& shown, const GraphLayo
   for (const LayerLayout& layer : layout.layers) {
     const bool minor_ticks = shown.layers[layer.layer].AxisTicksOn;
     if (layer.has_left) paint_axis(painter, shown, layer.left, layer.area, minor_ticks, fonts);
-    if (layer.has_right) paint_axis(painter, shown, layer.right, layer.area, minor_ticks, fonts);
+    if (layer.shows_right) paint_axis(painter, shown, layer.right, layer.area, minor_ticks, fonts);
   }
   paint_axis(painter, shown, layout.x_axis, layout.layers.back().area, shown.TicksOn, fonts);
 }
