@@ -5,6 +5,8 @@
 #include <cmath>
 #include <limits>
 
+#include "graph/tick_spacing.h"
+
 namespace trendaro {
 namespace {
 
@@ -35,32 +37,6 @@ Step smallest_step_from(f64 least) {
   return step;
 }
 
-f64 length_of(const TickRequest& request) {
-  return std::abs(request.scale.last - request.scale.first);
-}
-
-f64 label_size(const TickRequest& request, const TextMeasure& measure, const std::string& label) {
-  return request.vertical ? measure.height(TextRole::Axis) : measure.width(TextRole::Axis, label);
-}
-
-f64 label_gap(const TickRequest& request, const TextMeasure& measure) {
-  return measure.height(TextRole::Axis) * (request.vertical ? 0.1 : 0.9);
-}
-
-bool labels_fit(const TickRequest& request, const TextMeasure& measure, const std::vector<Tick>& ticks) {
-  const f64 gap = label_gap(request, measure);
-  for (std::size_t i = 1; i < ticks.size(); ++i) {
-    const f64 distance =
-        std::abs(pixel_of(request.scale, ticks[i].value) - pixel_of(request.scale, ticks[i - 1].value));
-    const f64 needed =
-        (label_size(request, measure, ticks[i - 1].label) + label_size(request, measure, ticks[i].label)) /
-            2 +
-        gap;
-    if (distance < needed) return false;
-  }
-  return true;
-}
-
 // Values at whole multiples between the limits; a limit that misses a multiple by rounding alone has it.
 template <typename Multiple>
 std::vector<f64> multiples_between(const AxisScale& scale, f64 step, Multiple multiple) {
@@ -81,7 +57,7 @@ std::vector<Tick> labelled(const TickRequest& request, const std::vector<f64>& v
 }
 
 std::vector<f64> minor_values(const TickRequest& request, f64 step, f64 major_step) {
-  const f64 pixels = step / (request.scale.maximum - request.scale.minimum) * length_of(request);
+  const f64 pixels = step / (request.scale.maximum - request.scale.minimum) * axis_length(request);
   if (pixels < kMinorSpacing && !request.scale.logarithmic) return {};
   std::vector<f64> values =
       multiples_between(request.scale, step, [step](f64 count) { return count * step; });
@@ -95,7 +71,7 @@ std::vector<f64> minor_values(const TickRequest& request, f64 step, f64 major_st
 f64 least_step(const TickRequest& request, const TextMeasure& measure) {
   const AxisScale& scale = request.scale;
   const f64 line = measure.height(TextRole::Axis);
-  const f64 length = length_of(request);
+  const f64 length = axis_length(request);
   // A low axis gets its labels closer together, so that it still has some.
   const f64 spacing = request.vertical ? std::clamp(length / 8, line * 1.15, line * 2.8) : line * 4.5;
   const f64 span = scale.maximum - scale.minimum;
@@ -124,23 +100,11 @@ AxisTicks manual_ticks(const TickRequest& request, const TextMeasure& measure) {
   AxisTicks ticks;
   ticks.major = labelled(
       request, multiples_between(request.scale, line, [line](f64 count) { return count * line; }), line);
-  if (ticks.major.empty()) return ticks;
-  // Every line stays, labels are thinned out until they fit.
-  for (std::size_t every = 1; every < ticks.major.size(); ++every) {
-    std::vector<Tick> kept;
-    for (std::size_t i = 0; i < ticks.major.size(); i += every) kept.push_back(ticks.major[i]);
-    if (!labels_fit(request, measure, kept)) continue;
-    for (std::size_t i = 0; i < ticks.major.size(); ++i)
-      if (i % every != 0) ticks.major[i].label.clear();
-    break;
-  }
-  if (request.manual_tick > 0) ticks.minor = minor_values(request, request.manual_tick, line);
+  thin_out_labels(request, measure, ticks.major);
+  const bool room =
+      !request.scale.logarithmic || least_distance(request, request.manual_tick) >= kMinorSpacing;
+  if (request.manual_tick > 0 && room) ticks.minor = minor_values(request, request.manual_tick, line);
   return ticks;
-}
-
-bool manual_is_usable(const TickRequest& request) {
-  const f64 span = request.scale.maximum - request.scale.minimum;
-  return request.manual_line > 0 && span / request.manual_line <= length_of(request) / 4;
 }
 
 // A value on a logarithmic axis, exact for powers of ten.
@@ -171,7 +135,7 @@ std::vector<Tick> decade_ticks(const TickRequest& request, int every, const std:
 std::vector<f64> decade_minors(const TickRequest& request, int every, const std::vector<int>& parts) {
   const int first = static_cast<int>(std::floor(std::log10(request.scale.minimum)));
   const int last = static_cast<int>(std::ceil(std::log10(request.scale.maximum)));
-  const f64 decade_pixels = length_of(request) / std::log10(request.scale.maximum / request.scale.minimum);
+  const f64 decade_pixels = axis_length(request) / std::log10(request.scale.maximum / request.scale.minimum);
   std::vector<f64> values;
   for (int decade = first; decade <= last; ++decade) {
     if (every > 1 && ((decade % every) + every) % every != 0 && decade_pixels >= kMinorSpacing)
@@ -206,9 +170,9 @@ AxisTicks logarithmic_ticks(const TickRequest& request, const TextMeasure& measu
 }  // namespace
 
 AxisTicks number_ticks(const TickRequest& request, const TextMeasure& measure) {
-  if (!(length_of(request) >= 1)) return {};
-  if (request.scale.logarithmic) return logarithmic_ticks(request, measure);
+  if (!(axis_length(request) >= 1)) return {};
   if (manual_is_usable(request)) return manual_ticks(request, measure);
+  if (request.scale.logarithmic) return logarithmic_ticks(request, measure);
   return linear_ticks(request, measure);
 }
 

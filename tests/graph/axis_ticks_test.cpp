@@ -37,6 +37,12 @@ std::string date_labels(f64 minimum, f64 maximum, f64 pixels) {
   return labels_of(date_ticks(request_of(minimum, maximum, pixels), FixedMeasure()));
 }
 
+// The labels that are left when some were thinned out.
+std::string kept_labels_of(AxisTicks ticks) {
+  std::erase_if(ticks.major, [](const Tick& tick) { return tick.label.empty() && tick.day.empty(); });
+  return labels_of(ticks);
+}
+
 TEST(AxisTicksTest, StepsAreOneTwoOrFiveTimesAPowerOfTen) {
   EXPECT_EQ(number_labels(0, 10, 700), "0 1 2 3 4 5 6 7 8 9 10");
   EXPECT_EQ(number_labels(0, 10, 500), "0 2 4 6 8 10");
@@ -86,6 +92,33 @@ TEST(AxisTicksTest, AManualStepThatCrowdsTheAxisIsLeftAside) {
   EXPECT_EQ(labels_of(number_ticks(request, FixedMeasure())), "0 2 4 6 8 10");
 }
 
+TEST(AxisTicksTest, MoreManualLinesThanAnAxisCarriesAreLeftAside) {
+  TickRequest request = request_of(0, 3000, 20000);
+  request.manual_line = 1;
+  EXPECT_EQ(number_ticks(request, FixedMeasure()).major.size(), 301U);  // 10 apart
+}
+
+TEST(AxisTicksTest, ManualLinesStandOnALogarithmicAxis) {
+  TickRequest request = request_of(1, 1000, 700, 2);
+  request.manual_line = 100;
+  request.manual_tick = 50;
+  AxisTicks ticks = number_ticks(request, FixedMeasure());
+  EXPECT_EQ(ticks.major.size(), 10U);
+  // A label needs 34 pixels: 100 and 500 stand 163 apart, 500 and 900 60.
+  EXPECT_EQ(kept_labels_of(ticks), "100 500 900");
+  EXPECT_EQ(ticks.minor, (std::vector<f64>{50, 150, 250, 350, 450, 550, 650, 750, 850, 950}));
+  request.manual_tick = 20;  // 2 pixels at the end
+  EXPECT_TRUE(number_ticks(request, FixedMeasure()).minor.empty());
+}
+
+TEST(AxisTicksTest, ManualLinesThatALogarithmicAxisCannotCarryAreLeftAside) {
+  TickRequest request = request_of(1, 1000, 600, 2);
+  for (const f64 line : {5000.0, 1.0}) {
+    request.manual_line = line;
+    EXPECT_EQ(labels_of(number_ticks(request, FixedMeasure())), "1 2 5 10 20 50 100 200 500 1000") << line;
+  }
+}
+
 TEST(AxisTicksTest, LogarithmicAxisHasDecadesAndTheirParts) {
   EXPECT_EQ(number_labels(1, 1000, 600, 2), "1 2 5 10 20 50 100 200 500 1000");
   EXPECT_EQ(number_labels(1, 1000, 200, 2), "1 10 100 1000");
@@ -107,6 +140,61 @@ TEST(AxisTicksTest, DatesFallOnCalendarUnits) {
   EXPECT_EQ(date_labels(45290, 45294, 260), "30.12./2023 31.12. 01.01./2024 02.01. 03.01.");
   EXPECT_EQ(date_labels(45292, 45292 + 180, 300), "Jan/2024 Feb Mär Apr Mai Jun");
   EXPECT_EQ(date_labels(36526, 36526 + 3652, 500), "2000 2001 2002 2003 2004 2005 2006 2007 2008 2009");
+}
+
+TEST(AxisTicksTest, ManualLinesOfADateAxisCountInDays) {
+  TickRequest request = request_of(45292, 45293, 700);
+  request.manual_line = 0.25;
+  request.manual_tick = 1.0 / 12;
+  const AxisTicks ticks = date_ticks(request, FixedMeasure());
+  EXPECT_EQ(labels_of(ticks), "00:00/01.01.2024 06:00 12:00 18:00 00:00/02.01.2024");
+  ASSERT_EQ(ticks.minor.size(), 8U);
+  EXPECT_DOUBLE_EQ(ticks.minor[0], 45292 + 2 / 24.0);
+  EXPECT_DOUBLE_EQ(ticks.minor[2], 45292 + 8 / 24.0);
+}
+
+TEST(AxisTicksTest, ManualLinesOfADateAxisNameWhatTellsThemApart) {
+  const auto labels = [](f64 days, f64 line) {
+    TickRequest request = request_of(45291, 45291 + days, 500);
+    request.manual_line = line;
+    return labels_of(date_ticks(request, FixedMeasure()));
+  };
+  const f64 second = 1.0 / 86400;
+  EXPECT_EQ(labels(360 * second, 90 * second), "00:00:00/31.12.2023 00:01:30 00:03:00 00:04:30 00:06:00");
+  EXPECT_EQ(labels(6 * second, 1.5 * second),
+            "00:00:00.0/31.12.2023 00:00:01.5 00:00:03.0 00:00:04.5 00:00:06.0");
+  // 45291 is a multiple of 3 and of 1.5.
+  EXPECT_EQ(labels(7, 3), "31.12./2023 03.01./2024 06.01.");
+  EXPECT_EQ(labels(4.6, 1.5), "00:00/31.12.2023 12:00/01.01.2024 00:00/03.01.2024 12:00/04.01.2024");
+}
+
+TEST(AxisTicksTest, DaysStandAtTheLabelsThatWereKept) {
+  TickRequest request = request_of(45292, 45294, 300);
+  request.manual_line = 1.0 / 24;
+  const AxisTicks ticks = date_ticks(request, FixedMeasure());
+  EXPECT_EQ(ticks.major.size(), 49U);
+  // 6.25 pixels an hour, and a label needs 48.
+  EXPECT_EQ(kept_labels_of(ticks),
+            "00:00/01.01.2024 08:00 16:00 00:00/02.01.2024 08:00 16:00 00:00/03.01.2024");
+}
+
+TEST(AxisTicksTest, ManualLinesThatCrowdADateAxisAreLeftAside) {
+  TickRequest request = request_of(45291.75, 45292.25, 400);
+  for (const f64 line : {1e-6, 1e-13}) {
+    request.manual_line = line;
+    EXPECT_EQ(labels_of(date_ticks(request, FixedMeasure())), date_labels(45291.75, 45292.25, 400)) << line;
+  }
+}
+
+TEST(AxisTicksTest, PrefixAndSuffixStandAroundATime) {
+  TickRequest request = request_of(45292, 45293, 700);
+  request.format = parse_number_format("um |.00| Uhr");
+  // 84 pixels a label: every three hours, 87 apart, would be too close.
+  EXPECT_EQ(labels_of(date_ticks(request, FixedMeasure())),
+            "um 00:00 Uhr/01.01.2024 um 06:00 Uhr um 12:00 Uhr um 18:00 Uhr um 00:00 Uhr/02.01.2024");
+  request.manual_line = 0.5;
+  EXPECT_EQ(labels_of(date_ticks(request, FixedMeasure())),
+            "um 00:00 Uhr/01.01.2024 um 12:00 Uhr um 00:00 Uhr/02.01.2024");
 }
 
 TEST(AxisTicksTest, DatesBeforeDayZeroCount) {
@@ -142,6 +230,34 @@ TEST(AxisTicksTest, AnyRangeGivesReadableTicks) {
       ASSERT_GE(
           gap,
           (measure.width(TextRole::Axis, former) + measure.width(TextRole::Axis, ticks.major[i].label)) / 2);
+    }
+  }
+}
+
+// With any distances: ticks rise, lie inside, keep apart and are not too many, on every kind of axis.
+TEST(AxisTicksTest, AnyManualDistanceGivesReadableTicks) {
+  std::mt19937_64 random(8);
+  std::uniform_real_distribution<f64> exponent(-9, 4);
+  std::uniform_real_distribution<f64> part(-1, 1);
+  const FixedMeasure measure;
+  for (int round = 0; round < 3000; ++round) {
+    const f64 width = std::pow(10, exponent(random));
+    const f64 start = round % 3 == 0 ? width * 1e-3 : 45000 * part(random);
+    TickRequest request =
+        request_of(start, start + width, 150 + 1200 * std::abs(part(random)), 1 + round % 2);
+    request.manual_line = width * std::pow(10, exponent(random) / 4);
+    request.manual_tick = request.manual_line * std::abs(part(random));
+    for (const AxisTicks& ticks : {number_ticks(request, measure), date_ticks(request, measure)}) {
+      ASSERT_LE(ticks.major.size(), 1001U);
+      ASSERT_LE(ticks.minor.size(), 2000U);
+      for (std::size_t i = 0; i < ticks.major.size(); ++i) {
+        const f64 pixel = pixel_of(request.scale, ticks.major[i].value);
+        ASSERT_GE(pixel, -0.1);
+        ASSERT_LE(pixel, request.scale.last + 0.1);
+        if (i == 0) continue;
+        const f64 former = pixel_of(request.scale, ticks.major[i - 1].value);
+        ASSERT_GE(pixel - former, 3.9) << start << " " << width;
+      }
     }
   }
 }

@@ -1,0 +1,25 @@
+#pragma once
+
+#include <vector>
+
+#include "graph/axis_ticks.h"
+
+namespace trendaro {
+
+// Length of the axis in pixels.
+f64 axis_length(const TickRequest& request);
+
+// Pixels between two ticks that lie `step` apart, where they are closest.
+f64 least_distance(const TickRequest& request, f64 step);
+
+// Whether lines at the manual distance stand apart, as pixels and as numbers, and a logarithmic axis reaches
+// the first one.
+bool manual_is_usable(const TickRequest& request);
+
+// Whether no label touches the one before it.
+bool labels_fit(const TickRequest& request, const TextMeasure& measure, const std::vector<Tick>& ticks);
+
+// Takes labels away, evenly and with their second lines, until the rest fit. Every tick stays.
+void thin_out_labels(const TickRequest& request, const TextMeasure& measure, std::vector<Tick>& ticks);
+
+}  // namespace trendaro
