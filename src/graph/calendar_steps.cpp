@@ -51,17 +51,26 @@ std::string formatted(const char* pattern, Numbers... numbers) {
   return text.data();
 }
 
-// With as many parts as tell the ticks of a step apart.
-std::string time_label(f64 seconds, f64 step) {
-  const int decimals = decimals_of_step(step);
+// A moment to the part of a second that tells the ticks of a step apart.
+Moment rounded(const Moment& moment, int decimals) {
   const f64 unit = std::pow(10.0, decimals);
-  const f64 rounded = std::round(seconds * unit) / unit;
-  const int whole = static_cast<int>(std::floor(rounded + 1e-9));
+  const f64 seconds = std::round(moment.seconds * unit) / unit;
+  return seconds < kDaySeconds ? Moment{moment.day, seconds} : Moment{moment.day + 1, 0};
+}
+
+std::string time_label(f64 seconds, f64 step, int decimals) {
+  const int whole = static_cast<int>(std::floor(seconds + 1e-9));
   if (is_multiple(step, 60)) return formatted("%02d:%02d", whole / 3600, whole / 60 % 60);
   std::string text = formatted("%02d:%02d:%02d", whole / 3600, whole / 60 % 60, whole % 60);
   if (decimals == 0) return text;
-  const auto parts = static_cast<long>(std::llround((rounded - whole) * unit));
+  const auto parts = static_cast<long>(std::llround((seconds - whole) * std::pow(10.0, decimals)));
   return text + formatted(".%0*ld", decimals, parts);
+}
+
+std::string day_label(const Moment& moment) {
+  const year_month_day date = calendar_day(moment.day);
+  return formatted("%02u.%02u.%04d", static_cast<unsigned>(date.day()), static_cast<unsigned>(date.month()),
+                   static_cast<int>(date.year()));
 }
 
 std::string month_name(unsigned number) {
@@ -72,17 +81,19 @@ std::string month_name(unsigned number) {
 
 // The label and its second line.
 Tick labelled(const Moment& moment, const CalendarStep& step) {
+  if (step.unit == CalendarUnit::Seconds) {
+    const int decimals = decimals_of_step(step.count);
+    const Moment named = rounded(moment, decimals);
+    return {moment.value(), time_label(named.seconds, step.count, decimals), day_label(named)};
+  }
   const year_month_day date = calendar_day(moment.day);
-  const auto day_of_month = static_cast<unsigned>(date.day());
   const auto month_of_year = static_cast<unsigned>(date.month());
-  const int in_year = static_cast<int>(date.year());
-  if (step.unit == CalendarUnit::Seconds)
-    return {moment.value(), time_label(moment.seconds, step.count),
-            formatted("%02u.%02u.%04d", day_of_month, month_of_year, in_year)};
+  const std::string in_year = formatted("%d", static_cast<int>(date.year()));
   if (step.unit != CalendarUnit::Months)
-    return {moment.value(), formatted("%02u.%02u.", day_of_month, month_of_year), formatted("%d", in_year)};
-  if (step.count < 12) return {moment.value(), month_name(month_of_year), formatted("%d", in_year)};
-  return {moment.value(), formatted("%d", in_year), {}};
+    return {moment.value(), formatted("%02u.%02u.", static_cast<unsigned>(date.day()), month_of_year),
+            in_year};
+  if (step.count < 12) return {moment.value(), month_name(month_of_year), in_year};
+  return {moment.value(), in_year, {}};
 }
 
 }  // namespace

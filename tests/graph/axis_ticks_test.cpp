@@ -168,6 +168,13 @@ TEST(AxisTicksTest, ManualLinesOfADateAxisNameWhatTellsThemApart) {
   EXPECT_EQ(labels(4.6, 1.5), "00:00/31.12.2023 12:00/01.01.2024 00:00/03.01.2024 12:00/04.01.2024");
 }
 
+TEST(AxisTicksTest, ATimeThatRoundsToMidnightBelongsToTheNextDay) {
+  TickRequest request = request_of(45292, 45293, 500);
+  request.manual_line = 0.3333333;  // 28799.997 s
+  EXPECT_EQ(labels_of(date_ticks(request, FixedMeasure())),
+            "00:00:00/01.01.2024 08:00:00 16:00:00 00:00:00/02.01.2024");
+}
+
 TEST(AxisTicksTest, DaysStandAtTheLabelsThatWereKept) {
   TickRequest request = request_of(45292, 45294, 300);
   request.manual_line = 1.0 / 24;
