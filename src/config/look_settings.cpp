@@ -31,6 +31,12 @@ i16 entry_of(const std::array<i32, Count>& styles, i32 style) {
   return found == styles.end() ? i16{-1} : static_cast<i16>(std::distance(styles.begin(), found));
 }
 
+// A graph without minor lines may still have its minor ticks, as at the start.
+i16 minor_grid_entry(const GraphProperties& graph) {
+  const bool has_grid = graph.TicksOn && graph.TickSetting != kMinorNone;
+  return has_grid ? entry_of(kMinorStyles, graph.TickSetting) : kNoGrid;
+}
+
 template <typename Write>
 void change_both(Model& model, Write write) {
   for (GraphSurface* graph : {&model.PESG, &model.PESGSurvey}) {
@@ -76,8 +82,7 @@ void tick_look(Model& model) {
   tick_only(model.controls, "mnuSym", kSymbolSizes, graph.DataPointSize);
   tick_only(model.controls, "mnuGridStyle", static_cast<i32>(kGridStyles.size()),
             has_grid ? entry_of(kGridStyles, graph.GridStyle) : kNoGrid);
-  tick_only(model.controls, "mnuTicks", static_cast<i32>(kMinorStyles.size()),
-            graph.TicksOn ? entry_of(kMinorStyles, graph.TickSetting) : kNoGrid);
+  tick_only(model.controls, "mnuTicks", static_cast<i32>(kMinorStyles.size()), minor_grid_entry(graph));
 }
 
 }  // namespace trendaro

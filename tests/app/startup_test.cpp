@@ -84,10 +84,10 @@ TEST_F(StartupTest, FirstRunShowsTheDefaults) {
   EXPECT_EQ(model.PESG.shown().SubTitle, "komprimierte Daten");
   EXPECT_EQ(model.PESGSurvey.shown().MainTitle, "Übersicht");
   EXPECT_EQ(model.PESGSurvey.shown().SubTitle, "");
-  EXPECT_THAT(ticked(model),
-              ElementsAre("mnuAxAutoTitle", "mnuCursorOff", "mnuCursorPosRight", "mnuCurveCache",
-                          "mnuFSize(1)", "mnuGridStyle(1)", "mnuLegendPos(1)", "mnuShowDatasourceGrid",
-                          "mnuShowSurvGraph", "mnuSym(0)", "mnuTUnit(1)", "mnuUseCompression"));
+  EXPECT_THAT(ticked(model), ElementsAre("mnuAxAutoTitle", "mnuCursorOff", "mnuCursorPosRight",
+                                         "mnuCurveCache", "mnuFSize(1)", "mnuGridStyle(1)", "mnuLegendPos(1)",
+                                         "mnuShowDatasourceGrid", "mnuShowSurvGraph", "mnuSym(0)",
+                                         "mnuTUnit(1)", "mnuTicks(0)", "mnuUseCompression"));
   EXPECT_TRUE(model.AxisAutoTitle);
   EXPECT_THAT(run.shell.calls, IsEmpty());
 }

@@ -76,11 +76,19 @@ TEST_F(LookSettingsTest, MinorGridGoesWithTheTicksOfThreeLayers) {
   }
 }
 
+TEST_F(LookSettingsTest, AGraphWithoutMinorLinesTicksNone) {
+  ASSERT_TRUE(model.PESG.pending.TicksOn);
+  tick_look(model);
+  EXPECT_EQ(ticked("mnuTicks", 5), "0");
+}
+
 TEST_F(LookSettingsTest, ALookThatNoEntryHasTicksNone) {
   model.PESG.pending.GridStyle = 17;
+  model.PESG.pending.TickSetting = 17;
   model.PESG.pending.FontSizeClass = 40;
   tick_look(model);
   EXPECT_EQ(ticked("mnuGridStyle", 6), "");
+  EXPECT_EQ(ticked("mnuTicks", 5), "");
   EXPECT_EQ(ticked("mnuFSize", 3), "");
 }
 
