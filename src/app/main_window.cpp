@@ -1,5 +1,6 @@
 #include "app/main_window.h"
 
+#include <QBackingStore>
 #include <QCloseEvent>
 #include <QComboBox>
 #include <QDragEnterEvent>
@@ -104,10 +105,19 @@ void Kelmira::mirror() {
 }
 
 void Kelmira::connect_menus() {
-  connect(menu_bar_, &MenuBar::command_chosen, this,
-          [this](const QByteArray& name) { run([&] { run_command(model_, name.constData()); }); });
+  connect(menu_bar_, &MenuBar::command_chosen, this, [this](const QByteArray& name) {
+    wipe_menu_off();
+    run([&] { run_command(model_, name.constData()); });
+  });
   connect(menu_bar_, &MenuBar::menu_opening, this,
           [this](const QByteArray& name) { run([&] { open_menu(model_, name.constData()); }); });
+}
+
+// A closed menu stays on screen until the event loop goes on, and a command may keep that waiting: for an
+// import, or for a dialog of a host in another process.
+void Kelmira::wipe_menu_off() {
+  menu_bar_->repaint();
+  if (QBackingStore* painted = backingStore()) painted->flush(rect());
 }
 
 void Kelmira::connect_tool_bar() {

@@ -52,6 +52,7 @@ class Kelmira : public QMainWindow {
   void connect_graph(GraphWidget& widget, const GraphSurface& graph);
   void guarded(const std::function<void()>& handler);
   void follow_graph(const GraphSurface& graph, const GraphEvent& event);
+  void wipe_menu_off();
   void open_channel_menu(int row, int column, const QPoint& global_position);
   void remove_active_file();
   void open_dropped(const std::vector<std::string>& paths);

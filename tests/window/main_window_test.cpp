@@ -2,10 +2,12 @@
 #include <QDropEvent>
 #include <QLineEdit>
 #include <QMenu>
+#include <QMenuBar>
 #include <QMimeData>
 #include <QToolButton>
 #include <map>
 
+#include "window/paintings.h"
 #include "window/window_fixture.h"
 
 namespace trendaro {
@@ -57,6 +59,21 @@ TEST_F(MainWindowTest, ClickOnANameMakesTheRowActiveAndMarksNothing) {
   click_cell(2, 3);
   EXPECT_EQ(model.Grid.active_row, 3);
   EXPECT_EQ(model.NofPlots, 0);
+}
+
+// A command may keep the event loop waiting for long.
+TEST_F(MainWindowTest, MenuBarIsDrawnWithoutItsMenuAheadOfTheCommand) {
+  auto* bar = new Paintings(window->menuBar());
+  int ahead_of_the_message = 0;
+  user.during_message = [&] { ahead_of_the_message = bar->count; };
+  model.MaxDatabaseChannels = 1;  // so that the command finds another size and says so
+  QMenu* menu = find<QMenu>("mnuDB");
+  window->menuBar()->setActiveAction(menu->menuAction());
+  QApplication::processEvents();
+  bar->count = 0;
+  menu->setActiveAction(find<QAction>("mnuDBConfig"));
+  QTest::keyClick(menu, Qt::Key_Return);
+  EXPECT_GT(ahead_of_the_message, 0);
 }
 
 TEST_F(MainWindowTest, CursorKeysReachTheZoomFromAnywhereInTheWindow) {

@@ -3,6 +3,7 @@
 #include <QLabel>
 #include <QProgressBar>
 
+#include "window/paintings.h"
 #include "window/window_fixture.h"
 
 namespace trendaro {
@@ -20,19 +21,6 @@ TEST_F(StatusBarTest, PanelsShowTheirTexts) {
   EXPECT_EQ(find<QLabel>("sbStatus(1)")->text(), QStringLiteral("Datei wird gelesen <b>"));
   EXPECT_EQ(find<QLabel>("sbStatus(2)")->text(), QStringLiteral("4711"));
 }
-
-// Counts the paintings of a widget.
-class Paintings : public QObject {
- public:
-  explicit Paintings(QWidget* widget) : QObject(widget) { widget->installEventFilter(this); }
-  int count = 0;
-
- protected:
-  bool eventFilter(QObject*, QEvent* event) override {
-    count += event->type() == QEvent::Paint ? 1 : 0;
-    return false;
-  }
-};
 
 TEST_F(StatusBarTest, ChangesAreDrawnWithoutTheEventLoop) {
   auto* text = new Paintings(find<QLabel>("sbStatus(1)"));
