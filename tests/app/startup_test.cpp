@@ -188,8 +188,6 @@ TEST_F(StartupTest, PressedZoomModeEndsWithTheRun) {
     first.model.PESG.pending.ZoomAxisTop = 2;
     first.model.PESG.pending.ZoomAxisBottom = 1;
     unload_main_window(first.model);
-    ASSERT_EQ(first.model.PESG.pending.AllowZooming, 3);
-    ASSERT_EQ(first.model.PESGSurvey.pending.AllowZooming, 1);
   }
   ProgramRun second(folder);
   load_main_window(second.model);
