@@ -13,11 +13,6 @@ constexpr f64 kBoldGridShare = 0.22;
 constexpr f64 kMinorGridShare = 0.35;  // of the minor grid's own colour
 constexpr f64 kLeastEdgeDistance = 1.5;
 
-struct GridPen {
-  QPen pen;
-  f64 width = 1;
-};
-
 QPen styled(const QColor& color, i32 style) {
   QPen pen(color);
   if (style == kGridDotted) pen.setDashPattern({1, 3});
@@ -29,19 +24,6 @@ QPen styled(const QColor& color, i32 style) {
 // Broken lines carry less colour, so they take a stronger one.
 f64 share_of(i32 style, f64 share) {
   return style == kGridSolid || style == kGridBold || style == kMinorSolid ? share : std::min(1.0, share * 2);
-}
-
-GridPen major_pen(const GraphProperties& shown) {
-  const bool bold = shown.GridStyle == kGridBold;
-  const f64 share = share_of(shown.GridStyle, bold ? kBoldGridShare : kGridShare);
-  const QColor color = blended(graph_color(shown.GraphForeColor), graph_color(shown.GraphBackColor), share);
-  return {styled(color, shown.GridStyle), bold ? 2.0 : 1.0};
-}
-
-GridPen minor_pen(const GraphProperties& shown) {
-  const QColor color = blended(graph_color(shown.MinorGridColor), graph_color(shown.GraphBackColor),
-                               share_of(shown.TickSetting, kMinorGridShare));
-  return {styled(color, shown.TickSetting), 1};
 }
 
 void draw_upright_lines(QPainter& painter, const std::vector<f64>& pixels, const PixelRectangle& area,
@@ -67,7 +49,7 @@ void paint_minor_grid(QPainter& painter, const GraphProperties& shown, const Gra
                       const LayerLayout& layer) {
   const bool drawable = shown.TickSetting >= kGridDotted && shown.TickSetting <= kMinorSolid;
   if (!drawable) return;
-  const GridPen pen = minor_pen(shown);
+  const GridPen pen = minor_grid_pen(shown);
   if (shown.TicksOn) draw_upright_lines(painter, layout.x_axis.minor, layer.area, pen);
   if (shown.layers[layer.layer].AxisTicksOn)
     draw_level_lines(painter, grid_axis(layer).minor, layer.area, pen);
@@ -75,7 +57,7 @@ void paint_minor_grid(QPainter& painter, const GraphProperties& shown, const Gra
 
 void paint_major_grid(QPainter& painter, const GraphProperties& shown, const GraphLayout& layout,
                       const LayerLayout& layer) {
-  const GridPen pen = major_pen(shown);
+  const GridPen pen = major_grid_pen(shown);
   const i32 control = shown.GridLineControl;
   if (control == kGridBoth || control == kGridOfXAxis)
     draw_upright_lines(painter, layout.x_axis.major, layer.area, pen);
@@ -84,6 +66,19 @@ void paint_major_grid(QPainter& painter, const GraphProperties& shown, const Gra
 }
 
 }  // namespace
+
+GridPen major_grid_pen(const GraphProperties& shown) {
+  const bool bold = shown.GridStyle == kGridBold;
+  const f64 share = share_of(shown.GridStyle, bold ? kBoldGridShare : kGridShare);
+  const QColor color = blended(graph_color(shown.GraphForeColor), graph_color(shown.GraphBackColor), share);
+  return {styled(color, shown.GridStyle), bold ? 2.0 : 1.0};
+}
+
+GridPen minor_grid_pen(const GraphProperties& shown) {
+  const QColor color = blended(graph_color(shown.MinorGridColor), graph_color(shown.GraphBackColor),
+                               share_of(shown.TickSetting, kMinorGridShare));
+  return {styled(color, shown.TickSetting), 1};
+}
 
 void paint_backgrounds(QPainter& painter, const GraphProperties& shown, const GraphLayout& layout) {
   const DeviceGrid grid(painter);
