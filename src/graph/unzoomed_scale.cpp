@@ -29,6 +29,7 @@ void hold_unzoomed_scale(Model& model) {
   UnzoomedScale& scale = model.unzoomed_scale;
   const GraphProperties& graph = model.PESG.pending;
   scale.held = true;
+  scale.x_held = false;
   scale.low_x = graph.ManualMinX;
   scale.high_x = graph.ManualMaxX;
   for (std::size_t i = 0; i < scale.left.size(); ++i) {
@@ -57,6 +58,11 @@ void restore_unzoomed_scale(Model& model) {
       restore_right(graph.layers[i - stored], scale.right[i]);
     }
   }
+}
+
+void forget_unzoomed_scale(Model& model) {
+  if (model.unzoomed_scale.x_held) model.PESG.pending.ManualScaleControlX = 0;
+  model.unzoomed_scale.held = model.unzoomed_scale.x_held = false;
 }
 
 bool zoom_to_unzoomed_scale(Model& model) {

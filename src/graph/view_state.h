@@ -47,6 +47,7 @@ struct UnzoomedScale {
   };
   bool held = false;
   f64 low_x = 0, high_x = 0;
+  bool x_held = false;              // x was scaled automatically, and the zoom holds its section
   std::array<Axis, 3> left, right;  // index: layer from 0
 };
 

@@ -21,6 +21,7 @@ constexpr i16 kHorizontal = 1;
 constexpr i16 kVertical = 2;
 constexpr i16 kBoth = 3;
 constexpr i16 kLastLayer = 2;
+constexpr i16 kManualRange = 3;
 
 void take_y_limits(Model& model) {
   const LayerProperties& layer = zoomed_layer(model, model.PESG);
@@ -69,10 +70,18 @@ void redraw_section(Model& model) {
   PEactions(model.PESG, kRedrawFromSettings);
 }
 
-bool plain_curve_on_show(const Model& model) {
+bool curve_on_show(const Model& model, bool plain) {
   return std::ranges::any_of(model.Plots, [&](const PlotRecord& plot) {
-    return plot.FileKind == kKindPlain && on_show(model, plot);
+    return (plot.FileKind == kKindPlain) == plain && on_show(model, plot);
   });
+}
+
+// A reduced curve beside the section of a compressed one would widen an automatic x axis to its own length.
+void hold_automatic_x(Model& model) {
+  GraphProperties& graph = model.PESG.pending;
+  if (graph.ManualScaleControlX != 0 || !curve_on_show(model, false)) return;
+  graph.ManualScaleControlX = kManualRange;
+  model.unzoomed_scale.x_held = true;
 }
 
 void count_hidden_plots(Model& model) {
@@ -128,8 +137,9 @@ void end_main_zoom(Model& model) {
     DataZoom(model);
   }
   model.Zoomed = true;
-  if (model.DisplayCompression && plain_curve_on_show(model)) {
+  if (model.DisplayCompression && curve_on_show(model, true)) {
     graph.ZoomActive = false;
+    hold_automatic_x(model);
     RedrawKMGraph(model, false);
     model.PESG.curves_of_section = true;
   } else if (!vertical) {

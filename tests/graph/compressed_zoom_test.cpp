@@ -207,6 +207,39 @@ TEST_F(MixedZoomTest, BandOverTheEnvelopeAloneIsTakenBack) {
   EXPECT_EQ(model.PESG.shown().SubsetCount, 2);
 }
 
+TEST_F(MixedZoomTest, AutomaticXKeepsToTheBandUntilTheReset) {
+  for (int time = 0; time < 2; ++time) {
+    band(50, 60, 0, 1);
+    expect_x(50, 60);
+    band(52, 55, 0, 1);
+    expect_x(52, 55);
+    EXPECT_TRUE(undo());
+    EXPECT_LE(model.PESG.shown().ManualMinX, 0);
+    EXPECT_GE(model.PESG.shown().ManualMaxX, 199.9);
+    click_tool(model, "TB_ZOOMFIX");
+    EXPECT_EQ(model.PESG.shown().ManualScaleControlX, 0);
+    click_tool(model, "TB_ZOOMRECT");
+  }
+}
+
+TEST_F(MixedZoomTest, AutomaticXIsBackThoughTheCompressedCurveIsGone) {
+  band(50, 60, 0, 1);
+  model.DisplayCompression = false;
+  click_tool(model, "TB_ZOOMFIX");
+  EXPECT_EQ(model.PESG.shown().ManualScaleControlX, 0);
+}
+
+TEST_F(MixedZoomTest, ManualXStaysManual) {
+  model.PESG.pending.ManualScaleControlX = 3;
+  model.PESG.pending.ManualMinX = -5;
+  model.PESG.pending.ManualMaxX = 300;
+  band(50, 60, 0, 1);
+  expect_x(50, 60);
+  click_tool(model, "TB_ZOOMFIX");
+  EXPECT_EQ(model.PESG.shown().ManualScaleControlX, 3);
+  expect_x(-5, 300);
+}
+
 TEST_F(MixedZoomTest, BandOverThePlainSignalIsComputedAnew) {
   for (const i16 highest : {i16{0}, i16{1}}) {
     band(50, 60, 0, highest);
