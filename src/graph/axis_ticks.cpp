@@ -10,7 +10,6 @@
 namespace trendaro {
 namespace {
 
-constexpr f64 kMinorSpacing = 5;  // pixels
 constexpr std::size_t kMostTicks = 2000;
 
 // A distance of m x 10^e, with m from 1, 2, 5.

@@ -10,7 +10,6 @@ namespace trendaro {
 namespace {
 
 constexpr f64 kFarthestDay = 3e6;  // beyond the years that a calendar names
-constexpr f64 kMinorSpacing = 5;
 
 // From parts of a second, told apart by decimals, to centuries.
 constexpr std::array kSteps = {

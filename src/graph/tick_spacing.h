@@ -6,6 +6,9 @@
 
 namespace trendaro {
 
+// Pixels that minor ticks keep apart.
+inline constexpr f64 kMinorSpacing = 5;
+
 // Length of the axis in pixels.
 f64 axis_length(const TickRequest& request);
 
