@@ -6,6 +6,8 @@
 #include <gtest/gtest.h>
 
 #include "app/memory_host.h"
+#include "graph/graph_layout.h"
+#include "support/fixed_measure.h"
 #include "support/plot_fixture.h"
 #include "support/recorder_builder.h"
 
@@ -137,6 +139,27 @@ TEST_F(MainRedrawTest, RightAxisIsAThousandAboveTheMethod) {
   EXPECT_EQ(model.MainAxisTitles[3], "kN");
   EXPECT_TRUE(shown().layers[0].ShowRYAxis);
   EXPECT_EQ(shown().layers[0].RYAxisLabel, "kN");
+}
+
+TEST_F(MainRedrawTest, RightAxisShowsWhereRightCurvesAreAndTheFirstLayersAreHidden) {
+  const auto path = write("a.dat", curve_file({{.samples = {1, 2}}, {.samples = {8, 9}}}));
+  add_plot(path, 1, kKindPlain, 2).Layer = 1;
+  PlotRecord& right = add_plot(path, 2, kKindPlain, 2);
+  right.Layer = 2;
+  right.RightAxis = 1;
+  model.LayerPlotCount = {1, 1, 0};
+  model.LayerRightPlotCount[2] = 1;
+  const auto sides = [&] {
+    std::string shows;
+    for (const LayerLayout& layer : graph_layout(shown(), 600, 400, FixedMeasure()).layers)
+      shows += layer.shows_right ? 'r' : layer.has_left ? 'l' : '-';
+    return shows;
+  };
+  RedrawKMGraph(model, false);
+  EXPECT_EQ(sides(), "lr");
+  model.FirstLayer = 1;
+  RedrawKMGraph(model, false);
+  EXPECT_EQ(sides(), "r");
 }
 
 TEST_F(MainRedrawTest, PairsAreInterleavedMinimumFirst) {
