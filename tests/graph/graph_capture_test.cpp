@@ -1,7 +1,7 @@
 // What a set-up keeps, held against every property there is.
 
-#include <array>
 #include <string>
+#include <vector>
 
 #include <gtest/gtest.h>
 

@@ -1,8 +1,10 @@
 // What the settings of letters, symbols, lines and grids stand for, as data of the painters.
 
-#include <QFontInfo>
 #include <QImage>
+#include <algorithm>
 #include <set>
+#include <string>
+#include <vector>
 
 #include <gtest/gtest.h>
 
