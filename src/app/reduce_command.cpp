@@ -1,23 +1,12 @@
 #include "app/reduce_command.h"
 
-#include <filesystem>
-
+#include "app/target_refusal.h"
 #include "app/terminal_progress.h"
 #include "files/reduce_handlers.h"
 #include "files/reducer.h"
 
 namespace trendaro {
 namespace {
-
-// Why the target may not be written; empty when it may.
-std::string refusal(const ReduceCommand& command, const std::string& target) {
-  std::error_code ignored;
-  if (std::filesystem::equivalent(command.source, target, ignored))
-    return "Quelldatei und Zieldatei sind dieselbe Datei: " + target;
-  if (!command.force && std::filesystem::exists(std::filesystem::symlink_status(target, ignored)))
-    return "Zieldatei existiert bereits: " + target;
-  return {};
-}
 
 ReduceStatus reduce(const ReduceCommand& command, const std::string& target, std::ostream& errors,
                     bool errors_is_terminal) {
@@ -31,7 +20,7 @@ ReduceStatus reduce(const ReduceCommand& command, const std::string& target, std
 
 int run_reduce(const ReduceCommand& command, std::ostream& errors, bool errors_is_terminal) {
   const std::string target = command.target.empty() ? reduced_file_name(command.source) : command.target;
-  if (const std::string reason = refusal(command, target); !reason.empty()) {
+  if (const std::string reason = target_refusal(command.source, target, command.force); !reason.empty()) {
     errors << reason << '\n';
     return 1;
   }

@@ -1,13 +1,10 @@
 #include "app/section_command.h"
 
-#include <filesystem>
-#include <system_error>
-
+#include "app/target_refusal.h"
 #include "app/terminal_progress.h"
 #include "files/section_writer.h"
 
 namespace trendaro {
-
 namespace {
 
 SectionStatus write(const SectionCommand& command, const Progress& progress) {
@@ -23,18 +20,14 @@ SectionStatus write_section(const SectionCommand& command, std::ostream& errors,
 }  // namespace
 
 int run_section(const SectionCommand& command, std::ostream& errors, bool errors_is_terminal) {
-  std::error_code ignored;
-  if (std::filesystem::equivalent(command.source, command.target, ignored)) {
-    errors << "Quelldatei und Zieldatei sind dieselbe Datei: " << command.target << "\n";
-    return 1;
-  }
-  if (!command.force && std::filesystem::exists(std::filesystem::symlink_status(command.target, ignored))) {
-    errors << "Zieldatei existiert bereits: " << command.target << "\n";
+  const std::string reason = target_refusal(command.source, command.target, command.force);
+  if (!reason.empty()) {
+    errors << reason << '\n';
     return 1;
   }
   const SectionStatus status = write_section(command, errors, errors_is_terminal);
   if (status == SectionStatus::Done) return 0;
-  errors << section_failure_text(status) << "\n";
+  errors << section_failure_text(status) << '\n';
   return 1;
 }
 
