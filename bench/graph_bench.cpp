@@ -1,4 +1,5 @@
-// What painting costs, each figure against what the machine can do in the same run. Drawn off screen.
+// What painting costs, each figure against what the machine can do in the same run. Drawn off screen. An
+// argument chooses one part: cursor, curves, frames or hand-over.
 #include <QGuiApplication>
 #include <QImage>
 #include <algorithm>
@@ -8,11 +9,11 @@
 #include <string>
 #include <vector>
 
-#include "graph/curve_index.h"
 #include "graph/curve_strokes.h"
 #include "graph/graph_painter.h"
 #include "graph/graph_surface.h"
 #include "graph/painters/sharp_lines.h"
+#include "graph/run_extremes.h"
 #include "timing.h"
 
 namespace trendaro::bench {
@@ -37,11 +38,12 @@ void compare(const char* words, f64 most, int runs, const std::function<void()>&
   std::printf("%-52s%10.2f%10.2f%8.2f%9.2f\n", words, own, best, own / best, most);
 }
 
-f32 signal(std::size_t index) {
+// The same course however many points it is told with, so that pictures of any of them look alike.
+f32 signal(std::size_t index, std::size_t points) {
   const auto place = static_cast<u32>(index);
   const u32 noise = place * 2654435761U;
-  return static_cast<f32>(std::sin(static_cast<f64>(index) * 1e-5) * 100) +
-         static_cast<f32>(noise >> 24) * 0.1F;
+  const f64 part = static_cast<f64>(index % points) / static_cast<f64>(points);
+  return static_cast<f32>(std::sin(part * 1000) * 100) + static_cast<f32>(noise >> 24) * 0.1F;
 }
 
 void give_curves(GraphSurface& graph, std::size_t points, i32 curves) {
@@ -49,7 +51,7 @@ void give_curves(GraphSurface& graph, std::size_t points, i32 curves) {
   FlatArray y(x.size());
   for (std::size_t i = 0; i < x.size(); ++i) {
     x[i] = static_cast<f32>(i % points);
-    y[i] = signal(i);
+    y[i] = signal(i, points);
   }
   graph.pending.SubsetCount = curves;
   graph.pending.PointCount = static_cast<i32>(points);
@@ -81,7 +83,7 @@ GraphSurface ready_columns(const GraphSurface& graph, f64 first, f64 last, int c
     const auto from = static_cast<std::size_t>(first + (last - first) * column / columns);
     const auto to =
         std::max(from + 1, static_cast<std::size_t>(first + (last - first) * (column + 1) / columns));
-    const PointExtent extent = extent_of_points(graph.shown(), *graph.shown().curve_index, 0, from, to);
+    const PointExtent extent = extent_of_run(curve_samples(graph.shown(), 0), from, to);
     x.insert(x.end(), {static_cast<f32>(from), static_cast<f32>(from)});
     y.insert(y.end(), {extent.y_low, extent.y_high});
   }
@@ -214,12 +216,17 @@ void compare_cursor_step() {
       });
 }
 
-void run() {
+void run(const std::string& wanted) {
+  const struct {
+    const char* name;
+    void (*compare)();
+  } parts[] = {{"cursor", compare_cursor_step},
+               {"curves", compare_many_curves},
+               {"frames", compare_frames},
+               {"hand-over", compare_hand_over}};
   std::printf("%-52s%10s%10s%8s%9s\n", "work / limit", "ms", "limit ms", "ratio", "at most");
-  compare_cursor_step();
-  compare_many_curves();
-  compare_frames();
-  compare_hand_over();
+  for (const auto& part : parts)
+    if (wanted.empty() || wanted == part.name) part.compare();
 }
 
 }  // namespace
@@ -228,6 +235,6 @@ void run() {
 int main(int argument_count, char** arguments) {
   qputenv("QT_QPA_PLATFORM", "offscreen");
   const QGuiApplication application(argument_count, arguments);
-  trendaro::bench::run();
+  trendaro::bench::run(argument_count > 1 ? arguments[1] : "");
   return 0;
 }

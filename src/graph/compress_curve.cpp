@@ -122,11 +122,14 @@ void write_pair(const SampleExtremes& extremes, PointWriter& writer) {
 // Blocks of neighbours can be looked up or scanned as a whole.
 void write_pairs_of_neighbours(const View& view, const PlainCurve& samples, std::size_t pair_block,
                                PointWriter& writer) {
+  if (samples.index != nullptr) {
+    std::vector<std::size_t> stops;
+    for (std::size_t stop = view.first; stop <= view.last; stop += pair_block) stops.push_back(stop);
+    for (const SampleExtremes& extremes : sample_extremes_of_runs(samples.y, *samples.index, stops))
+      write_pair(extremes, writer);
+    return;
+  }
   for (std::size_t first = view.first; view.last - first >= pair_block; first += pair_block) {
-    if (samples.index != nullptr) {
-      write_pair(find_sample_extremes(samples.y, *samples.index, first, first + pair_block), writer);
-      continue;
-    }
     SampleExtremes extremes = extremes_of(samples.y[first], first);
     add_samples(extremes, samples.y.subspan(first, pair_block), first);
     write_pair(extremes, writer);

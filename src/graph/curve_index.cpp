@@ -3,9 +3,8 @@
 #include <algorithm>
 #include <cmath>
 
-#include <experimental/simd>
-
 #include "graph/graph_properties.h"
+#include "graph/lanes.h"
 
 namespace trendaro {
 namespace {
@@ -24,21 +23,11 @@ bool counts(const CurveView<X>& view, X x, f32 y) {
   return std::isfinite(x) && std::isfinite(y) && x != view.null_x && y != view.null_y;
 }
 
-template <typename X>
-PointExtent extent_of_few(const CurveView<X>& view, std::size_t first, std::size_t last) {
+// Of a few points or a block.
+struct BlockExtent {
   PointExtent extent;
-  for (std::size_t i = first; i < last; ++i) {
-    if (!counts(view, view.x[i], view.y[i])) {
-      extent.has_gap = true;
-      continue;
-    }
-    extent.x_low = std::min(extent.x_low, static_cast<f64>(view.x[i]));
-    extent.x_high = std::max(extent.x_high, static_cast<f64>(view.x[i]));
-    extent.y_low = std::min(extent.y_low, view.y[i]);
-    extent.y_high = std::max(extent.y_high, view.y[i]);
-  }
-  return extent;
-}
+  bool has_gap = false;  // one of the points does not count
+};
 
 // Which ways x goes from one point that counts to the next.
 template <typename X>
@@ -58,19 +47,19 @@ struct XOrder {
 };
 
 template <typename X>
-PointExtent extent_of_few(const CurveView<X>& view, std::size_t first, std::size_t last, XOrder<X>& order) {
-  for (std::size_t i = first; i < last; ++i)
-    if (counts(view, view.x[i], view.y[i])) order.take(view.x[i]);
-  return extent_of_few(view, first, last);
-}
-
-// Values that are looked at together. Spelled out, for the compiler does not find them in loops this short.
-template <typename T>
-using Lanes = std::experimental::native_simd<T>;
-
-template <typename T>
-Lanes<T> load(const T* from) {
-  return Lanes<T>(from, std::experimental::element_aligned);
+BlockExtent extent_of_few(const CurveView<X>& view, std::size_t first, std::size_t last, XOrder<X>& order) {
+  BlockExtent block;
+  for (std::size_t i = first; i < last; ++i) {
+    const X x = view.x[i];
+    const f32 y = view.y[i];
+    if (!counts(view, x, y)) {
+      block.has_gap = true;
+      continue;
+    }
+    order.take(x);
+    block.extent.add({static_cast<f64>(x), static_cast<f64>(x), y, y});
+  }
+  return block;
 }
 
 // What is infinite or NaN leaves no 0 behind.
@@ -83,7 +72,7 @@ template <typename T>
 bool is_all_gaps(const T* block, T null) {
   typename Lanes<T>::mask_type gaps(true);
   for (std::size_t i = 0; i < kIndexBlock; i += Lanes<T>::size())
-    gaps = gaps && gaps_in(load(block + i), null);
+    gaps = gaps && gaps_in(load_lanes(block + i), null);
   return all_of(gaps);
 }
 
@@ -96,97 +85,137 @@ struct BlockExtremes {
 
 template <typename T>
 BlockExtremes<T> extremes_of_block(const T* block, T null) {
-  Lanes<T> low = load(block);
+  Lanes<T> low = load_lanes(block);
   Lanes<T> high = low;
-  typename Lanes<T>::mask_type gaps(false);
+  Lanes<T> sum = low - low;
   for (std::size_t i = 0; i < kIndexBlock; i += Lanes<T>::size()) {
-    const Lanes<T> values = load(block + i);
-    gaps = gaps || gaps_in(values, null);
+    const Lanes<T> values = load_lanes(block + i);
     low = std::experimental::min(low, values);
     high = std::experimental::max(high, values);
+    sum += values;
   }
-  return {hmin(low), hmax(high), any_of(gaps)};
+  const BlockExtremes<T> extremes{hmin(low), hmax(high), false};
+  // What is infinite or NaN stays so in the sum, and a null value lies between the extremes.
+  if (std::isfinite(reduce(sum)) && !(extremes.low <= null && null <= extremes.high)) return extremes;
+  typename Lanes<T>::mask_type gaps(false);
+  for (std::size_t i = 0; i < kIndexBlock; i += Lanes<T>::size())
+    gaps = gaps || gaps_in(load_lanes(block + i), null);
+  return {extremes.low, extremes.high, any_of(gaps)};
+}
+
+// Whether each value of a full block is in order with the next one; NaN is in none.
+template <typename T, typename InOrder>
+bool is_in_order(const T* block, InOrder in_order) {
+  constexpr std::size_t kStep = Lanes<T>::size();
+  constexpr std::size_t kLastStep = kIndexBlock - kStep;
+  // The last value has no next one: the last step looks at those ahead once more.
+  auto ordered = in_order(load_lanes(block + kLastStep - 1), load_lanes(block + kLastStep));
+  for (std::size_t i = 0; i < kLastStep; i += kStep)
+    ordered = ordered && in_order(load_lanes(block + i), load_lanes(block + i + 1));
+  return all_of(ordered);
 }
 
 // The same of x, which mostly goes one way, so that its ends are its extremes.
 template <typename X>
 BlockExtremes<X> extremes_of_x(const X* block, X null, XOrder<X>& order) {
-  constexpr std::size_t kStep = Lanes<X>::size();
-  constexpr std::size_t kLastStep = kIndexBlock - kStep;
-  typename Lanes<X>::mask_type gaps(false), down(false), up(false);
-  for (std::size_t i = 0; i < kIndexBlock; i += kStep) {
-    const Lanes<X> values = load(block + i);
-    // The last point of the block has no next one: the last step looks at the points ahead once more.
-    const Lanes<X> from = i < kLastStep ? values : load(block + i - 1);
-    const Lanes<X> to = i < kLastStep ? load(block + i + 1) : values;
-    gaps = gaps || gaps_in(values, null);
-    down = down || to < from;
-    up = up || to > from;
-  }
-  if (any_of(gaps)) return {0, 0, true};
   const X first = block[0];
   const X last = block[kIndexBlock - 1];
-  order.take(first);
-  order.take(last);
-  const bool goes_down = any_of(down);
-  const bool goes_up = any_of(up);
-  order.rises = order.rises && !goes_down;
-  order.falls = order.falls && !goes_up;
-  if (goes_down && goes_up) return extremes_of_block(block, null);
-  return {std::min(first, last), std::max(first, last), false};
+  const bool one_way =
+      first <= last ? is_in_order(block, [](const Lanes<X>& from, const Lanes<X>& to) { return from <= to; })
+                    : is_in_order(block, [](const Lanes<X>& from, const Lanes<X>& to) { return from >= to; });
+  const X low = std::min(first, last);
+  const X high = std::max(first, last);
+  if (one_way && std::isfinite(low) && std::isfinite(high) && !(low <= null && null <= high)) {
+    order.take(first);
+    order.take(last);
+    return {low, high, false};
+  }
+  const BlockExtremes<X> extremes = extremes_of_block(block, null);
+  if (!extremes.has_gap && (order.rises || order.falls))
+    for (std::size_t i = 0; i < kIndexBlock; ++i) order.take(block[i]);
+  return extremes;
 }
 
 template <typename X>
-PointExtent extent_of_block(const CurveView<X>& view, std::size_t first, XOrder<X>& order) {
+BlockExtent extent_of_block(const CurveView<X>& view, std::size_t first, XOrder<X>& order) {
   const BlockExtremes<f32> y = extremes_of_block(view.y + first, view.null_y);
-  if (y.has_gap && is_all_gaps(view.y + first, view.null_y)) return {.has_gap = true};
+  if (y.has_gap && is_all_gaps(view.y + first, view.null_y)) return {.extent = {}, .has_gap = true};
   if (!y.has_gap) {
     const BlockExtremes<X> x = extremes_of_x(view.x + first, view.null_x, order);
-    if (!x.has_gap) return {static_cast<f64>(x.low), static_cast<f64>(x.high), y.low, y.high, false};
+    if (!x.has_gap) return {{static_cast<f64>(x.low), static_cast<f64>(x.high), y.low, y.high}, false};
   }
   return extent_of_few(view, first, first + kIndexBlock, order);
 }
 
+// One pass over a curve.
 template <typename X>
-std::vector<PointExtent> finest_level(const CurveView<X>& view, std::size_t points, XOrder<X>& order) {
-  std::vector<PointExtent> level;
-  level.reserve(points / kIndexBlock + 1);
-  for (std::size_t first = 0; first < points; first += kIndexBlock) {
-    const std::size_t last = std::min(points, first + kIndexBlock);
-    level.push_back(last - first == kIndexBlock ? extent_of_block(view, first, order)
-                                                : extent_of_few(view, first, last, order));
+class FinestLevels {
+ public:
+  FinestLevels(const CurveView<X>& view, std::size_t points) : view_(view), points_(points) {}
+
+  // The levels of x are left out until x turns out to go both ways, which it mostly does at once or never.
+  CurveExtents build() {
+    if (!walk(false)) walk(true);
+    extents_.used = used_points();
+    extents_.gapless = first_gap_ >= extents_.used;
+    extents_.x_rises = order_.rises;
+    extents_.x_falls = order_.falls;
+    return std::move(extents_);
   }
-  return level;
-}
 
-std::vector<PointExtent> next_level(const std::vector<PointExtent>& finer) {
-  std::vector<PointExtent> level((finer.size() + kIndexFan - 1) / kIndexFan);
-  for (std::size_t i = 0; i < finer.size(); ++i) level[i / kIndexFan].add(finer[i]);
-  return level;
-}
+ private:
+  // False where x goes both ways and its levels were not wanted.
+  bool walk(bool with_x) {
+    const std::size_t blocks = (points_ + kIndexBlock - 1) / kIndexBlock;
+    extents_ = {};
+    first_gap_ = points_;
+    auto& y_level = extents_.y_levels.emplace_back();
+    y_level.reserve(blocks);
+    if (with_x) extents_.x_levels.emplace_back().reserve(blocks);
+    for (std::size_t first = 0; first < points_; first += kIndexBlock) {
+      const std::size_t last = std::min(points_, first + kIndexBlock);
+      const BlockExtent block = last - first == kIndexBlock ? extent_of_block(view_, first, order_)
+                                                            : extent_of_few(view_, first, last, order_);
+      if (!with_x && !order_.rises && !order_.falls) return false;
+      const PointExtent& extent = block.extent;
+      y_level.push_back({extent.y_low, extent.y_high});
+      if (with_x) extents_.x_levels.back().push_back({extent.x_low, extent.x_high});
+      extents_.whole.add(extent);
+      if (block.has_gap && first_gap_ == points_) first_gap_ = first_gap_from(first);
+    }
+    return true;
+  }
 
-template <typename X>
-std::size_t used_points(const CurveView<X>& view, const std::vector<PointExtent>& finest,
-                        std::size_t points) {
-  std::size_t block = finest.size();
-  while (block > 0 && finest[block - 1].empty()) --block;
-  if (block == 0) return 0;
-  std::size_t used = std::min(points, block * kIndexBlock);
-  while (!counts(view, view.x[used - 1], view.y[used - 1])) --used;
-  return used;
-}
+  [[nodiscard]] bool counts_at(std::size_t point) const {
+    return counts(view_, view_.x[point], view_.y[point]);
+  }
+
+  [[nodiscard]] std::size_t first_gap_from(std::size_t point) const {
+    while (counts_at(point)) ++point;
+    return point;
+  }
+
+  [[nodiscard]] std::size_t used_points() const {
+    const auto& finest = extents_.y_levels.front();
+    std::size_t block = finest.size();
+    while (block > 0 && finest.at(block - 1).empty()) --block;
+    std::size_t used = std::min(points_, block * kIndexBlock);
+    while (used > 0 && !counts_at(used - 1)) --used;
+    return used;
+  }
+
+  const CurveView<X>& view_;
+  std::size_t points_;
+  XOrder<X> order_;
+  std::size_t first_gap_ = 0;  // index of the first point that does not count
+  CurveExtents extents_;
+};
 
 template <typename X>
 CurveExtents extents_of_curve(const CurveView<X>& view, std::size_t points) {
-  CurveExtents extents;
-  XOrder<X> order;
-  extents.levels.push_back(finest_level(view, points, order));
-  while (extents.levels.back().size() > kIndexFan)
-    extents.levels.push_back(next_level(extents.levels.back()));
-  for (const PointExtent& extent : extents.levels.back()) extents.whole.add(extent);
-  extents.used = used_points(view, extents.levels.front(), points);
-  extents.x_rises = order.rises;
-  extents.x_falls = order.falls;
+  CurveExtents extents = FinestLevels<X>(view, points).build();
+  add_coarser_levels(extents.y_levels);
+  if (!extents.x_levels.empty()) add_coarser_levels(extents.x_levels);
   return extents;
 }
 
@@ -221,7 +250,6 @@ void PointExtent::add(const PointExtent& other) {
   x_high = std::max(x_high, other.x_high);
   y_low = std::min(y_low, other.y_low);
   y_high = std::max(y_high, other.y_high);
-  has_gap = has_gap || other.has_gap;
 }
 
 std::shared_ptr<const CurveIndex> build_curve_index(const GraphProperties& properties) {
@@ -248,35 +276,6 @@ bool point_counts(const GraphProperties& properties, f64 x, f32 y) {
                           ? x == properties.NullDataValueX
                           : static_cast<f32>(x) == static_cast<f32>(properties.NullDataValueX);
   return std::isfinite(x) && std::isfinite(y) && !null_x && y != static_cast<f32>(properties.NullDataValue);
-}
-
-PointExtent extent_of_points(const GraphProperties& properties, const CurveIndex& index, std::size_t curve,
-                             std::size_t first, std::size_t last) {
-  PointExtent extent;
-  last = std::min(last, index.points);
-  if (first >= last) return extent;
-  const auto& levels = index.curves[curve].levels;
-  const auto add_points = [&](std::size_t from, std::size_t to) {
-    extent.add(with_view(properties, curve, [&](const auto& view) { return extent_of_few(view, from, to); }));
-  };
-  std::size_t from = (first + kIndexBlock - 1) / kIndexBlock;
-  std::size_t to = last == index.points ? levels.front().size() : last / kIndexBlock;
-  if (from >= to) {
-    add_points(first, last);
-    return extent;
-  }
-  add_points(first, from * kIndexBlock);
-  if (to * kIndexBlock < last) add_points(to * kIndexBlock, last);
-  for (std::size_t level = 0; from < to; ++level) {
-    const auto& entries = levels[level];
-    const bool coarsest = level + 1 == levels.size();
-    while (from < to && (coarsest || from % kIndexFan != 0)) extent.add(entries[from++]);
-    while (from < to && to % kIndexFan != 0 && to != entries.size()) extent.add(entries[--to]);
-    if (from >= to) break;
-    from /= kIndexFan;
-    to = (to + kIndexFan - 1) / kIndexFan;
-  }
-  return extent;
 }
 
 }  // namespace trendaro

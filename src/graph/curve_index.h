@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "app/types.h"
+#include "graph/range_levels.h"
 
 namespace trendaro {
 
@@ -18,7 +19,6 @@ struct PointExtent {
   f64 x_high = -std::numeric_limits<f64>::infinity();
   f32 y_low = std::numeric_limits<f32>::infinity();
   f32 y_high = -std::numeric_limits<f32>::infinity();
-  bool has_gap = false;  // the run holds at least one point that does not count
 
   [[nodiscard]] bool empty() const { return x_low > x_high; }
   // Widens this extent to hold `other` as well.
@@ -27,21 +27,25 @@ struct PointExtent {
   friend bool operator==(const PointExtent&, const PointExtent&) = default;
 };
 
-// Points behind one entry of the finest level, and entries behind one entry of the next level.
-inline constexpr std::size_t kIndexBlock = 64;
-inline constexpr std::size_t kIndexFan = 16;
-
 struct CurveExtents {
-  // Level k has an entry for each kIndexBlock * kIndexFan^k points of the slot; the last one may cover fewer.
-  // The coarsest level has at most kIndexFan entries.
-  std::vector<std::vector<PointExtent>> levels;
+  // Of the points of the slot that count.
+  RangeLevels<f32> y_levels;
+  RangeLevels<f64> x_levels;  // only where x goes both ways
   PointExtent whole;
   // Index behind the last point that counts; 0 for an empty curve. The rest of the slot is gap.
   std::size_t used = 0;
+  bool gapless = true;  // every point before `used` counts
   // x never falls, or never rises, from one point that counts to the next, so that a place in x can be found
   // without looking at all of them. Both hold where x stands still.
   bool x_rises = true;
   bool x_falls = true;
+
+  // Of one entry of a level, where x goes both ways.
+  [[nodiscard]] PointExtent extent_of_entry(std::size_t level, std::size_t entry) const {
+    const ValueRange<f64> x = x_levels[level].at(entry);
+    const ValueRange<f32> y = y_levels[level].at(entry);
+    return {x.low, x.high, y.low, y.high};
+  }
 };
 
 // Minima and maxima of the curves that a graph holds, at several levels. Built once for a hand-over; scaling
@@ -61,10 +65,5 @@ f32 point_y(const GraphProperties& properties, std::size_t curve, std::size_t po
 
 // Whether a point is drawn: neither coordinate null, NaN or infinite.
 bool point_counts(const GraphProperties& properties, f64 x, f32 y);
-
-// The extent of the points `first` to `last - 1` of a curve, in time that grows with the logarithm of the
-// length. `properties` are those that `index` was built over.
-PointExtent extent_of_points(const GraphProperties& properties, const CurveIndex& index, std::size_t curve,
-                             std::size_t first, std::size_t last);
 
 }  // namespace trendaro

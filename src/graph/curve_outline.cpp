@@ -2,9 +2,13 @@
 
 #include <algorithm>
 #include <cmath>
+#include <optional>
+#include <utility>
+#include <vector>
 
 #include "graph/line_clip.h"
 #include "graph/outline_builder.h"
+#include "graph/run_extremes.h"
 #include "graph/wandering_outline.h"
 
 namespace trendaro {
@@ -31,45 +35,52 @@ void add_each(const OutlineTask& task, std::size_t first, std::size_t last, Outl
   }
 }
 
-void add_run(const OutlineTask& task, std::size_t first, std::size_t last, OutlineBuilder& builder) {
-  if (last - first <= task.detail.most_per_column) {
-    add_each(task, first, last, builder);
-    return;
-  }
-  RunExtremes run;
-  if (!find_extremes(task.samples, first, last, run)) {
-    builder.end_piece();
-    return;
-  }
-  if (run.first != first) builder.end_piece();
-  std::size_t order[] = {run.first, std::min(run.lowest, run.highest), std::max(run.lowest, run.highest),
-                         run.last};
+// What stands for the samples `first` to `last` - 1 of one column.
+void add_extremes(const OutlineTask& task, std::size_t first, std::size_t last,
+                  const std::optional<RunExtremes>& run, OutlineBuilder& builder) {
+  if (!run || run->first != first) builder.end_piece();
+  if (!run) return;
+  const std::size_t order[] = {run->first, std::min(run->lowest, run->highest),
+                               std::max(run->lowest, run->highest), run->last};
   std::size_t former = last;
   for (const std::size_t index : order) {
     if (index != former) builder.add(task.pixel(index));
     former = index;
   }
-  if (run.last != last - 1) builder.end_piece();
+  if (run->last != last - 1) builder.end_piece();
+}
+
+// Where the samples of the columns begin and end, without columns that have none.
+std::vector<std::size_t> column_stops(const OutlineTask& task, const PixelRectangle& area) {
+  const CurveSamples& samples = task.samples;
+  const f64 column_width = task.detail.column_width;
+  const bool leftwards = (task.x_scale.last < task.x_scale.first) != samples.falling;
+  const auto columns = static_cast<std::size_t>(std::ceil(area.width / column_width));
+  std::vector<std::size_t> stops = {
+      first_reaching(samples, 0, samples.falling ? task.x_scale.maximum : task.x_scale.minimum)};
+  for (std::size_t column = 0; column < columns && stops.back() < samples.count; ++column) {
+    const f64 edge = (static_cast<f64>(column) + 1) * column_width;
+    const f64 limit = value_of(task.x_scale, leftwards ? area.right() - edge : area.x + edge);
+    const std::size_t stop = first_reaching(samples, stops.back(), limit);
+    if (stop > stops.back()) stops.push_back(stop);
+  }
+  return stops;
 }
 
 // Of a curve whose x goes one way.
 CurveOutline ordered_outline(const OutlineTask& task, const PixelRectangle& area) {
-  const CurveSamples& samples = task.samples;
-  const f64 column_width = task.detail.column_width;
-  const bool leftwards = (task.x_scale.last < task.x_scale.first) != samples.falling;
+  const auto [most_per_column, neighbours] = std::pair(task.detail.most_per_column, task.detail.neighbours);
+  const std::vector<std::size_t> stops = column_stops(task, area);
+  const std::vector<std::optional<RunExtremes>> runs = extremes_of_runs(task.samples, stops);
   OutlineBuilder builder;
-  std::size_t next =
-      first_reaching(samples, 0, samples.falling ? task.x_scale.maximum : task.x_scale.minimum);
-  add_each(task, next - std::min(next, task.detail.neighbours), next, builder);
-  const auto columns = static_cast<std::size_t>(std::ceil(area.width / column_width));
-  for (std::size_t column = 0; column < columns && next < samples.count; ++column) {
-    const f64 edge = (static_cast<f64>(column) + 1) * column_width;
-    const f64 limit = value_of(task.x_scale, leftwards ? area.right() - edge : area.x + edge);
-    const std::size_t stop = first_reaching(samples, next, limit);
-    if (stop > next) add_run(task, next, stop, builder);
-    next = stop;
+  add_each(task, stops.front() - std::min(stops.front(), neighbours), stops.front(), builder);
+  for (std::size_t run = 0; run < runs.size(); ++run) {
+    if (stops[run + 1] - stops[run] <= most_per_column)
+      add_each(task, stops[run], stops[run + 1], builder);
+    else
+      add_extremes(task, stops[run], stops[run + 1], runs[run], builder);
   }
-  add_each(task, next, std::min(samples.count, next + task.detail.neighbours), builder);
+  add_each(task, stops.back(), std::min(task.samples.count, stops.back() + neighbours), builder);
   return builder.take();
 }
 

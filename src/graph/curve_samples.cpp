@@ -6,88 +6,83 @@
 namespace trendaro {
 namespace {
 
-// A stretch of samples that has one entry in the index.
-struct Block {
-  const PointExtent* extent = nullptr;  // null: none begins or ends there
-  std::size_t level = 0;
-  std::size_t length = 0;
-};
-
-// The longest block that begins at `first` and ends by `last`.
-Block block_from(const CurveSamples& samples, std::size_t first, std::size_t last) {
-  Block found;
+// The length of the longest block without a drawn sample that begins at `first` and ends by `last`; 0 where
+// none does.
+std::size_t gap_from(const CurveSamples& samples, std::size_t first, std::size_t last) {
+  std::size_t found = 0;
   std::size_t length = kIndexBlock;
-  for (std::size_t level = 0; level < samples.extents->levels.size(); ++level, length *= kIndexFan) {
-    if (first % length != 0 || length > last - first) break;
-    found = {&samples.extents->levels[level][first / length], level, length};
+  for (const auto& level : samples.extents->y_levels) {
+    if (first % length != 0 || length > last - first || !level.at(first / length).empty()) break;
+    found = length;
+    length *= kIndexFan;
   }
   return found;
 }
 
-// The longest block that ends at `last` and begins at `first` or later.
-Block block_before(const CurveSamples& samples, std::size_t first, std::size_t last) {
-  Block found;
+// The same of a block that ends at `last` and begins at `first` or later.
+std::size_t gap_before(const CurveSamples& samples, std::size_t first, std::size_t last) {
+  std::size_t found = 0;
   std::size_t length = kIndexBlock;
-  for (std::size_t level = 0; level < samples.extents->levels.size(); ++level, length *= kIndexFan) {
-    if (last % length != 0 || length > last - first) break;
-    found = {&samples.extents->levels[level][last / length - 1], level, length};
+  for (const auto& level : samples.extents->y_levels) {
+    if (last % length != 0 || length > last - first || !level.at(last / length - 1).empty()) break;
+    found = length;
+    length *= kIndexFan;
   }
   return found;
 }
 
-std::size_t first_drawn(const CurveSamples& samples, std::size_t first, std::size_t last) {
-  while (first < last && !samples.drawn(first)) {
-    const Block block = block_from(samples, first, last);
-    first += block.extent != nullptr && block.extent->empty() ? block.length : 1;
+// The sample at which an evenly spaced curve would reach the limit.
+std::size_t even_guess(const CurveSamples& samples, f64 limit) {
+  const PointExtent& whole = samples.extents->whole;
+  const f64 start = samples.falling ? whole.x_high : whole.x_low;
+  const f64 end = samples.falling ? whole.x_low : whole.x_high;
+  const f64 place = (limit - start) / (end - start) * static_cast<f64>(samples.count - 1);
+  if (!(place > 0)) return 0;
+  return place < static_cast<f64>(samples.count) ? static_cast<std::size_t>(place) : samples.count - 1;
+}
+
+// Closes in on the first drawn sample that has reached a limit.
+class LimitSearch {
+ public:
+  LimitSearch(const CurveSamples& samples, std::size_t from, f64 limit)
+      : samples_(samples), limit_(limit), low_(from), high_(samples.count), found_(samples.count) {}
+
+  // Steps away from a place that is near, ever longer ones, until the limit lies between two of them.
+  void close_in_from(std::size_t near) {
+    near = std::clamp(near, low_, high_ - 1);
+    const bool backwards = probe(near);
+    for (std::size_t step = 1; low_ < high_; step *= 2) {
+      const bool beyond = backwards ? near < low_ + step : near + step >= high_;
+      if (beyond || probe(backwards ? near - step : near + step) != backwards) return;
+    }
   }
-  return first;
-}
 
-// The end of what is drawn: one behind the last such sample.
-std::size_t drawn_end(const CurveSamples& samples, std::size_t first, std::size_t last) {
-  while (first < last && !samples.drawn(last - 1)) {
-    const Block block = block_before(samples, first, last);
-    last -= block.extent != nullptr && block.extent->empty() ? block.length : 1;
+  std::size_t halve() {
+    while (low_ < high_) probe(low_ + (high_ - low_) / 2);
+    return found_;
   }
-  return last;
-}
 
-f32 low(const PointExtent& extent) {
-  return extent.y_low;
-}
-f32 high(const PointExtent& extent) {
-  return extent.y_high;
-}
-
-// The first sample of a block that has the value, by way of ever finer blocks.
-template <typename Get>
-std::size_t place_in_block(const CurveSamples& samples, std::size_t first, std::size_t level, f32 value,
-                           Get get) {
-  std::size_t length = kIndexBlock;
-  for (std::size_t i = 0; i < level; ++i) length *= kIndexFan;
-  for (; level > 0; --level) {
-    length /= kIndexFan;
-    const auto& finer = samples.extents->levels[level - 1];
-    while (get(finer[first / length]) != value) first += length;
+ private:
+  // Whether the first drawn sample from `place` on has reached the limit; nothing behind it has to be looked
+  // at then, and nothing before it otherwise.
+  bool probe(std::size_t place) {
+    const std::size_t drawn = first_drawn(samples_, place, high_);
+    if (drawn < high_ && !reached(samples_.x(drawn))) {
+      low_ = std::max(low_, drawn + 1);
+      return false;
+    }
+    if (drawn < high_) found_ = drawn;
+    high_ = place;
+    return true;
   }
-  const std::size_t end = std::min(samples.count, first + kIndexBlock);
-  for (std::size_t i = first; i < end; ++i)
-    if (samples.y[i] == value && samples.drawn(i)) return i;
-  return first;
-}
 
-// Where the best value of a run was met: a sample, or a block that is looked into once the run is done.
-struct Best {
-  f32 value = 0;
-  std::size_t place = 0;
-  std::size_t level = 0;
-  bool in_block = false;
+  [[nodiscard]] bool reached(f64 x) const { return samples_.falling ? x <= limit_ : x >= limit_; }
+
+  const CurveSamples& samples_;
+  f64 limit_;
+  std::size_t low_, high_;  // what is left to look at: from low_ to high_ - 1
+  std::size_t found_;       // a drawn sample that has reached the limit
 };
-
-template <typename Get>
-std::size_t place_of(const CurveSamples& samples, const Best& best, Get get) {
-  return best.in_block ? place_in_block(samples, best.place, best.level, best.value, get) : best.place;
-}
 
 }  // namespace
 
@@ -122,58 +117,25 @@ CurveSamples curve_samples(const GraphProperties& shown, std::size_t subset) {
   return samples;
 }
 
-bool find_extremes(const CurveSamples& samples, std::size_t first, std::size_t last, RunExtremes& found) {
-  first = first_drawn(samples, first, last);
-  last = drawn_end(samples, first, last);
-  if (first == last) return false;
-  Best lowest{samples.y[first], first};
-  Best highest = lowest;
-  for (std::size_t i = first; i < last;) {
-    const Block block = block_from(samples, i, last);
-    if (block.extent == nullptr) {
-      if (samples.drawn(i)) {
-        if (samples.y[i] < lowest.value) lowest = {samples.y[i], i};
-        if (samples.y[i] > highest.value) highest = {samples.y[i], i};
-      }
-      ++i;
-      continue;
-    }
-    if (block.extent->y_low < lowest.value) lowest = {block.extent->y_low, i, block.level, true};
-    if (block.extent->y_high > highest.value) highest = {block.extent->y_high, i, block.level, true};
-    i += block.length;
-  }
-  found = {first, place_of(samples, lowest, low), place_of(samples, highest, high), last - 1};
-  return true;
+std::size_t first_drawn(const CurveSamples& samples, std::size_t first, std::size_t last) {
+  if (samples.extents->gapless) return first;
+  while (first < last && !samples.drawn(first))
+    first += std::max<std::size_t>(1, gap_from(samples, first, last));
+  return first;
+}
+
+std::size_t drawn_end(const CurveSamples& samples, std::size_t first, std::size_t last) {
+  if (samples.extents->gapless) return last;
+  while (first < last && !samples.drawn(last - 1))
+    last -= std::max<std::size_t>(1, gap_before(samples, first, last));
+  return last;
 }
 
 std::size_t first_reaching(const CurveSamples& samples, std::size_t from, f64 limit) {
-  const auto reached = [&](f64 x) { return samples.falling ? x <= limit : x >= limit; };
-  const auto scan = [&](std::size_t first, std::size_t last) {
-    while (first < last && !(reached(samples.x(first)) && samples.drawn(first))) ++first;
-    return first;
-  };
-  const std::size_t block_end = std::min(samples.count, (from / kIndexBlock + 1) * kIndexBlock);
-  from = scan(from, block_end);
-  if (from < block_end || from >= samples.count) return from;
-  // Blocks that end before the limit are stepped over, in ever longer steps; then ever shorter ones.
-  const auto& levels = samples.extents->levels;
-  std::size_t level = 0;
-  std::size_t entry = from / kIndexBlock;
-  while (entry < levels[level].size()) {
-    const PointExtent& extent = levels[level][entry];
-    if (!extent.empty() && reached(samples.falling ? extent.x_low : extent.x_high)) {
-      if (level == 0) return scan(entry * kIndexBlock, std::min(samples.count, (entry + 1) * kIndexBlock));
-      --level;
-      entry *= kIndexFan;
-      continue;
-    }
-    ++entry;
-    while (entry % kIndexFan == 0 && level + 1 < levels.size()) {
-      entry /= kIndexFan;
-      ++level;
-    }
-  }
-  return samples.count;
+  if (from >= samples.count) return from;
+  LimitSearch search(samples, from, limit);
+  search.close_in_from(even_guess(samples, limit));
+  return search.halve();
 }
 
 }  // namespace trendaro

@@ -31,18 +31,15 @@ struct CurveSamples {
 // The samples of a curve of the graph; empty where none were taken over for it.
 CurveSamples curve_samples(const GraphProperties& shown, std::size_t subset);
 
-// What stands for a run of samples.
-struct RunExtremes {
-  std::size_t first = 0, lowest = 0, highest = 0, last = 0;  // indices of samples that are drawn
-};
+// The first drawn sample from `first` on; `last` where none is before it. Blocks of gaps are stepped over.
+std::size_t first_drawn(const CurveSamples& samples, std::size_t first, std::size_t last);
 
-// The extremes of the samples `first` to `last` - 1; of equal ones the first. False where none is drawn.
-// Takes time that grows with the logarithm of the run.
-bool find_extremes(const CurveSamples& samples, std::size_t first, std::size_t last, RunExtremes& found);
+// One behind the last drawn sample before `last`; `first` where none is from there on.
+std::size_t drawn_end(const CurveSamples& samples, std::size_t first, std::size_t last);
 
 // The first drawn sample from `from` on whose x has reached `limit`: is not below it, or not above it where x
-// falls. `count` where there is none. x must rise or fall. Takes time that grows with the logarithm of the
-// distance.
+// falls. `count` where there is none. x must rise or fall. Takes few looks where x is evenly spaced,
+// elsewhere time that grows with the logarithm of the curve.
 std::size_t first_reaching(const CurveSamples& samples, std::size_t from, f64 limit);
 
 }  // namespace trendaro

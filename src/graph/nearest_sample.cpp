@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "graph/curve_samples.h"
+#include "graph/run_extremes.h"
 
 namespace trendaro {
 namespace {
@@ -78,7 +79,7 @@ class Search {
   }
 
   [[nodiscard]] f64 least_distance(std::size_t first, std::size_t last) const {
-    const PointExtent extent = extent_of_points(shown_, *shown_.curve_index, subset_, first, last);
+    const PointExtent extent = extent_of_run(samples_, first, last);
     if (extent.empty()) return std::numeric_limits<f64>::infinity();
     const f64 across = gap(x_scale_, extent.x_low, extent.x_high, place_.x);
     const f64 down =

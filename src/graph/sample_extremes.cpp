@@ -15,7 +15,7 @@ constexpr std::size_t kStretch = 1024;
 
 }  // namespace
 
-ValueRange range_of(std::span<const f64> samples) {
+ValueRange<f64> range_of(std::span<const f64> samples) {
   // Lanes that do not depend on each other, so that the compiler uses vector instructions. Written like this,
   // a comparison with a sample that is no number keeps the lane.
   constexpr std::size_t kLanes = 16;
@@ -56,7 +56,7 @@ void add_samples(SampleExtremes& extremes, std::span<const f64> samples, std::si
   }
   for (std::size_t begin = 0; begin < samples.size(); begin += kStretch) {
     const auto stretch = samples.subspan(begin, std::min(kStretch, samples.size() - begin));
-    const ValueRange range = range_of(stretch);
+    const ValueRange<f64> range = range_of(stretch);
     if (range.low < extremes.least_value) {
       extremes.least = first + begin + first_equal(stretch, range.low);
       extremes.least_value = stretch[extremes.least - first - begin];

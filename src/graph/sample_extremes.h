@@ -4,6 +4,7 @@
 #include <span>
 
 #include "app/types.h"
+#include "graph/range_levels.h"
 
 namespace trendaro {
 
@@ -34,12 +35,8 @@ inline void add_sample(SampleExtremes& extremes, f64 value, std::size_t index) {
 // Widens `extremes` by the samples that follow; the first of `samples` has the index `first`.
 void add_samples(SampleExtremes& extremes, std::span<const f64> samples, std::size_t first);
 
-// Minimum and maximum of samples, without those that are not a number; infinity and -infinity where there is
-// nothing else.
-struct ValueRange {
-  f64 low = 0, high = 0;
-};
-ValueRange range_of(std::span<const f64> samples);
+// Of the samples that are a number.
+ValueRange<f64> range_of(std::span<const f64> samples);
 
 // Index of the first sample that equals `value`, which one of them does.
 std::size_t first_equal(std::span<const f64> samples, f64 value);

@@ -96,7 +96,7 @@ class WanderingWalk {
 
  private:
   void choose_level() {
-    const auto& levels = samples_.extents->levels;
+    const auto& levels = samples_.extents->y_levels;
     while (level_ + 1 < levels.size() && levels[level_].size() > kMostUnits) {
       ++level_;
       unit_ *= kIndexFan;
@@ -119,18 +119,22 @@ class WanderingWalk {
              box.y > area_.bottom());
   }
 
-  [[nodiscard]] PointExtent joined_extent(const std::vector<PointExtent>& entries, std::size_t entry) const {
-    PointExtent extent = entries[entry];
-    if (entry + 1 < entries.size() && !extent.empty()) extent.add(entries[entry + 1]);
+  // With what the line that leads on from an entry reaches.
+  [[nodiscard]] PointExtent joined_extent(std::size_t entry) const {
+    PointExtent extent = samples_.extents->extent_of_entry(level_, entry);
+    if (entry + 1 < entry_count() && !extent.empty())
+      extent.add(samples_.extents->extent_of_entry(level_, entry + 1));
     return extent;
   }
 
+  [[nodiscard]] std::size_t entry_count() const { return samples_.extents->x_levels[level_].size(); }
+
   [[nodiscard]] std::vector<std::size_t> visible_units() const {
-    const auto& entries = samples_.extents->levels[level_];
     std::vector<std::size_t> units;
-    for (std::size_t entry = 0; entry < entries.size() && entry * unit_ < samples_.count; ++entry)
-      if (!entries[entry].empty() && is_visible(box_of(joined_extent(entries, entry))))
-        units.push_back(entry);
+    for (std::size_t entry = 0; entry < entry_count() && entry * unit_ < samples_.count; ++entry) {
+      const PointExtent extent = joined_extent(entry);
+      if (!extent.empty() && is_visible(box_of(extent))) units.push_back(entry);
+    }
     return units;
   }
 
@@ -139,11 +143,10 @@ class WanderingWalk {
   // The units that were left out, where their blocks reach to places without a line nearby; the budget once
   // more, and the blocks with the extremes of the picture whatever it costs.
   void walk_excursions(const std::vector<std::size_t>& units, std::size_t stride) {
-    const auto& entries = samples_.extents->levels[level_];
     std::size_t rest = kMostSamplesWalked;
     for (std::size_t i = 0; i < units.size(); ++i) {
       if (i % stride == 0) continue;
-      const PixelRectangle box = box_of(entries[units[i]]);
+      const PixelRectangle box = box_of(samples_.extents->extent_of_entry(level_, units[i]));
       if (rest == 0 && !widens_extremes(box)) continue;
       if (is_visible(box) && coverage_.reaches_fresh_tile(box)) rest -= std::min(rest, walk_blocks(units[i]));
     }
@@ -151,12 +154,13 @@ class WanderingWalk {
 
   // Walks the finest blocks of a unit that reach a fresh tile; the number of samples looked at.
   std::size_t walk_blocks(std::size_t unit) {
-    const auto& blocks = samples_.extents->levels[0];
+    const std::size_t blocks = samples_.extents->x_levels[0].size();
     std::size_t looked_at = 0;
     const std::size_t first = unit * unit_ / kIndexBlock;
-    for (std::size_t block = first; block < std::min(blocks.size(), first + unit_ / kIndexBlock); ++block) {
-      if (blocks[block].empty()) continue;
-      const PixelRectangle box = box_of(blocks[block]);
+    for (std::size_t block = first; block < std::min(blocks, first + unit_ / kIndexBlock); ++block) {
+      const PointExtent extent = samples_.extents->extent_of_entry(0, block);
+      if (extent.empty()) continue;
+      const PixelRectangle box = box_of(extent);
       if (!is_visible(box) || !coverage_.reaches_fresh_tile(box)) continue;
       const std::size_t start = block * kIndexBlock;
       walk(start > 0 ? start - 1 : 0, std::min(samples_.count, start + kIndexBlock + 1));

@@ -9,6 +9,7 @@
 
 #include <gtest/gtest.h>
 
+#include "graph/run_extremes.h"
 #include "support/graph_data.h"
 
 namespace trendaro {
@@ -24,10 +25,8 @@ PointExtent plain_extent(const std::vector<f32>& x, const std::vector<f32>& y, s
   PointExtent extent;
   for (std::size_t i = first; i < last; ++i) {
     if (std::isnan(x[i]) || std::isinf(x[i]) || x[i] == kNull || std::isnan(y[i]) || std::isinf(y[i]) ||
-        y[i] == kNull) {
-      extent.has_gap = true;
+        y[i] == kNull)
       continue;
-    }
     if (x[i] < extent.x_low) extent.x_low = x[i];
     if (x[i] > extent.x_high) extent.x_high = x[i];
     if (y[i] < extent.y_low) extent.y_low = y[i];
@@ -41,10 +40,11 @@ TEST(CurveIndexTest, PointsWithANullANanOrAnInfinityDoNotCount) {
   set_curves(properties, 6, {1, kNull, 3, 4, 5, 6}, {10, 20, kNull, kNan, kInfinite, 60});
   const auto index = build_curve_index(properties);
   ASSERT_EQ(index->curves.size(), 1u);
-  const PointExtent expected{.x_low = 1, .x_high = 6, .y_low = 10, .y_high = 60, .has_gap = true};
+  const PointExtent expected{.x_low = 1, .x_high = 6, .y_low = 10, .y_high = 60};
   EXPECT_EQ(index->curves[0].whole, expected);
   EXPECT_EQ(index->curves[0].used, 6u);
   EXPECT_TRUE(index->curves[0].x_rises);  // the null value in x does not count
+  EXPECT_FALSE(index->curves[0].gapless);
 }
 
 TEST(CurveIndexTest, NullTailIsNotUsed) {
@@ -53,11 +53,12 @@ TEST(CurveIndexTest, NullTailIsNotUsed) {
   const auto index = build_curve_index(properties);
   ASSERT_EQ(index->curves.size(), 2u);
   EXPECT_EQ(index->curves[0].used, 2u);
+  EXPECT_TRUE(index->curves[0].gapless);
   EXPECT_TRUE(index->curves[0].x_rises);
   EXPECT_EQ(index->curves[0].whole.x_low, 1);
   EXPECT_EQ(index->curves[1].used, 0u);
   EXPECT_TRUE(index->curves[1].whole.empty());
-  EXPECT_TRUE(index->curves[1].whole.has_gap);
+  EXPECT_TRUE(index->curves[1].gapless);
 }
 
 TEST(CurveIndexTest, DatesInDoublePrecisionAreKept) {
@@ -86,7 +87,7 @@ TEST(CurveIndexTest, CoarsestLevelIsSmall) {
   const std::size_t points = 64 * 16 * 16 + 1;
   set_curves(properties, static_cast<i32>(points), std::vector<f32>(points, 1), std::vector<f32>(points, 2));
   const auto index = build_curve_index(properties);
-  const auto& levels = index->curves[0].levels;
+  const auto& levels = index->curves[0].y_levels;
   ASSERT_EQ(levels.size(), 3u);
   EXPECT_EQ(levels[0].size(), 257u);
   EXPECT_EQ(levels[1].size(), 17u);
@@ -108,12 +109,14 @@ TEST(CurveIndexTest, AnyRunHasTheExtentOfAPlainScan) {
     GraphProperties properties;
     set_curves(properties, static_cast<i32>(points), x, y);
     const auto index = build_curve_index(properties);
+    properties.curve_index = index;
+    const CurveSamples samples = curve_samples(properties, 0);
     EXPECT_EQ(index->curves[0].whole, plain_extent(x, y, 0, points));
     for (int round = 0; round < 200; ++round) {
       std::size_t first = random() % (points + 1), last = random() % (points + 1);
       if (first > last) std::swap(first, last);
       if (round % 5 == 0) last = points;
-      ASSERT_EQ(extent_of_points(properties, *index, 0, first, last), plain_extent(x, y, first, last))
+      ASSERT_EQ(extent_of_run(samples, first, last), plain_extent(x, y, first, last))
           << points << " points, " << first << " to " << last;
     }
   }
@@ -145,9 +148,15 @@ void expect_plain_blocks(const std::vector<f32>& x) {
     properties.UsingXDataII = in_doubles;
     const auto index = build_curve_index(properties);
     const CurveExtents& curve = index->curves[0];
-    for (std::size_t block = 0; block < curve.levels[0].size(); ++block)
-      EXPECT_EQ(curve.levels[0][block],
-                plain_extent(x, y, block * kIndexBlock, std::min(x.size(), (block + 1) * kIndexBlock)));
+    for (std::size_t block = 0; block < curve.y_levels[0].size(); ++block) {
+      const PointExtent plain =
+          plain_extent(x, y, block * kIndexBlock, std::min(x.size(), (block + 1) * kIndexBlock));
+      EXPECT_EQ(curve.y_levels[0].at(block), (ValueRange<f32>{plain.y_low, plain.y_high}));
+      if (curve.x_levels.empty()) continue;
+      EXPECT_EQ(curve.x_levels[0].at(block), (ValueRange<f64>{plain.x_low, plain.x_high}));
+    }
+    EXPECT_EQ(curve.x_levels.empty(), curve.x_rises || curve.x_falls);
+    EXPECT_EQ(curve.whole, plain_extent(x, y, 0, x.size()));
     EXPECT_EQ(curve.x_rises, std::ranges::is_sorted(x));
     EXPECT_EQ(curve.x_falls, std::ranges::is_sorted(x, std::greater<>()));
   }
@@ -173,9 +182,48 @@ TEST(CurveIndexTest, ABlockOfNullValuesIsEmpty) {
   GraphProperties properties;
   set_curves(properties, 128, x, y);
   const auto index = build_curve_index(properties);
-  EXPECT_TRUE(index->curves[0].levels[0][0].empty());
-  EXPECT_TRUE(index->curves[0].levels[0][0].has_gap);
-  EXPECT_FALSE(index->curves[0].levels[0][1].has_gap);
+  EXPECT_TRUE(index->curves[0].y_levels[0].at(0).empty());
+  EXPECT_EQ(index->curves[0].y_levels[0].at(1), (ValueRange<f32>{2, 2}));
+}
+
+TEST(CurveIndexTest, AGapAnywhereBeforeTheLastPointIsNoticed) {
+  const std::vector<f32> x(300, 1), y(300, 2);
+  const auto is_gapless = [](const std::vector<f32>& xs, const std::vector<f32>& ys) {
+    GraphProperties properties;
+    set_curves(properties, 300, xs, ys);
+    return build_curve_index(properties)->curves[0].gapless;
+  };
+  EXPECT_TRUE(is_gapless(x, y));
+  for (std::size_t place = 0; place < 300; ++place) {
+    const bool last = place == 299;
+    for (const f32 gap : {kNull, kNan, kInfinite, -kInfinite}) {
+      auto broken = x;
+      broken[place] = gap;
+      EXPECT_EQ(is_gapless(broken, y), last) << place;
+      broken = y;
+      broken[place] = gap;
+      EXPECT_EQ(is_gapless(x, broken), last) << place;
+    }
+  }
+}
+
+TEST(CurveIndexTest, ANullValueAmongTheValuesIsAGapOnlyWhereItStands) {
+  std::vector<f32> x(128), y(128);
+  for (std::size_t i = 0; i < 128; ++i) {
+    x[i] = static_cast<f32>(i);
+    y[i] = i % 2 == 0 ? -3.0F : 3.0F;
+  }
+  GraphProperties properties;
+  set_curves(properties, 128, x, y);
+  properties.NullDataValue = 0;
+  properties.NullDataValueX = 20.5;
+  EXPECT_TRUE(build_curve_index(properties)->curves[0].gapless);
+  properties.NullDataValueX = 20;
+  EXPECT_FALSE(build_curve_index(properties)->curves[0].gapless);
+  EXPECT_EQ(build_curve_index(properties)->curves[0].whole, (PointExtent{0, 127, -3, 3}));
+  properties.NullDataValueX = 127;
+  EXPECT_EQ(build_curve_index(properties)->curves[0].whole, (PointExtent{0, 126, -3, 3}));
+  EXPECT_EQ(build_curve_index(properties)->curves[0].used, 127u);
 }
 
 TEST(CurveIndexTest, PointsAreReadFromTheirCurve) {

@@ -161,36 +161,6 @@ TEST(CurveOutlineTest, EveryColumnHasTheExtremesOfAPlainScan) {
   }
 }
 
-TEST(CurveSamplesTest, ExtremesAreThoseOfAPlainScanAndTheFirstOfEqualOnes) {
-  std::mt19937 random(5);
-  std::vector<f32> y(70000);
-  for (f32& value : y) value = random() % 9 == 0 ? kNull : static_cast<f32>(random() % 5000);
-  for (std::size_t i = 20000; i < 24000; ++i) y[i] = kNull;
-  const auto properties = curve_of(counted(y.size()), y);
-  const CurveSamples samples = curve_samples(properties, 0);
-  for (int round = 0; round < 500; ++round) {
-    const std::size_t first = random() % samples.count;
-    const std::size_t last = first + 1 + random() % (samples.count - first);
-    RunExtremes plain;
-    bool any = false;
-    for (std::size_t i = first; i < last; ++i) {
-      if (y[i] == kNull) continue;
-      if (!any) plain = {i, i, i, i};
-      any = true;
-      if (y[i] < y[plain.lowest]) plain.lowest = i;
-      if (y[i] > y[plain.highest]) plain.highest = i;
-      plain.last = i;
-    }
-    RunExtremes found;
-    ASSERT_EQ(find_extremes(samples, first, last, found), any);
-    if (!any) continue;
-    ASSERT_EQ(found.first, plain.first);
-    ASSERT_EQ(found.lowest, plain.lowest);
-    ASSERT_EQ(found.highest, plain.highest);
-    ASSERT_EQ(found.last, plain.last);
-  }
-}
-
 TEST(ClippedTest, LinesEndAtTheTrueCrossings) {
   const CurveOutline outline{{{0, -100}, {10, 100}, {20, 100}, {30, -100}}, {0}};
   const CurveOutline cut = clipped(outline, {0, 0, 30, 50});

@@ -106,6 +106,26 @@ TEST(SampleIndexTest, EveryStretchOfAShortCurveGivesWhatAPlainWalkGives) {
     }
 }
 
+TEST(SampleIndexTest, RunsThatFollowEachOtherGiveWhatAPlainWalkGives) {
+  std::mt19937 random(9);
+  for (int round = 0; round < 300; ++round) {
+    const std::vector<f64> samples = odd_curve(random, 2 + random() % (round % 10 == 0 ? 30000 : 3000));
+    const auto index = build_sample_index(samples);
+    const std::size_t block = 1 + random() % (samples.size() / (1 + random() % 100) + 1);
+    std::vector<std::size_t> stops;
+    for (std::size_t stop = random() % samples.size(); stop <= samples.size() && stops.size() < 100;
+         stop += block)
+      stops.push_back(stop);
+    const std::vector<SampleExtremes> found = sample_extremes_of_runs(samples, *index, stops);
+    ASSERT_EQ(found.size(), stops.size() - 1);
+    for (std::size_t run = 0; run < found.size(); ++run) {
+      const SampleExtremes expected = plain_extremes(samples, stops[run], stops[run + 1]);
+      ASSERT_EQ(found[run].least, expected.least) << "round " << round << ", run " << run;
+      ASSERT_EQ(found[run].greatest, expected.greatest) << "round " << round << ", run " << run;
+    }
+  }
+}
+
 TEST(SampleIndexTest, LevelsCoverSixtyFourSamplesAndThenSixteenEntriesEach) {
   std::vector<f64> samples(64 * 16 * 17 + 1, 1);
   samples.back() = 9;
@@ -114,8 +134,8 @@ TEST(SampleIndexTest, LevelsCoverSixtyFourSamplesAndThenSixteenEntriesEach) {
   EXPECT_EQ(index->levels[0].size(), 16u * 17 + 1);
   EXPECT_EQ(index->levels[1].size(), 18u);
   EXPECT_EQ(index->levels[2].size(), 2u);
-  EXPECT_EQ(index->levels[2][0].high, 1);
-  EXPECT_EQ(index->levels[2][1].high, 9);
+  EXPECT_EQ(index->levels[2].at(0).high, 1);
+  EXPECT_EQ(index->levels[2].at(1).high, 9);
 }
 
 }  // namespace

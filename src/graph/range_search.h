@@ -1,0 +1,200 @@
+#pragma once
+
+#include <algorithm>
+#include <cstddef>
+#include <limits>
+#include <span>
+#include <vector>
+
+#include "graph/lanes.h"
+#include "graph/range_levels.h"
+
+namespace trendaro {
+
+// Has the memory of `count` elements brought near, without waiting for it.
+template <typename T>
+void ask_for_memory(const T* first, std::size_t count) {
+  constexpr std::size_t kCacheLine = 64;
+  for (std::size_t i = 0; i < count; i += kCacheLine / sizeof(T)) __builtin_prefetch(first + i);
+}
+
+// Looks for the extremes of a run of values: by the longest blocks that lie in it, and by single values at
+// its ends only where their block may hold something better. `Values` gives `count()` of all values,
+// `range(first, last)` of those that count among a few, `first_with(first, last, value)`, the index of the
+// first of them that counts and has the value, which one does, and `data()`, where they lie.
+template <typename T, typename Values>
+class RangeSearch {
+ public:
+  // Of the values `first` to `last` - 1, at least one.
+  RangeSearch(const RangeLevels<T>& levels, const Values& values, std::size_t first, std::size_t last)
+      : levels_(&levels), values_(&values) {
+    if (last - first < 2 * kIndexBlock) {
+      look_at_values(first, last);
+      return;
+    }
+    const std::size_t from = (first + kIndexBlock - 1) / kIndexBlock;
+    const std::size_t to = entries_before(last, values.count(), kIndexBlock);
+    look_at_blocks(from, to);
+    if (to * kIndexBlock < last) look_at_end(to, to * kIndexBlock, last);
+    if (from * kIndexBlock > first) look_at_end(from - 1, first, from * kIndexBlock);
+  }
+
+  // Empty when none of the values counts; there are no places then.
+  [[nodiscard]] ValueRange<T> range() const { return {low_.value, high_.value}; }
+
+  // The first of the values with that extreme.
+  [[nodiscard]] std::size_t lowest() { return place_of(low_, &RangeLevel<T>::low); }
+  [[nodiscard]] std::size_t highest() { return place_of(high_, &RangeLevel<T>::high); }
+
+  // The steps of the way to the places: `ask` has the memory brought near that the next one reads, `narrow`
+  // looks up in which entry of a level an extreme lies.
+  void ask() const {
+    ask_for(low_, &RangeLevel<T>::low);
+    ask_for(high_, &RangeLevel<T>::high);
+  }
+  void narrow() {
+    narrow(low_, &RangeLevel<T>::low);
+    narrow(high_, &RangeLevel<T>::high);
+  }
+
+ private:
+  // Where the best value so far was met: among `count` entries of a level or, with `height` 0, values.
+  struct Best {
+    T value;
+    std::size_t height = 0;  // 1 is the finest level
+    std::size_t first = std::numeric_limits<std::size_t>::max();
+    std::size_t count = 0;
+    std::size_t place = std::numeric_limits<std::size_t>::max();  // of the first value
+  };
+  using End = std::vector<T, SampleAllocator<T>> RangeLevel<T>::*;
+
+  // How many of the entries of `length` end before `last`; the last one of all may be shorter.
+  static std::size_t entries_before(std::size_t last, std::size_t count, std::size_t length) {
+    return last == count ? (count + length - 1) / length : last / length;
+  }
+
+  // The entries of the finest level from `from` to `to` - 1, by way of coarser ones.
+  void look_at_blocks(std::size_t from, std::size_t to) {
+    for (std::size_t level = 0; from < to; ++level) {
+      const std::size_t above = (from + kIndexFan - 1) / kIndexFan;
+      const std::size_t end_above = entries_before(to, (*levels_)[level].size(), kIndexFan);
+      if (level + 1 == levels_->size() || above >= end_above) return look_at_entries(level, from, to);
+      look_at_entries(level, from, above * kIndexFan);
+      look_at_entries(level, end_above * kIndexFan, to);
+      from = above;
+      to = end_above;
+    }
+  }
+
+  void look_at_entries(std::size_t level, std::size_t from, std::size_t to) {
+    if (from >= to) return;
+    const RangeLevel<T>& entries = (*levels_)[level];
+    const ValueRange<T> range{least_of(&entries.low[from], to - from),
+                              greatest_of(&entries.high[from], to - from)};
+    take(range, {.value = 0,
+                 .height = level + 1,
+                 .first = from,
+                 .count = to - from,
+                 .place = from * block_length(level)});
+  }
+
+  // Values of one block.
+  void look_at_end(std::size_t block, std::size_t first, std::size_t last) {
+    const ValueRange<T> range = levels_->front().at(block);
+    if (may_be_lower(range, first) || may_be_higher(range, first)) look_at_values(first, last);
+  }
+
+  void look_at_values(std::size_t first, std::size_t last) {
+    const ValueRange<T> range = values_->range(first, last);
+    take(range, {.value = 0, .height = 0, .first = first, .count = last - first, .place = first});
+  }
+
+  void take(const ValueRange<T>& range, Best best) {
+    if (range.empty()) return;
+    if (may_be_lower(range, best.place)) {
+      low_ = best;
+      low_.value = range.low;
+    }
+    if (may_be_higher(range, best.place)) {
+      high_ = best;
+      high_.value = range.high;
+    }
+  }
+
+  // Of equal values the first one is the best.
+  [[nodiscard]] bool may_be_lower(const ValueRange<T>& range, std::size_t from) const {
+    return range.low < low_.value || (range.low == low_.value && from < low_.place);
+  }
+  [[nodiscard]] bool may_be_higher(const ValueRange<T>& range, std::size_t from) const {
+    return range.high > high_.value || (range.high == high_.value && from < high_.place);
+  }
+
+  // From entries to what stands behind the first of them that has the value.
+  void narrow(Best& best, End end) {
+    if (best.height == 0) return;
+    const std::size_t level = --best.height;
+    const auto& entries = (*levels_)[level].*end;
+    const std::size_t entry = best.first + first_equal_of(&entries[best.first], best.count, best.value);
+    const std::size_t fan = level == 0 ? kIndexBlock : kIndexFan;
+    const std::size_t all = level == 0 ? values_->count() : (*levels_)[level - 1].size();
+    best.first = entry * fan;
+    best.count = std::min(fan, all - best.first);
+  }
+
+  [[nodiscard]] std::size_t place_of(Best& best, End end) {
+    while (best.height > 0) narrow(best, end);
+    return values_->first_with(best.first, best.first + best.count, best.value);
+  }
+
+  void ask_for(const Best& best, End end) const {
+    if (best.count == 0) return;
+    if (best.height == 0)
+      ask_for_memory(values_->data() + best.first, best.count);
+    else
+      ask_for_memory(&((*levels_)[best.height - 1].*end)[best.first], best.count);
+  }
+
+  const RangeLevels<T>* levels_;
+  const Values* values_;
+  Best low_{.value = std::numeric_limits<T>::infinity()};
+  Best high_{.value = -std::numeric_limits<T>::infinity()};
+};
+
+// Asks for what a search for the end of a run reads.
+template <typename T, typename Values>
+void ask_for_end(const RangeLevels<T>& levels, const Values& values, std::size_t place) {
+  const std::size_t block = std::min(place, values.count() - 1) / kIndexBlock * kIndexBlock;
+  ask_for_memory(values.data() + block, std::min(kIndexBlock, values.count() - block));
+  for (std::size_t level = 0; level < std::min<std::size_t>(levels.size(), 3); ++level) {
+    const std::size_t entry = std::min(place / block_length(level), levels[level].size() - 1);
+    const std::size_t first = entry / kIndexFan * kIndexFan;
+    const std::size_t count = std::min(kIndexFan, levels[level].size() - first);
+    ask_for_memory(&levels[level].low[first], count);
+    ask_for_memory(&levels[level].high[first], count);
+  }
+}
+
+// Searches the runs between neighbouring `stops`, none of them empty, and calls `use(run, search)` for each,
+// in their order. Quick where the runs are long, since many of them wait for memory at the same time.
+template <typename T, typename Values, typename Use>
+void search_runs(const RangeLevels<T>& levels, const Values& values, std::span<const std::size_t> stops,
+                 Use use) {
+  constexpr std::size_t kTogether = 32;
+  std::vector<RangeSearch<T, Values>> searches;
+  searches.reserve(kTogether);
+  for (std::size_t first = 0; first + 1 < stops.size(); first += kTogether) {
+    const std::size_t last = std::min(first + kTogether, stops.size() - 1);
+    for (std::size_t run = first; run <= last; ++run) ask_for_end(levels, values, stops[run]);
+    searches.clear();
+    for (std::size_t run = first; run < last; ++run)
+      searches.emplace_back(levels, values, stops[run], stops[run + 1]);
+    for (std::size_t level = 0; level < levels.size(); ++level)
+      for (auto& search : searches) {
+        search.narrow();
+        search.ask();
+      }
+    for (std::size_t run = first; run < last; ++run) use(run, searches[run - first]);
+  }
+}
+
+}  // namespace trendaro
