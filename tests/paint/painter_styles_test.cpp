@@ -73,7 +73,7 @@ TEST(GraphFontsTest, TitleSubtitleAndLabelsHaveTheirFonts) {
         &GraphProperties::LabelUnderline},
        {TextRole::Axis, TextRole::Legend}}};
   const auto describe = [](const GraphProperties& shown, TextRole role) {
-    const QFont& font = GraphFonts(shown).font(role);
+    const QFont font = GraphFonts(shown).font(role);
     return font.family().toStdString() + (font.bold() ? " bold" : "") + (font.italic() ? " italic" : "") +
            (font.underline() ? " underline" : "");
   };
