@@ -32,7 +32,7 @@ void follow_longest_plain_signal(Model& model) {
 }
 
 void release_tools_without_plots(Model& model) {
-  for (const char* tool : {"TB_ZOOMHORZ", "TB_ZOOMVERT", "TB_ZOOMRECT"}) press_tool(model, tool, false);
+  ReleaseZoomButtons(model);
   model.controls["ZoomPointsBox"].back_color = kWhite;
   for (const char* entry : {"mnuDBOffset", "mnuXUnit", "mnuNullValues"}) enable_control(model, entry, true);
 }

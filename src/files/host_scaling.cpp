@@ -77,7 +77,8 @@ std::vector<ChannelInfoRow> host_scaling_rows(const ChannelExtraRecord& extra) {
   if (extra.ScalingMode != kComputed) return rows;
   if (extra.ScalingKind == kTable) add_table(rows, extra.Coefficients);
   if (extra.ScalingKind == kPolynomial) add_polynomial(rows, extra.Coefficients);
-  if (extra.ScalingKind == kFormula) rows.push_back({"f(x)", extra.FormulaText});
+  if (extra.ScalingKind == kFormula)
+    rows.push_back({"f(x)", extra.FormulaText.empty() ? kNotAvailable : extra.FormulaText});
   if (extra.ScalingKind == kStrainGauge) add_gauge_factors(rows, extra.Coefficients);
   return rows;
 }

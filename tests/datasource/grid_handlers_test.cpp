@@ -182,6 +182,8 @@ TEST_F(GridHandlersTest, LastUnmarkReleasesTheZoomTools) {
   add_file("run.REB", 1, 8);
   mark(2);
   for (const char* tool : {"TB_ZOOMHORZ", "TB_ZOOMVERT", "TB_ZOOMRECT"}) model.controls[tool].tag = "1";
+  model.PESG.pending.AllowZooming = 3;
+  model.PESGSurvey.pending.AllowZooming = 1;
   model.controls["ZoomPointsBox"].back_color = kGreen;
   const Texts entries = {"mnuDBOffset", "mnuXUnit", "mnuNullValues"};
   for (const std::string& entry : entries) model.controls[entry].enabled = false;
@@ -193,6 +195,8 @@ TEST_F(GridHandlersTest, LastUnmarkReleasesTheZoomTools) {
   EXPECT_EQ(model.controls["TB_ZOOMHORZ"].image, "HZOOMUP");
   EXPECT_EQ(model.controls["TB_ZOOMVERT"].image, "VZOOMUP");
   EXPECT_EQ(model.controls["TB_ZOOMRECT"].image, "RZOOMUP");
+  EXPECT_EQ(model.PESG.pending.AllowZooming, 0);
+  EXPECT_EQ(model.PESGSurvey.pending.AllowZooming, 0);
   EXPECT_EQ(model.controls["ZoomPointsBox"].back_color, kWhite);
   EXPECT_EQ(model.MaxViewPoints, 0);
 }

@@ -542,6 +542,8 @@ TEST_F(PlotListTest, ClearedGraphHasNoReadoutAndNoPressedZoom) {
     EXPECT_EQ(model.controls["ZoomPointsBox"].text, "0");
     EXPECT_EQ(model.controls["ZoomPointsBox"].back_color, kWhite);
     EXPECT_EQ(model.controls["TB_ZOOMHORZ"].tag, "");
+    EXPECT_EQ(model.PESG.pending.AllowZooming, 0);
+    EXPECT_EQ(model.PESGSurvey.pending.AllowZooming, 0);
   }
 }
 

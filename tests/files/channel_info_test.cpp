@@ -187,6 +187,11 @@ TEST_F(ChannelInfoTest, FormulaStandsAsItIs) {
             (Texts{"Mervan Skalierung = y = f(x)", "f(x) = 2*x+1"}));
 }
 
+TEST_F(ChannelInfoTest, FormulaWithoutTextIsNotAvailable) {
+  EXPECT_EQ(scaling({.ScalingMode = 2, .ScalingKind = 2}),
+            (Texts{"Mervan Skalierung = y = f(x)", "f(x) = Nicht verfügbar"}));
+}
+
 TEST_F(ChannelInfoTest, StrainGaugeShowsItsFactors) {
   EXPECT_EQ(
       scaling({.ScalingMode = 2, .ScalingKind = 3, .CoefficientCount = 3, .Coefficients = {2.05, 4, 0.98}}),
