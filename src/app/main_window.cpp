@@ -7,6 +7,7 @@
 #include <QKeyEvent>
 #include <QMenu>
 #include <QMimeData>
+#include <utility>
 
 #include "app/attempt.h"
 #include "app/commands.h"
@@ -77,6 +78,7 @@ Kelmira::~Kelmira() {
 
 // Tells a failure that the handler lets out.
 void Kelmira::guarded(const std::function<void()>& handler) {
+  ++handlers_at_work_;
   try {
     handler();
   } catch (const RunTimeError& failure) {
@@ -86,6 +88,7 @@ void Kelmira::guarded(const std::function<void()>& handler) {
   } catch (const std::exception&) {
     tell_failure(model_.shell, kInvalidArgument);
   }
+  if (--handlers_at_work_ == 0 && std::exchange(host_unseen_, false)) look_for_host();
 }
 
 void Kelmira::run(const std::function<void()>& handler) {
@@ -178,15 +181,21 @@ void Kelmira::remove_active_file() {
   });
 }
 
+void Kelmira::look_for_host() {
+  QMetaObject::invokeMethod(this, &Kelmira::check_host, Qt::QueuedConnection);
+}
+
+// A handler may wait in a message of its own, which must not lose the window under it.
 void Kelmira::check_host() {
   if (refused_ || !isVisible()) return;
+  host_unseen_ = handlers_at_work_ > 0;
+  if (host_unseen_) return;
   refused_ = model_.Host == nullptr;
   if (!activate_main_window(model_)) close();
 }
 
 bool Kelmira::event(QEvent* event) {
-  if (event->type() == QEvent::WindowActivate)
-    QMetaObject::invokeMethod(this, &Kelmira::check_host, Qt::QueuedConnection);
+  if (event->type() == QEvent::WindowActivate) look_for_host();
   return QMainWindow::event(event);
 }
 
@@ -194,7 +203,7 @@ bool Kelmira::event(QEvent* event) {
 void Kelmira::showEvent(QShowEvent* event) {
   QMainWindow::showEvent(event);
   if (focusWidget() == nullptr) panes_->grid().setFocus();
-  QMetaObject::invokeMethod(this, &Kelmira::check_host, Qt::QueuedConnection);
+  look_for_host();
 }
 
 void Kelmira::keyPressEvent(QKeyEvent* event) {

@@ -56,6 +56,7 @@ class Kelmira : public QMainWindow {
   void open_channel_menu(int row, int column, const QPoint& global_position);
   void remove_active_file();
   void open_dropped(const std::vector<std::string>& paths);
+  void look_for_host();
   void check_host();
 
   Model& model_;
@@ -66,6 +67,8 @@ class Kelmira : public QMainWindow {
   StatusBar* status_bar_;
   int files_seen_ = 0;        // files of the list when the widgets were last brought in line
   bool cursor_seen_ = false;  // a cursor was on then
+  int handlers_at_work_ = 0;
+  bool host_unseen_ = false;  // nobody looked for the host, as a handler was at work
   bool refused_ = false;      // the window goes because there is no host
 };
 

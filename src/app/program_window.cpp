@@ -34,6 +34,7 @@ void ProgramWindow::load() {
 }
 
 void ProgramWindow::open(const std::vector<FileArgument>& files) {
+  if (model.Host == nullptr) return;  // the window refuses to start
   for (const FileArgument& file : files) window->run([&] { open_file_argument(model, file); });
 }
 

@@ -22,7 +22,8 @@ constexpr char kNoHost[] = "Mervan ActiveX-Server nicht vorhanden. Trendaro kann
 // The host's side: it creates WrapperClass, which starts the viewer, and calls its members.
 class AutomationTest : public testing::Test {
  protected:
-  AutomationTest() {
+  explicit AutomationTest(const QStringList& arguments = {QStringLiteral("--automation")})
+      : viewer(&bus, arguments) {
     qDBusRegisterMetaType<ObjectReference>();
     viewer.start();
     bus.wait_for(kWrapperService);
@@ -66,8 +67,42 @@ class AutomationTest : public testing::Test {
 
   PrivateBus bus;
   Program server{&bus, SERVE_HOST, {}};
-  Robot viewer{&bus, {QStringLiteral("--automation")}};
+  Robot viewer;
 };
+
+// Opening the file of the call fails with a message.
+class AutomationWithAFileTest : public AutomationTest {
+ protected:
+  AutomationWithAFileTest()
+      : AutomationTest({QStringLiteral("--automation"), QStringLiteral("/nowhere/lauf.REB")}) {}
+};
+
+TEST_F(AutomationWithAFileTest, NothingIsOpenedWithoutAHost) {
+  run();
+  ASSERT_TRUE(viewer.shows("Kelmira MsgBox"));
+  EXPECT_EQ(viewer.message(), kNoHost);
+  viewer.tell("press OK");
+  EXPECT_TRUE(viewer.shows(""));
+  EXPECT_TRUE(can_unload());
+  bus.disconnect();
+  EXPECT_EQ(viewer.wait_for_end(), 0);
+}
+
+TEST_F(AutomationWithAFileTest, RefusalWaitsForTheMessageOnTheFile) {
+  start(server);
+  add_interface();
+  run();
+  ASSERT_TRUE(viewer.shows("Kelmira MsgBox"));
+  EXPECT_NE(viewer.message(), kNoHost);
+  add_interface(QString(), QStringLiteral("/"));
+  EXPECT_TRUE(viewer.shows("Kelmira MsgBox"));
+  viewer.tell("press OK");
+  ASSERT_TRUE(viewer.shows("Kelmira MsgBox"));
+  EXPECT_EQ(viewer.message(), kNoHost);
+  viewer.tell("press OK");
+  EXPECT_TRUE(viewer.shows(""));
+  EXPECT_TRUE(can_unload());
+}
 
 TEST_F(AutomationTest, NothingShowsBeforeRun) {
   EXPECT_EQ(viewer.windows(), "");
