@@ -170,29 +170,49 @@ void draw_plain_samples(CurveTask& task, MainReading& reading, std::span<const f
     write_line(task.slot, samples.size(), curve.line);
 }
 
-// Whether a curve can be compressed while it is read: its samples are not needed afterwards, nor x for
+bool is_compressed(const Model& model) {
+  return model.HasFullDataPlot && model.DisplayCompression;
+}
+
+// Whether the samples of a curve can be drawn while they are read: they are not needed afterwards, nor x for
 // choosing among them.
-bool compresses_while_reading(const CurveTask& task) {
+bool draws_while_reading(const CurveTask& task) {
   const Model& model = task.model;
-  return model.HasFullDataPlot && model.DisplayCompression && model.CompressFactor > 1 &&
-         model.CurveCacheOff && task.plot.Cached == 0 && !model.Zoomed && task.plot.XSource <= 0 &&
-         task.points > 0;
+  if (!model.CurveCacheOff || task.plot.Cached != 0 || task.plot.XSource > 0 || task.points <= 0)
+    return false;
+  return !is_compressed(model) || (model.CompressFactor > 1 && !model.Zoomed);
+}
+
+// Passes the samples of a curve to `take`; the time line they lie on.
+TimeLine pass_samples(CurveTask& task, MainReading& reading, bool compressed, const TakeValues& take) {
+  Model& model = task.model;
+  const LoadStatus status = PassMeasurementValues(model, task.path, task.plot.ChannelIndex, take);
+  model.LastDatabaseStatus = static_cast<i32>(status);
+  report_status(model, task.path, status);
+  take_plain_description(task);
+  if (!time_from_base(task.plot)) return {};
+  reading.line = plain_time_line(task, reading, compressed);
+  take_time_title(model, reading);
+  return reading.line;
 }
 
 void compress_while_reading(CurveTask& task, MainReading& reading) {
   Model& model = task.model;
   PairStream pairs(model.CompressFactor, static_cast<std::size_t>(task.points), task.slot.DrawY.size());
-  const LoadStatus status = PassMeasurementValues(model, task.path, task.plot.ChannelIndex,
-                                                  [&](std::span<const f64> run) { pairs.add(run); });
-  model.LastDatabaseStatus = static_cast<i32>(status);
-  report_status(model, task.path, status);
-  take_plain_description(task);
-  TimeLine line;
-  if (time_from_base(task.plot)) {
-    line = reading.line = plain_time_line(task, reading, true);
-    take_time_title(model, reading);
-  }
+  const TimeLine line = pass_samples(task, reading, true, [&](std::span<const f64> run) { pairs.add(run); });
   write_pair_points(model, pairs, line, task.slot, task.number, task.sign());
+}
+
+void copy_while_reading(CurveTask& task, MainReading& reading) {
+  std::span<f32> rest =
+      task.slot.DrawY.first(std::min(task.slot.DrawY.size(), static_cast<std::size_t>(task.points)));
+  const std::size_t room = rest.size();
+  const TimeLine line = pass_samples(task, reading, false, [&](std::span<const f64> run) {
+    run = run.first(std::min(run.size(), rest.size()));
+    write_values(rest, run, task.scale());
+    rest = rest.subspan(run.size());
+  });
+  if (time_from_base(task.plot)) write_line(task.slot, room - rest.size(), line);
 }
 
 }  // namespace
@@ -242,14 +262,17 @@ void read_block_curve(CurveTask& task, MainReading& reading) {
 void read_plain_curve(CurveTask& task, MainReading& reading) {
   if (!has_length(task) || reading.settings_only) return;
   Model& model = task.model;
-  if (compresses_while_reading(task)) return compress_while_reading(task, reading);
+  if (draws_while_reading(task)) {
+    if (is_compressed(model)) return compress_while_reading(task, reading);
+    return copy_while_reading(task, reading);
+  }
   LoadStatus status = LoadStatus::Done;
   std::span<const f64> samples = plain_samples(model, task.number, task.path, status);
   report_status(model, task.path, status);
   find_length(task, samples.size(), status);
   samples = samples.first(std::min(samples.size(), static_cast<std::size_t>(std::max(task.points, 0))));
   take_plain_description(task);
-  draw_plain_samples(task, reading, samples, model.HasFullDataPlot && model.DisplayCompression);
+  draw_plain_samples(task, reading, samples, is_compressed(model));
 }
 
 }  // namespace trendaro

@@ -1,4 +1,5 @@
-// Curves that are compressed while their samples pass must give the very graph that kept samples give.
+// Curves that are drawn while their samples pass must give the very graph that kept samples give.
+#include <algorithm>
 #include <cmath>
 #include <limits>
 #include <random>
@@ -81,6 +82,8 @@ TEST_F(PassingRedrawTest, RandomCurvesAreDrawnAsThoseThatAreKept) {
     model.TimeUnit = static_cast<i16>(random() % 5);
     model.DateAxis = model.TimeUnit == 4;
     model.CompressTarget = static_cast<i32>(1 + random() % 200);
+    model.controls["mnuUseCompression"].ticked = random() % 3 != 0;
+    model.DisplayCompression = false;
     ASSERT_EQ(draw(true), draw(false)) << "round " << round;
   }
 }
@@ -94,6 +97,29 @@ TEST_F(PassingRedrawTest, CurveLongerThanARunHasNoSeams) {
   EXPECT_EQ(draw(true), draw(false));
 }
 
+TEST_F(PassingRedrawTest, UncompressedCurveOfManyRunsIsThereAsAWhole) {
+  std::vector<f64> samples(300'007);
+  for (std::size_t i = 0; i < samples.size(); ++i) samples[i] = static_cast<f64>(i % 9973);
+  add_plot(write("a.dat", curve_file({{.samples = samples}})), 1, kKindPlain, 300'007);
+  model.controls["mnuUseCompression"].ticked = false;
+  const Drawn passed = draw(true);
+  const FlatArray& y = *model.PESG.shown().YData;
+  ASSERT_EQ(y.size(), samples.size());
+  EXPECT_TRUE(std::ranges::equal(y, samples));
+  EXPECT_EQ(passed, draw(false));
+}
+
+TEST_F(PassingRedrawTest, UncompressedCurvesOfDifferentLengthEndInNullValues) {
+  add_plot(write("a.dat", curve_file({{.samples = {1, 2, 3, 4, 5}}})), 1, kKindPlain, 5);
+  add_plot(write("b.dat", curve_file({{.samples = {7, 8, 9}}})), 1, kKindPlain, 2);
+  model.controls["mnuUseCompression"].ticked = false;
+  const Drawn passed = draw(true);
+  const FlatArray& y = *model.PESG.shown().YData;
+  const auto null = static_cast<f32>(model.PESG.shown().NullDataValue);
+  EXPECT_THAT(y, ElementsAre(1, 2, 3, 4, 5, 7, 8, null, null, null));
+  EXPECT_EQ(passed, draw(false));
+}
+
 TEST_F(PassingRedrawTest, NothingIsKept) {
   add_plot(write("a.dat", curve_file({{.samples = std::vector<f64>(100, 2)}})), 1, kKindPlain, 100);
   draw(true);
@@ -102,16 +128,21 @@ TEST_F(PassingRedrawTest, NothingIsKept) {
 }
 
 TEST_F(PassingRedrawTest, CutAndMissingFilesAreToldAndDrawnAlike) {
-  const auto path = write("a.dat", curve_file({{.samples = std::vector<f64>(100, 2)}}));
-  add_plot(path, 1, kKindPlain, 100);
-  std::filesystem::resize_file(path, std::filesystem::file_size(path) - 300);
-  const Drawn cut = draw(true);
-  EXPECT_EQ(cut, draw(false));
-  EXPECT_THAT(cut.messages, ElementsAre("Trendaro: Fehler beim Lesen der Daten aufgetreten!"));
-  std::filesystem::remove(path);
-  const Drawn missing = draw(true);
-  EXPECT_EQ(missing, draw(false));
-  EXPECT_THAT(missing.messages, ElementsAre("Trendaro: Fehler beim Öffnen der Datei " + path));
+  for (const bool compressed : {true, false}) {
+    model.Plots.clear();
+    model.controls["mnuUseCompression"].ticked = compressed;
+    model.DisplayCompression = false;
+    const auto path = write("a.dat", curve_file({{.samples = std::vector<f64>(100, 2)}}));
+    add_plot(path, 1, kKindPlain, 100);
+    std::filesystem::resize_file(path, std::filesystem::file_size(path) - 300);
+    const Drawn cut = draw(true);
+    EXPECT_EQ(cut, draw(false));
+    EXPECT_THAT(cut.messages, ElementsAre("Trendaro: Fehler beim Lesen der Daten aufgetreten!"));
+    std::filesystem::remove(path);
+    const Drawn missing = draw(true);
+    EXPECT_EQ(missing, draw(false));
+    EXPECT_THAT(missing.messages, ElementsAre("Trendaro: Fehler beim Öffnen der Datei " + path));
+  }
 }
 
 TEST_F(PassingRedrawTest, CurvesThatNeedTheirSamplesAreReadAsAWhole) {
