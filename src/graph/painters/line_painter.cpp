@@ -1,6 +1,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "graph/bar_notches.h"
 #include "graph/curve_strokes.h"
 #include "graph/painters/curve_painter.h"
 #include "graph/painters/curve_task.h"
@@ -45,7 +46,7 @@ void draw_connected(QPainter& painter, const CurveOutline& outline, std::size_t 
 
 void draw_bars_of_columns(QPainter& painter, const std::vector<PixelRectangle>& bars, const QColor& color) {
   const DeviceGrid grid(painter);
-  for (const PixelRectangle& bar : bars)
+  for (const PixelRectangle& bar : without_notches(bars, 1 / grid.ratio()))
     painter.fillRect(grid.aligned(QRectF(bar.x, bar.y, bar.width, bar.height)), color);
 }
 
