@@ -5,6 +5,7 @@
 #include <QPainter>
 #include <cstdio>
 #include <cstring>
+#include <filesystem>
 #include <functional>
 #include <stdexcept>
 #include <string>
@@ -13,6 +14,7 @@
 #include <spawn.h>
 #include <sys/resource.h>
 #include <sys/wait.h>
+#include <unistd.h>
 
 #include "app/model.h"
 #include "bench_files.h"
@@ -127,6 +129,26 @@ void compare_render(const Data& data) {
       });
 }
 
+// gnuplot keeps all points in memory, 6 GB of them, and takes its time; once is enough.
+void compare_plotter(const Data& data) {
+  constexpr char kPlotter[] = "/usr/bin/gnuplot";
+  if (access(kPlotter, X_OK) != 0) {
+    std::printf("%-52s%s\n", "picture of 100 M f64 / the same by gnuplot",
+                "  left out, gnuplot-nox is missing");
+    return;
+  }
+  const auto header = std::filesystem::file_size(data.channel()) - u64{kChannelSamples} * sizeof(f64);
+  const std::string script = "set terminal png size 1600,900; set output '" + data.picture() + "'; plot '" +
+                             data.channel() + "' binary skip=" + std::to_string(header) +
+                             " format='%float64' using 0:1 with lines";
+  compare(
+      "picture of 100 M f64 / the same by gnuplot", 0.1, 1,
+      [&] { static_cast<void>(render(data, data.channel())); },
+      [&] {
+        static_cast<void>(run_process({kPlotter, "-e", script}));
+      });
+}
+
 void compare_zoom(const Data& data) {
   Drawing large, small;
   large.add(data.channel(), 1, kKindPlain, kChannelSamples);
@@ -181,6 +203,7 @@ void run(const Data& data) {
   std::printf("%-52s%10s%10s%8s%9s\n", "work / limit", "ms", "limit ms", "ratio", "at most");
   print_memory(data);
   compare_render(data);
+  compare_plotter(data);
   compare_zoom(data);
   compare_signals(data);
 }
