@@ -138,7 +138,8 @@ void size_again(Model& model, i32 points) {
 }
 
 i32 size_main_graph(Model& model) {
-  // The original samples of a zoom, and a list that has lost a plot, start afresh; otherwise slots only grow.
+  // The original samples of a zoom, a list that has lost a plot and a reset of the zoom start afresh; otherwise
+  // slots only grow.
   if (model.OriginalDataMode || model.MaxViewPoints == 0) model.ViewPoints = 0;
   if (!model.OriginalDataMode) model.LongestPlot = 0;
   model.LongestOriginalPoints = 0;

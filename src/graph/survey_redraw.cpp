@@ -154,7 +154,7 @@ void read_plain(CurveTask& task, const SurveyReading& reading) {
     write_counted_points(task);
 }
 
-void read_survey_curve(CurveTask& task, const SurveyReading& reading) {
+void read_survey_curve(CurveTask& task, const SurveyReading& reading, bool settings_only) {
   Model& model = task.model;
   const SurveyKind kind = kind_to_read(model, task.number);
   if (kind == SurveyKind::None) return;
@@ -162,6 +162,7 @@ void read_survey_curve(CurveTask& task, const SurveyReading& reading) {
     load_description(model, task.path, task.plot.ChannelIndex);
     return take_file_unit(model, task.plot, model.SurveyAxisTitles);
   }
+  if (settings_only) return;
   if (kind == SurveyKind::Plain) return read_plain(task, reading);
   if (kind == SurveyKind::Block) return read_block(task, reading);
   if (task.points == -1) task.points = pair_length(model, task.plot);
@@ -200,10 +201,9 @@ void read_plots(Model& model, SurveyReading& reading, bool settings_only) {
   for (i16 number = 1; number <= model.NofPlots; ++number) {
     model.shell.show_status(1, "Einlesen der Daten für Kurve " + std::to_string(number) + ".......");
     attempt([&] { describe_curve(model.PESGSurvey, model.SurveyPlots[number], number - 1); });
-    if (settings_only) continue;
     CurveTask task = task_of(model, number, reading);
     task.together = &pairs;
-    attempt([&] { read_survey_curve(task, reading); });
+    attempt([&] { read_survey_curve(task, reading, settings_only); });
     attempt([&] { erase_file_values(model); });
   }
 }

@@ -101,6 +101,17 @@ TEST_F(SurveyRedrawTest, ZoomIntoOriginalsLeavesPairsReadableAndBlocksOut) {
   EXPECT_THAT(y(), ElementsAre(kNull, kNull, kNull, kNull, -1, 3, -2, kNull));
 }
 
+TEST_F(SurveyRedrawTest, SettingsAloneBringTheUnitOfAPlotWithoutPoints) {
+  const auto path = write("a.dat", curve_file({{.samples = {1, 2}}}));
+  add_plot(path, 1, kKindPlain, 2);
+  add_plot(path, 1, kKindPlain, 0).Layer = 2;
+  model.SurveyPlots[2].Layer = 2;
+  RedrawSurvGraph(model, true);
+  EXPECT_EQ(model.AxisUnits[0], "");
+  EXPECT_EQ(model.AxisUnits[1], "kN");
+  EXPECT_EQ(shown().YData, nullptr);
+}
+
 TEST_F(SurveyRedrawTest, PanelTellsOfTheUpdateUntilTheZoomBoxIsDrawn) {
   RedrawSurvGraph(model, true);
   EXPECT_THAT(shell.calls, ElementsAre("status 1: Übersichtsgraphik wird aktualisiert...", "status 1: "));
