@@ -202,17 +202,17 @@ TEST_F(StartupTest, PressedZoomModeEndsWithTheRun) {
 }
 
 TEST_F(StartupTest, LookIsSavedBehindTheClearingOfTheGraphs) {
-  {
-    ProgramRun first(folder);
-    load_main_window(first.model);
-    first.model.PESG.pending.InvertedXAxis = true;  // which lasts until the next set-up
-    first.model.PESGSurvey.pending.InvertedXAxis = true;
-    unload_main_window(first.model);
+  ProgramRun run(folder);
+  load_main_window(run.model);
+  run.model.PESG.pending.InvertedXAxis = true;  // which lasts until the next set-up
+  run.model.PESGSurvey.pending.InvertedXAxis = true;
+  unload_main_window(run.model);
+  for (const char* name : {"KM_TEMPLATE.$$$", "KMSurv_TEMPLATE.$$$"}) {
+    GraphSurface saved(1);
+    saved.pending.InvertedXAxis = true;
+    ASSERT_EQ(PEloadfromfile(saved, folder.file(name)), kPropertyDone);
+    EXPECT_FALSE(saved.pending.InvertedXAxis) << name;
   }
-  ProgramRun second(folder);
-  load_main_window(second.model);
-  EXPECT_FALSE(second.model.PESG.pending.InvertedXAxis);
-  EXPECT_FALSE(second.model.PESGSurvey.pending.InvertedXAxis);
 }
 
 // A state that menus do not tell of would need two clicks to change.

@@ -130,10 +130,10 @@ TEST_F(GraphSetupTest, VisibleLayersShiftDownWhileAxesAreSaved) {
     model.PESG.pending.layers[i].YAxisColor = static_cast<i32>(i);
   model.PESG.pending.FirstVisibleAxis = 1;
   model.saved_axes = {
-      .left = {{.color = 100}}, .right = {{.color = 110}}, .StoredAxisCount = 1, .AxesStored = true};
+      .left = {{.color = 100}}, .right = {{.color = 110}}, .StoredAxisCount = 0, .AxesStored = true};
   InitMainGraph(model);
-  EXPECT_EQ(model.PESG.pending.layers[0].YAxisColor, 0);
-  EXPECT_EQ(model.PESG.pending.layers[4].YAxisColor, 4);
+  EXPECT_EQ(model.PESG.pending.layers[0].YAxisColor, 1);
+  EXPECT_EQ(model.PESG.pending.layers[4].YAxisColor, 5);
 }
 
 TEST_F(GraphSetupTest, SurveyHasNoShift) {
