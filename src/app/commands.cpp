@@ -21,6 +21,7 @@
 #include "graph/cache_handlers.h"
 #include "graph/zoom_modes.h"
 #include "interact/cursor_modes.h"
+#include "output/online_help.h"
 
 namespace trendaro {
 namespace {
@@ -163,7 +164,7 @@ constexpr auto kCommands = std::to_array<Command>({
     {"mnuDBExport", "Ausschnittsdaten exportieren...", "mnuDB", mnuDBExport},
 
     {"mnuHelp", "&Hilfe", nullptr, nullptr},
-    {"mnuOnlineHelp", "Einführung", "mnuHelp", nullptr, false, "F1"},
+    {"mnuOnlineHelp", "Einführung", "mnuHelp", mnuOnlineHelp, false, "F1"},
     {"mnuAbout", "Über Trendaro...", "mnuHelp", show_about},
 
     {"mnuPOP1", "Kanalliste", nullptr, nullptr},

@@ -66,6 +66,8 @@ class Shell {
   virtual void print_channel_info(const std::string& headline, const std::vector<ChannelInfoRow>& rows) = 0;
   // Closes the main window as if the user had; the close question comes with it.
   virtual void close_window() = 0;
+  // Opens a file in the program that the desktop has for it. False where there is none.
+  virtual bool open_document(const std::string&) { return false; }
   // Name and version of the program, modal; nothing where there is no window.
   virtual void show_about() {}
 };

@@ -2,8 +2,10 @@
 
 #include <QApplication>
 #include <QClipboard>
+#include <QDesktopServices>
 #include <QDir>
 #include <QFileInfo>
+#include <QUrl>
 #include <QWidget>
 
 #include "app/database_dialog.h"
@@ -118,6 +120,10 @@ void WindowShell::print_channel_info(const std::string& headline, const std::vec
 
 void WindowShell::close_window() {
   if (window_ != nullptr) window_->close();
+}
+
+bool WindowShell::open_document(const std::string& path) {
+  return QDesktopServices::openUrl(QUrl::fromLocalFile(qt_text(path)));
 }
 
 void WindowShell::show_about() {

@@ -34,6 +34,7 @@ class WindowShell : public Shell {
   void copy_text(const std::string& text) override;
   void print_channel_info(const std::string& headline, const std::vector<ChannelInfoRow>& rows) override;
   void close_window() override;
+  bool open_document(const std::string& path) override;
   void show_about() override;
 
  private:

@@ -78,6 +78,11 @@ class RecordingShell : public Shell {
   void print_channel_info(const std::string& headline, const std::vector<ChannelInfoRow>& rows) override {
     calls.push_back("print " + std::to_string(rows.size()) + " rows: " + headline);
   }
+  bool opens_documents = true;
+  bool open_document(const std::string& path) override {
+    calls.push_back("document " + path);
+    return opens_documents;
+  }
   void close_window() override { ++window_closings; }
 
   // The messages alone.
