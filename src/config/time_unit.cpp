@@ -17,7 +17,6 @@ namespace trendaro {
 namespace {
 
 constexpr i16 kUnits = 5;
-constexpr i16 kChannelAsX = 1;
 
 f64 units_in_a_second(i16 unit) {
   constexpr std::array<f64, kUnits> kUnitsInASecond = {1000, 1, 1.0 / 60, 1.0 / 3600, 1.0 / 86400};

@@ -17,8 +17,6 @@
 namespace trendaro {
 namespace {
 
-constexpr i16 kChannelAsX = 1;
-
 // What was on show ahead of a mark.
 struct FormerView {
   bool originals = false;  // a zoom's original samples

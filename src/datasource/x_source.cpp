@@ -11,9 +11,6 @@
 namespace trendaro {
 namespace {
 
-constexpr i16 kTimeBase = 0;
-constexpr i16 kChannelAsX = 1;
-
 void choose_active_row(Model& model) {
   const Raised lock(model.ButtonLock);
   const ChannelRow& row = model.Grid.rows[model.Grid.active_row];

@@ -8,6 +8,10 @@
 
 namespace trendaro {
 
+// Entries of the box xSrc.
+constexpr i16 kTimeBase = 0;
+constexpr i16 kChannelAsX = 1;
+
 struct XSourceEntry {
   std::string text;
   i16 item_data = 0;  // the chosen x channel; 0 until one was chosen
@@ -23,7 +27,7 @@ struct IoChannel {
 // The box xSrc above the channel list.
 struct XSourceBox {
   std::array<XSourceEntry, 2> entries;
-  i16 ListIndex = 0;  // 0 time base, 1 channel
+  i16 ListIndex = kTimeBase;
 };
 
 // State of the channel list beside its rows.

@@ -17,8 +17,6 @@
 namespace trendaro {
 namespace {
 
-constexpr i16 kChannelAsX = 1;
-
 // What the imports of all plots have met.
 struct ImportOutcome {
   OriginalSearch search = {};

@@ -16,7 +16,6 @@
 namespace trendaro {
 namespace {
 
-constexpr i16 kChannelAsX = 1;
 constexpr i16 kHorizontal = 1;
 constexpr i16 kBoth = 3;
 constexpr i32 kLimitLineType = 6;

@@ -17,8 +17,6 @@
 namespace trendaro {
 namespace {
 
-constexpr i16 kChannelAsX = 1;
-
 // The step in x units; nothing while no curve has given the display a step.
 std::optional<f64> scroll_step(Model& model) {
   attempt([&] { model.ScrollInterval = round_to_i32(ParseNumber(model.controls["StepBox"].text)); });
