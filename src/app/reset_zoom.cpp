@@ -92,8 +92,7 @@ void reset_zoom(Model& model) {
   show_points(model);
   set_graphs_to_full_range(model);
   PEactions(model.PESGSurvey, kRedrawFromSettings);
-  if (model.DisplayCompression) restore_unzoomed_scale(model);
-  forget_unzoomed_scale(model);
+  end_unzoomed_scale(model);
   RedrawKMGraph(model, false);
   tell_of_full_data(model);
   model.saved_axes = {};

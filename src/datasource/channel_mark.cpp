@@ -13,6 +13,7 @@
 #include "graph/data_zoom.h"
 #include "graph/main_redraw.h"
 #include "graph/survey_redraw.h"
+#include "graph/unzoomed_scale.h"
 
 namespace trendaro {
 namespace {
@@ -74,6 +75,23 @@ void keep_section(Model& model, const FormerView& former) {
   if (!former.plain) model.ZoomScaleLimits[0] = {graph.ZoomMinX, graph.ZoomMaxX, 0, 0};
 }
 
+// A compressed section is redrawn in x alone: its y limits, where a band gave it some, are the graph's
+// already. A zoom of the graph itself still acts on y.
+void redraw_section(Model& model) {
+  {
+    const Kept mode(model.PESG.pending.AllowZooming);
+    model.PESG.pending.AllowZooming = 1;
+    RedrawKMGraph(model, false);
+  }
+  if (model.PESG.pending.AllowZooming > 1) PEactions(model.PESG, kRedrawFromSettings);
+}
+
+void redraw_main(Model& model) {
+  if (model.NofPlots == 0) return redraw_in_unzoomed_scale(model);
+  if (!model.Zoomed) return RedrawKMGraph(model, false);
+  redraw_section(model);
+}
+
 void redraw_after_mark(Model& model, const FormerView& former) {
   // The new plots stand on their reduced files; the zoom brings the samples in again.
   model.OriginalDataMode = false;
@@ -82,7 +100,7 @@ void redraw_after_mark(Model& model, const FormerView& former) {
   if (former.plain && !model.HasFullDataPlot) model.shell.show_status(2, "");
   if (model.Zoomed && model.ActiveLayersChanged) reset_zoom(model);
   if (model.Zoomed) keep_section(model, former);
-  RedrawKMGraph(model, false);
+  redraw_main(model);
   if (model.HasFullDataPlot)
     hide_survey(model);
   else

@@ -10,6 +10,7 @@
 #include "graph/curve_cache.h"
 #include "graph/main_redraw.h"
 #include "graph/survey_redraw.h"
+#include "graph/unzoomed_scale.h"
 
 namespace trendaro {
 namespace {
@@ -61,7 +62,8 @@ void ClearGraph(Model& model) {
   unmark_all(model);
   forget_zoom(model);
   show_hidden_survey(model);
-  redraw_both(model);
+  redraw_in_unzoomed_scale(model);
+  RedrawSurvGraph(model, false);
   show_plot_status(model);
 }
 

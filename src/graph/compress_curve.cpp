@@ -4,6 +4,7 @@
 #include <cmath>
 
 #include "app/model.h"
+#include "graph/unzoomed_scale.h"
 
 namespace trendaro {
 namespace {
@@ -69,6 +70,9 @@ i64 pair_block_of(const Model& model, const PlainCurve& samples, i32 factor, std
 void hold_window(Model& model) {
   GraphProperties& graph = model.PESG.pending;
   const auto& limits = model.ZoomScaleLimits;
+  if (graph.ManualScaleControlX == 0 && graph.AllowZooming <= 1) return;
+  if (!model.unzoomed_scale.held) hold_unzoomed_scale(model);
+  model.unzoomed_scale.overwritten = true;
   if (graph.ManualScaleControlX != 0) {
     graph.ManualScaleControlX = 3;
     graph.ManualMinX = limits[0][0];

@@ -1,6 +1,8 @@
 #include "graph/unzoomed_scale.h"
 
 #include "app/model.h"
+#include "graph/main_redraw.h"
+#include "graph/saved_axes.h"
 
 namespace trendaro {
 namespace {
@@ -23,26 +25,8 @@ void restore_right(LayerProperties& layer, const UnzoomedScale::Axis& scale) {
   layer.ManualMaxRY = scale.high;
 }
 
-}  // namespace
-
-void hold_unzoomed_scale(Model& model) {
-  UnzoomedScale& scale = model.unzoomed_scale;
-  const GraphProperties& graph = model.PESG.pending;
-  scale.held = true;
-  scale.x_held = false;
-  scale.low_x = graph.ManualMinX;
-  scale.high_x = graph.ManualMaxX;
-  for (std::size_t i = 0; i < scale.left.size(); ++i) {
-    const LayerProperties& layer = graph.layers[i];
-    scale.left[i] = {layer.ManualScaleControlY, layer.ManualMinY, layer.ManualMaxY};
-    scale.right[i] = {layer.ManualScaleControlRY, layer.ManualMinRY, layer.ManualMaxRY};
-  }
-}
-
-void restore_unzoomed_scale(Model& model) {
-  UnzoomedScale& scale = model.unzoomed_scale;
-  if (!scale.held) return;
-  scale.held = false;
+void restore(Model& model) {
+  const UnzoomedScale& scale = model.unzoomed_scale;
   GraphProperties& graph = model.PESG.pending;
   graph.ManualMinX = scale.low_x;
   graph.ManualMaxX = scale.high_x;
@@ -60,9 +44,34 @@ void restore_unzoomed_scale(Model& model) {
   }
 }
 
-void forget_unzoomed_scale(Model& model) {
-  if (model.unzoomed_scale.x_held) model.PESG.pending.ManualScaleControlX = 0;
-  model.unzoomed_scale.held = model.unzoomed_scale.x_held = false;
+}  // namespace
+
+void hold_unzoomed_scale(Model& model) {
+  UnzoomedScale& scale = model.unzoomed_scale;
+  const GraphProperties& graph = model.PESG.pending;
+  scale.held = true;
+  scale.overwritten = scale.x_held = false;
+  scale.low_x = graph.ManualMinX;
+  scale.high_x = graph.ManualMaxX;
+  for (std::size_t i = 0; i < scale.left.size(); ++i) {
+    const LayerProperties& layer = graph.layers[i];
+    scale.left[i] = {layer.ManualScaleControlY, layer.ManualMinY, layer.ManualMaxY};
+    scale.right[i] = {layer.ManualScaleControlRY, layer.ManualMinRY, layer.ManualMaxRY};
+  }
+}
+
+void end_unzoomed_scale(Model& model) {
+  UnzoomedScale& scale = model.unzoomed_scale;
+  if (scale.held && (model.DisplayCompression || scale.overwritten)) restore(model);
+  if (scale.x_held) model.PESG.pending.ManualScaleControlX = 0;
+  scale.held = scale.overwritten = scale.x_held = false;
+}
+
+void redraw_in_unzoomed_scale(Model& model) {
+  bring_layers_back(model);
+  end_unzoomed_scale(model);
+  RedrawKMGraph(model, false);
+  model.saved_axes = {};
 }
 
 bool zoom_to_unzoomed_scale(Model& model) {

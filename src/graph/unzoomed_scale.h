@@ -7,12 +7,14 @@ struct Model;
 // Keeps the manual scale of the main graph from before a zoom: a compressed view writes over it.
 void hold_unzoomed_scale(Model& model);
 
-// Gives the main graph the scale back that was kept, also to layers that the next set-up brings back; nothing
-// where none was kept.
-void restore_unzoomed_scale(Model& model);
+// The zoom has been left: the main graph has the scale back that a compressed view has written over, also in
+// layers that the next set-up brings back; an x axis that the zoom has held scales itself again. Nothing is
+// kept any more.
+void end_unzoomed_scale(Model& model);
 
-// The zoom has been left: nothing is kept any more, and an x axis that the zoom has held scales itself again.
-void forget_unzoomed_scale(Model& model);
+// The same behind the last curve, where no reset leaves the zoom: layers that had left come back, too. Then
+// redraws the main graph.
+void redraw_in_unzoomed_scale(Model& model);
 
 // Writes the scale that was kept as the zoom limits of all layers on show, as a rubber band around the whole
 // would leave them. False where none was kept.

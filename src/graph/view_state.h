@@ -46,6 +46,7 @@ struct UnzoomedScale {
     f64 low = 0, high = 0;
   };
   bool held = false;
+  bool overwritten = false;  // a compressed view has written its window over it
   f64 low_x = 0, high_x = 0;
   bool x_held = false;              // x was scaled automatically, and the zoom holds its section
   std::array<Axis, 3> left, right;  // index: layer from 0

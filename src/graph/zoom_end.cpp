@@ -128,7 +128,8 @@ void copy_y_limits(Model& model) {
 void end_main_zoom(Model& model) {
   GraphProperties& graph = model.PESG.pending;
   const bool vertical = graph.AllowZooming == kVertical;
-  if (!model.Zoomed) hold_unzoomed_scale(model);
+  // A zoom that began without a rubber band has kept nothing.
+  if (!model.Zoomed || !model.unzoomed_scale.held) hold_unzoomed_scale(model);
   if (vertical) take_y_limits(model);
   const bool other_layers = take_layer_range(model);
   keep_limits(model);
