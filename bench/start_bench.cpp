@@ -12,12 +12,12 @@
 
 #include <unistd.h>
 
-#include "app/first_place.h"
 #include "app/memory_host.h"
 #include "app/menu_bar.h"
 #include "app/program_window.h"
-#include "app/splash.h"
+#include "app/splash_window.h"
 #include "app/tool_bar.h"
+#include "app/window_place.h"
 #include "timing.h"
 
 namespace trendaro::bench {

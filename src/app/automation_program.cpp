@@ -7,10 +7,10 @@
 #include <utility>
 
 #include "app/bus_host.h"
-#include "app/first_place.h"
 #include "app/program_window.h"
 #include "app/run_time_error.h"
 #include "app/toolkit_notes.h"
+#include "app/window_place.h"
 #include "app/wrapper_object.h"
 
 namespace trendaro {

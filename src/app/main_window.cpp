@@ -14,7 +14,7 @@
 #include "app/icons.h"
 #include "app/menu_bar.h"
 #include "app/model.h"
-#include "app/pane_area.h"
+#include "app/pane_area_widget.h"
 #include "app/qt_text.h"
 #include "app/startup.h"
 #include "app/status_bar.h"

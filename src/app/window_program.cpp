@@ -7,13 +7,13 @@
 
 #include "app/bus_host.h"
 #include "app/bus_names.h"
-#include "app/first_place.h"
 #include "app/memory_host.h"
 #include "app/paths.h"
 #include "app/program_folder.h"
 #include "app/program_window.h"
-#include "app/splash.h"
+#include "app/splash_window.h"
 #include "app/toolkit_notes.h"
+#include "app/window_place.h"
 
 namespace trendaro {
 namespace {

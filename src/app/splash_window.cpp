@@ -1,4 +1,4 @@
-#include "app/splash.h"
+#include "app/splash_window.h"
 
 #include <QEventLoop>
 #include <QTimer>

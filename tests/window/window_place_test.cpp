@@ -1,4 +1,4 @@
-#include "app/first_place.h"
+#include "app/window_place.h"
 
 #include <QScreen>
 

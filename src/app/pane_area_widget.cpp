@@ -1,10 +1,10 @@
-#include "app/pane_area.h"
+#include "app/pane_area_widget.h"
 
 #include <QComboBox>
 #include <QLabel>
 
 #include "app/model.h"
-#include "app/pane_separator.h"
+#include "app/pane_separator_widget.h"
 #include "app/panes.h"
 #include "app/qt_text.h"
 #include "datasource/channel_grid.h"

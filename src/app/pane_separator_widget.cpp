@@ -1,4 +1,4 @@
-#include "app/pane_separator.h"
+#include "app/pane_separator_widget.h"
 
 #include <QMouseEvent>
 #include <QPainter>
