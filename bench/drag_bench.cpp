@@ -4,7 +4,6 @@
 #include <QMouseEvent>
 #include <QPixmap>
 #include <algorithm>
-#include <chrono>
 #include <cmath>
 #include <cstdio>
 #include <functional>
@@ -13,6 +12,7 @@
 #include "graph/graph_cursor.h"
 #include "graph/graph_widget.h"
 #include "graph/rubber_band.h"
+#include "timing.h"
 
 namespace trendaro::bench {
 namespace {
@@ -21,18 +21,6 @@ constexpr i32 kCurves = 4;
 constexpr std::size_t kPoints = 1'000'000;
 constexpr int kRuns = 201;
 constexpr f64 kMost = 3;
-
-f64 milliseconds(const std::function<void()>& work) {
-  const auto start = std::chrono::steady_clock::now();
-  work();
-  return std::chrono::duration<f64, std::milli>(std::chrono::steady_clock::now() - start).count();
-}
-
-f64 median(std::vector<f64> times) {
-  const auto middle = times.begin() + static_cast<std::ptrdiff_t>(times.size() / 2);
-  std::ranges::nth_element(times, middle);
-  return *middle;
-}
 
 // The least that a widget can do for a frame.
 class CopyWidget : public QWidget {

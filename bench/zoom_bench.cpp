@@ -4,7 +4,6 @@
 #include <QApplication>
 #include <QPainter>
 #include <algorithm>
-#include <chrono>
 #include <cstdio>
 #include <cstdlib>
 #include <filesystem>
@@ -28,6 +27,7 @@
 #include "graph/zoom_end.h"
 #include "support/recorder_builder.h"
 #include "support/silent_shell.h"
+#include "timing.h"
 
 namespace trendaro::bench {
 namespace {
@@ -87,18 +87,6 @@ RecordingPair write_pair(const std::string& folder, const std::string& name, i32
     std::abort();
   ::close(file);
   return pair;
-}
-
-f64 milliseconds(const std::function<void()>& work) {
-  const auto start = std::chrono::steady_clock::now();
-  work();
-  return std::chrono::duration<f64, std::milli>(std::chrono::steady_clock::now() - start).count();
-}
-
-f64 median(std::vector<f64> times) {
-  const auto middle = times.begin() + static_cast<std::ptrdiff_t>(times.size() / 2);
-  std::ranges::nth_element(times, middle);
-  return *middle;
 }
 
 // The window with all channels of a recording.

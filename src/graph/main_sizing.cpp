@@ -42,17 +42,21 @@ void size_pairs(Model& model, i16 number, const std::string& path) {
   take_longest_original(model, number, model.FileReduceFactor, points);
 }
 
-void size_block(Model& model, i16 number, const std::string& path) {
-  const PlotRecord& plot = model.Plots[number];
+// How many points a plot has; where no one told so far, those of its values count.
+i32 points_of(Model& model, const PlotRecord& plot, const std::string& path) {
   i32 points = plot.Points;
   if (points == -1) {
     load_values(model, path, plot.ChannelIndex, false);
     points = length_of_values(model);
     erase_file_values(model);
-  } else {
-    load_description(model, path, plot.ChannelIndex);
   }
-  points = plausible_points(points, path);
+  return plausible_points(points, path);
+}
+
+void size_block(Model& model, i16 number, const std::string& path) {
+  const PlotRecord& plot = model.Plots[number];
+  if (plot.Points != -1) load_description(model, path, plot.ChannelIndex);
+  const i32 points = points_of(model, plot, path);
   model.ViewPoints = std::max(model.ViewPoints, points);
   take_longest_original(model, number, model.FileReduceBlock, points);
 }
@@ -74,14 +78,7 @@ void decide_compression(Model& model, i32 points) {
 }
 
 void size_plain(Model& model, i16 number, const std::string& path) {
-  const PlotRecord& plot = model.Plots[number];
-  i32 points = plot.Points;
-  if (points == -1) {
-    load_values(model, path, plot.ChannelIndex, false);
-    points = length_of_values(model);
-    erase_file_values(model);
-  }
-  points = plausible_points(points, path);
+  const i32 points = points_of(model, model.Plots[number], path);
   if (points <= model.LongestFullPoints) return;
   model.LongestFullPoints = points;
   decide_compression(model, points);
@@ -138,8 +135,8 @@ void size_again(Model& model, i32 points) {
 }
 
 i32 size_main_graph(Model& model) {
-  // The original samples of a zoom, a list that has lost a plot and a reset of the zoom start afresh; otherwise
-  // slots only grow.
+  // The original samples of a zoom, a list that has lost a plot and a reset of the zoom start afresh;
+  // otherwise slots only grow.
   if (model.OriginalDataMode || model.MaxViewPoints == 0) model.ViewPoints = 0;
   if (!model.OriginalDataMode) model.LongestPlot = 0;
   model.LongestOriginalPoints = 0;

@@ -6,30 +6,15 @@
 
 #include "files/reducer.h"
 #include "support/file_builder.h"
+#include "support/reduce_test.h"
 #include "support/reducible_files.h"
 
 namespace trendaro {
 namespace {
 
-const Progress kSilent = untold;
-
-std::vector<f64> ramp(int count, f64 step = 1) {
-  std::vector<f64> samples;
-  for (int i = 0; i < count; ++i) samples.push_back(i * step);
-  return samples;
-}
-
-class BlockReducerTest : public testing::Test {
+class BlockReducerTest : public ReduceTest {
  protected:
-  ReduceStatus reduce(const std::string& bytes, i32 block) {
-    write_file(source(), bytes);
-    return ReduceStandardFile(source(), target(), block, kSilent);
-  }
-  [[nodiscard]] std::string source() const { return folder_.file("lauf.DAT"); }
-  [[nodiscard]] std::string target() const { return folder_.file("lauf.REB"); }
-  [[nodiscard]] std::string result() const { return read_file(target()); }
-
-  TemporaryFolder folder_;
+  BlockReducerTest() : ReduceTest("lauf.DAT") {}
 };
 
 // The standard file that a block file becomes. Names and units are given without their trailing blanks.

@@ -6,31 +6,15 @@
 #include <gtest/gtest.h>
 
 #include "support/file_builder.h"
+#include "support/reduce_test.h"
 #include "support/reducible_files.h"
 
 namespace trendaro {
 namespace {
 
-const Progress kSilent = untold;
-
-std::vector<f64> ramp(int count, f64 step = 1) {
-  std::vector<f64> samples;
-  for (int i = 0; i < count; ++i) samples.push_back(i * step);
-  return samples;
-}
-
-// Source and target in a folder of their own.
-class ReducerTest : public testing::Test {
+class ReducerTest : public ReduceTest {
  protected:
-  ReduceStatus reduce(const std::string& bytes, i32 block) {
-    write_file(source(), bytes);
-    return ReduceStandardFile(source(), target(), block, kSilent);
-  }
-  [[nodiscard]] std::string source() const { return folder_.file("lauf.BIN"); }
-  [[nodiscard]] std::string target() const { return folder_.file("lauf.REB"); }
-  [[nodiscard]] std::string result() const { return read_file(target()); }
-
-  TemporaryFolder folder_;
+  ReducerTest() : ReduceTest("lauf.BIN") {}
 };
 
 // The reduced form: the source's header with other numbers, and the pairs.
@@ -210,24 +194,24 @@ TEST_F(ReducerTest, OldIdsAreOutdatedAndLeaveAnEmptyTarget) {
 }
 
 TEST_F(ReducerTest, MissingSourceCreatesNoTarget) {
-  EXPECT_EQ(ReduceStandardFile(source(), target(), 10, kSilent), ReduceStatus::Failed);
+  EXPECT_EQ(ReduceStandardFile(source(), target(), 10, untold), ReduceStatus::Failed);
   EXPECT_FALSE(std::filesystem::exists(target()));
 }
 
 TEST_F(ReducerTest, FolderAsSourceFails) {
-  EXPECT_EQ(ReduceStandardFile(folder_.path(), target(), 10, kSilent), ReduceStatus::Failed);
+  EXPECT_EQ(ReduceStandardFile(folder_.path(), target(), 10, untold), ReduceStatus::Failed);
 }
 
 TEST_F(ReducerTest, TargetInAMissingFolderFails) {
   write_file(source(), StandardFile{.channels = {{.samples = ramp(10)}}}.build().bytes());
-  EXPECT_EQ(ReduceStandardFile(source(), folder_.file("fehlt/lauf.REB"), 10, kSilent), ReduceStatus::Failed);
+  EXPECT_EQ(ReduceStandardFile(source(), folder_.file("fehlt/lauf.REB"), 10, untold), ReduceStatus::Failed);
 }
 
 TEST_F(ReducerTest, FullDiskIsAFailure) {
   for (const std::string& bytes : {StandardFile{.channels = {{.samples = ramp(1000)}}}.build().bytes(),
                                    BlockFile{.channels = {{.samples = ramp(1000)}}}.build().bytes()}) {
     write_file(source(), bytes);
-    EXPECT_EQ(ReduceStandardFile(source(), "/dev/full", 10, kSilent), ReduceStatus::Failed);
+    EXPECT_EQ(ReduceStandardFile(source(), "/dev/full", 10, untold), ReduceStatus::Failed);
   }
 }
 
@@ -245,7 +229,7 @@ TEST_F(ReducerTest, SourceIsNeverItsOwnTarget) {
   std::filesystem::create_symlink(source(), folder_.file("symbolisch.REB"));
   std::filesystem::create_hard_link(source(), folder_.file("hart.REB"));
   for (const std::string& name : {source(), folder_.file("symbolisch.REB"), folder_.file("hart.REB")}) {
-    EXPECT_EQ(ReduceStandardFile(source(), name, 10, kSilent), ReduceStatus::Failed) << name;
+    EXPECT_EQ(ReduceStandardFile(source(), name, 10, untold), ReduceStatus::Failed) << name;
     EXPECT_EQ(read_file(source()), bytes) << name;
   }
 }

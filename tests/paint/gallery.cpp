@@ -3,18 +3,16 @@
 
 #include <QGuiApplication>
 #include <QImage>
-#include <QPainter>
 #include <cstdio>
 #include <optional>
 
 #include "graph/graph_painter.h"
-#include "sample_graphs.h"
+#include "sample_sheet.h"
 
 namespace trendaro {
 namespace {
 
-constexpr int kColumns = 3;
-constexpr QSize kTile(480, 280);
+constexpr SampleSheet kSheet{.tile = {480, 280}, .columns = 3};
 
 SampleGraphs all_samples() {
   SampleGraphs all = sample_methods();
@@ -32,20 +30,9 @@ std::optional<SampleGraphs> sheet_named(const QString& name) {
 }
 
 QImage drawn(const SampleGraphs& graphs, f64 scale) {
-  const int rows = (static_cast<int>(graphs.size()) + kColumns - 1) / kColumns;
-  QImage image(QSize(kTile.width() * kColumns, kTile.height() * rows) * scale, QImage::Format_RGB32);
-  image.setDevicePixelRatio(scale);
-  image.fill(Qt::white);
-  QPainter painter(&image);
-  int place = 0;
-  for (const GraphSurface& graph : graphs) {
-    painter.save();
-    painter.translate(place % kColumns * kTile.width(), place / kColumns * kTile.height());
-    paint_graph(painter, graph.shown(), QSizeF(kTile));
-    painter.restore();
-    ++place;
-  }
-  return image;
+  return kSheet.drawn(graphs, scale, [](QPainter& painter, const GraphSurface& graph) {
+    paint_graph(painter, graph.shown(), QSizeF(kSheet.tile));
+  });
 }
 
 }  // namespace

@@ -4,21 +4,19 @@
 // draws the kept ones anew.
 
 #include <QImage>
-#include <QPainter>
 #include <algorithm>
 #include <cstdlib>
 
 #include <gtest/gtest.h>
 
 #include "graph/graph_painter.h"
-#include "sample_graphs.h"
+#include "sample_sheet.h"
 #include "support/fixed_measure.h"
 
 namespace trendaro {
 namespace {
 
-constexpr int kColumns = 4;
-constexpr QSize kTile(300, 180);
+constexpr SampleSheet kSheet{.tile = {300, 180}, .columns = 4};
 constexpr int kTolerance = 40;              // of 255, in a colour of a pixel
 constexpr f64 kMostDifferent = 1.0 / 1000;  // of the pixels of a graph
 
@@ -28,7 +26,7 @@ void leave_out_texts(AxisLayout& axis) {
 }
 
 GraphLayout layout_without_texts(const GraphProperties& shown) {
-  GraphLayout layout = graph_layout(shown, kTile.width(), kTile.height(), FixedMeasure());
+  GraphLayout layout = graph_layout(shown, kSheet.tile.width(), kSheet.tile.height(), FixedMeasure());
   layout.titles.clear();
   leave_out_texts(layout.x_axis);
   for (LayerLayout& layer : layout.layers) {
@@ -40,20 +38,9 @@ GraphLayout layout_without_texts(const GraphProperties& shown) {
 }
 
 QImage drawn(const SampleGraphs& graphs, f64 scale) {
-  const int rows = (static_cast<int>(graphs.size()) + kColumns - 1) / kColumns;
-  QImage image(QSize(kTile.width() * kColumns, kTile.height() * rows) * scale, QImage::Format_RGB32);
-  image.setDevicePixelRatio(scale);
-  image.fill(Qt::white);
-  QPainter painter(&image);
-  int place = 0;
-  for (const GraphSurface& graph : graphs) {
-    painter.save();
-    painter.translate(place % kColumns * kTile.width(), place / kColumns * kTile.height());
+  return kSheet.drawn(graphs, scale, [](QPainter& painter, const GraphSurface& graph) {
     paint_graph_base(painter, GraphSheet(graph.shown(), layout_without_texts(graph.shown())));
-    painter.restore();
-    ++place;
-  }
-  return image;
+  });
 }
 
 bool differ(QRgb a, QRgb b) {
@@ -63,8 +50,9 @@ bool differ(QRgb a, QRgb b) {
 
 // The tile of a sheet, from 0 and in rows.
 QImage tile(const QImage& sheet, int place, f64 scale) {
-  const QSize size = kTile * scale;
-  return sheet.copy(QRect(QPoint(place % kColumns * size.width(), place / kColumns * size.height()), size));
+  const QSize size = kSheet.tile * scale;
+  return sheet.copy(
+      QRect(QPoint(place % kSheet.columns * size.width(), place / kSheet.columns * size.height()), size));
 }
 
 f64 share_of_different_pixels(const QImage& a, const QImage& b) {
