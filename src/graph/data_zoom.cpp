@@ -1,11 +1,13 @@
 #include "graph/data_zoom.h"
 
+#include <algorithm>
 #include <optional>
 
 #include "app/attempt.h"
 #include "app/commands.h"
 #include "app/model.h"
 #include "app/numbers.h"
+#include "app/panel_note.h"
 #include "app/run_time_error.h"
 #include "graph/limit_lines.h"
 #include "graph/main_redraw.h"
@@ -51,7 +53,8 @@ std::optional<PlotSection> section_of(Model& model, i16 number) {
   if (!scaling) return std::nullopt;
   PlotSection section{.first = first_sample(*scaling, model.ReductionXmin),
                       .length = round_to_i32(scaling->ratio * model.ZoomPoints * scaling->block)};
-  model.PlotOffsetPoints[number] = section.first;
+  // What lies ahead of the file's first sample is not imported.
+  model.PlotOffsetPoints[number] = std::max(section.first, 0);
   const f64 limit = original_length(model, number, *scaling);
   if (limit <= section.first || model.ReductionXmax <= 0) return std::nullopt;
   if (limit < f64{1} * section.first + section.length) section.length = round_to_i32(limit - section.first);
@@ -73,8 +76,6 @@ void import_plot(Model& model, i16 number, PlotSection section, ImportOutcome& o
   // The import gives the channel the name that the file has.
   database.SetChannelProperty(plot.DatabaseChannel, kChannelName, outcome.search.signal);
   if (section.length > capacity) outcome.short_room = capacity;
-  // What was asked for ahead of the file's first sample was not imported.
-  if (section.first < 0) model.PlotOffsetPoints[number] = 0;
 }
 
 void zoom_plot(Model& model, i16 number, ImportOutcome& outcome) {
@@ -95,7 +96,7 @@ void go_into_originals(Model& model, ImportOutcome& outcome) {
   const WaitPointer wait(model.shell);
   model.OriginalDataMode = true;
   enable_control(model, "mnuDBOffset", false);
-  model.shell.show_status(1, "Zoom in Originaldaten!");
+  const PanelNote note(model.shell, "Zoom in Originaldaten!");
   size_import_companions(model);
   for (i16 number = 1; number <= model.NofPlots; ++number)
     if (model.Plots[number].FileKind != kKindPlain) zoom_plot(model, number, outcome);
@@ -105,7 +106,6 @@ void go_into_originals(Model& model, ImportOutcome& outcome) {
     model.ZoomXMin = model.PESG.pending.ManualMinX;
     model.ZoomXMax = model.PESG.pending.ManualMaxX;
   }
-  model.shell.show_status(1, "");
 }
 
 void report_short_channel(Model& model, i32 capacity) {

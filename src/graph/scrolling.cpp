@@ -94,19 +94,44 @@ void scroll_originals(Model& model) {
   show_missing_original(model);
 }
 
+// Of the section, wherever they are kept.
+struct SectionLimits {
+  XWindow section, graph, reduction;
+};
+
+SectionLimits section_limits(const Model& model) {
+  const GraphProperties& graph = model.PESG.pending;
+  return {.section = {model.ZoomXMin, model.ZoomXMax},
+          .graph = {graph.ZoomMinX, graph.ZoomMaxX},
+          .reduction = {model.ReductionXmin, model.ReductionXmax}};
+}
+
+void restore(Model& model, const SectionLimits& limits) {
+  model.ZoomXMin = limits.section.low;
+  model.ZoomXMax = limits.section.high;
+  model.PESG.pending.ZoomMinX = limits.graph.low;
+  model.PESG.pending.ZoomMaxX = limits.graph.high;
+  model.ReductionXmin = limits.reduction.low;
+  model.ReductionXmax = limits.reduction.high;
+}
+
 // Samples along a channel are not evenly spaced; the section is searched anew.
 void scroll_along_channel(Model& model) {
   write_x_limits(model);
   model.OriginalDataMode = false;
-  try {
-    const Raised keep(model.KeepOriginalChannels);
-    XScaleZoom(model);
-  } catch (...) {
-    model.OriginalDataMode = any_on_original(model);  // the old samples are still on show
-    throw;
-  }
+  const Raised keep(model.KeepOriginalChannels);
+  XScaleZoom(model);
   model.PESG.pending.ZoomActive = true;
   PEactions(model.PESG, kRedrawFromSettings);
+}
+
+void scroll(Model& model) {
+  if (!model.OriginalDataMode)
+    scroll_compressed(model);
+  else if (model.xSrc.ListIndex == kChannelAsX)
+    scroll_along_channel(model);
+  else
+    scroll_originals(model);
 }
 
 }  // namespace
@@ -116,14 +141,16 @@ void scroll_section(Model& model, bool right) {
   const auto step = scroll_step(model);
   if (!step) return;
   const XWindow section = moved_section({model.ZoomXMin, model.ZoomXMax}, *step, scroll_bounds(model), right);
+  const SectionLimits former = section_limits(model);
   model.ZoomXMin = section.low;
   model.ZoomXMax = section.high;
-  if (!model.OriginalDataMode)
-    scroll_compressed(model);
-  else if (model.xSrc.ListIndex == kChannelAsX)
-    scroll_along_channel(model);
-  else
-    scroll_originals(model);
+  try {
+    scroll(model);
+  } catch (...) {
+    restore(model, former);  // the former section is still on show
+    model.OriginalDataMode = any_on_original(model);
+    throw;
+  }
 }
 
 }  // namespace trendaro

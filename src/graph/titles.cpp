@@ -1,12 +1,8 @@
 #include "graph/titles.h"
 
-#include <array>
-#include <charconv>
-#include <cmath>
 #include <cstddef>
 
 #include "app/model.h"
-#include "app/numbers.h"
 
 namespace trendaro {
 namespace {
@@ -73,13 +69,6 @@ void write_line(std::string& stored, std::vector<std::string>& lines, i32 index)
   set_element(lines, index, stored);
 }
 
-std::string scientific_text(f64 value) {
-  std::array<char, 32> buffer;
-  const auto result =
-      std::to_chars(buffer.data(), buffer.data() + buffer.size(), value, std::chars_format::scientific, 2);
-  return {buffer.data(), result.ptr};
-}
-
 }  // namespace
 
 void SetAxisTitles(Model& model, GraphSurface& graph) {
@@ -102,23 +91,6 @@ void SetGraphTitles(Model& model, GraphSurface& graph) {
     write_line(titles[line + 2], pending.MultiSubTitles, static_cast<i32>(line));
     write_line(titles[line + 12], pending.MultiBottomTitles, static_cast<i32>(line));
   }
-}
-
-std::string FormatCursorValue(f64 value) {
-  struct Range {
-    f64 from;
-    int decimals;
-  };
-  // From a thousandth on five decimals, below it seven: six are never used.
-  constexpr std::array<Range, 7> kRanges = {
-      {{1000, 0}, {100, 1}, {10, 2}, {1, 3}, {0.1, 4}, {0.001, 5}, {0.00001, 7}}};
-  const f64 size = std::abs(value);
-  if (size == 0) return "0";
-  if (!std::isfinite(value)) return number_text(value);
-  if (size >= 1000000) return scientific_text(value);
-  for (const Range& range : kRanges)
-    if (size >= range.from) return fixed_text(value, range.decimals);
-  return scientific_text(value);
 }
 
 }  // namespace trendaro

@@ -1,9 +1,5 @@
 #pragma once
 
-#include <string>
-
-#include "app/types.h"
-
 namespace trendaro {
 
 struct Model;
@@ -15,8 +11,5 @@ void SetAxisTitles(Model& model, GraphSurface& graph);
 // Writes the title lines of a graph; the subtitle of the detail graph tells what kind of data it shows. A
 // title line without "|" is framed by two bars, in the stored text as well.
 void SetGraphTitles(Model& model, GraphSurface& graph);
-
-// A number with digits by its size, for cursor and annotation readouts.
-std::string FormatCursorValue(f64 value);
 
 }  // namespace trendaro

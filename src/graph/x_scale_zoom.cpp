@@ -6,6 +6,7 @@
 #include "app/commands.h"
 #include "app/model.h"
 #include "app/numbers.h"
+#include "app/panel_note.h"
 #include "app/run_time_error.h"
 #include "graph/curve_readers.h"
 #include "graph/data_zoom.h"
@@ -92,7 +93,7 @@ void go_into_originals(Model& model, const std::vector<i32>& inside) {
   const WaitPointer wait(model.shell);
   model.OriginalDataMode = true;
   for (const char* entry : {"mnuDBOffset", "mnuXUnit", "mnuNullValues"}) enable_control(model, entry, false);
-  model.shell.show_status(1, "Zoom in Originaldaten!");
+  const PanelNote note(model.shell, "Zoom in Originaldaten!");
   size_import_companions(model);
   OriginalSearch search{.signal = {}, .file = {}, .block_names = false};
   for (i16 number = 1; number <= model.NofPlots; ++number) {
@@ -102,7 +103,6 @@ void go_into_originals(Model& model, const std::vector<i32>& inside) {
     show_originals(model, model.Plots[number]);
   }
   RedrawKMGraph(model, false);
-  model.shell.show_status(1, "");
 }
 
 }  // namespace

@@ -30,6 +30,7 @@ std::string exponent_text(f64 value) {
 std::string FormatCursorValue(f64 value) {
   const f64 magnitude = std::abs(value);
   if (magnitude == 0) return "0";
+  if (!std::isfinite(value)) return number_text(value);
   if (magnitude >= kLarge) return exponent_text(value);
   for (const Digits& digits : kDigits)
     if (magnitude >= digits.from) return fixed_text(value, digits.decimals);

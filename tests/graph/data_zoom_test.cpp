@@ -8,6 +8,7 @@
 #include "app/run_time_error.h"
 #include "graph/zoom_end.h"
 #include "support/noting_host.h"
+#include "support/refusing_host.h"
 #include "support/zoom_fixture.h"
 
 namespace trendaro {
@@ -285,12 +286,14 @@ TEST_F(SmallHostZoomTest, ChannelThatIsTooShortCutsTheSection) {
   EXPECT_NEAR(model.PESGSurvey.shown().VertLineAnnotation[1], 56, 1e-9);
 }
 
-// A host whose imports fail.
-class RefusingHost : public MemoryHost {
- public:
-  using MemoryHost::MemoryHost;
-  void ExecuteImport() override { throw RunTimeError{kHostCallFailed}; }
-};
+TEST_F(DataZoomTest, SectionAheadOfTheRecordingIsEmptyAndBeginsAtItsFirstSample) {
+  open({});
+  mark(2);
+  zoom(-5, -1);
+  EXPECT_TRUE(model.OriginalDataMode);
+  EXPECT_EQ(model.PlotOffsetPoints[1], 0);
+  EXPECT_THAT(channel_samples(1), IsEmpty());
+}
 
 TEST_F(DataZoomTest, FailingHostIsToldAndNothingIsRolledBack) {
   RefusingHost refusing(shell, 96, 100000);
@@ -303,6 +306,7 @@ TEST_F(DataZoomTest, FailingHostIsToldAndNothingIsRolledBack) {
                           "beendet werden!"));
   EXPECT_THAT(shell.icons, ElementsAre(MessageIcon::Stop));
   EXPECT_EQ(shell.wait_pointers, 0);
+  EXPECT_EQ(shell.panels[1], "");
   EXPECT_TRUE(model.OriginalDataMode);
   EXPECT_EQ(model.Plots[1].FileKind, kKindReducedPairs);
   model.Host = &host;

@@ -6,6 +6,7 @@
 #include "app/commands.h"
 #include "graph/data_zoom.h"
 #include "support/noting_host.h"
+#include "support/refusing_host.h"
 #include "support/zoom_fixture.h"
 
 namespace trendaro {
@@ -198,6 +199,28 @@ TEST_F(ScrollingTest, ArrowKeysScrollOnlyWithoutACursor) {
   model.Zoomed = false;
   press_scroll_key(model, false);
   EXPECT_NEAR(model.PESG.pending.ZoomMinX, 50, 1e-9);
+}
+
+TEST_F(ScrollingTest, StepThatTheHostRefusesLeavesTheSection) {
+  RefusingHost refusing(shell, 96, 100000);
+  model.Host = &refusing;
+  model.Kernel = &refusing;
+  open({});
+  mark(2);
+  mark(3);
+  refusing.imports = 3;
+  zoom(50, 60);
+  EXPECT_THROW(scroll(true, "100"), RunTimeError);
+  expect_section(50, 60);
+  EXPECT_NEAR(model.ReductionXmin, 1000, 1e-6);  // display points of 5 samples
+  EXPECT_NEAR(model.ReductionXmax, 1200, 1e-6);
+  EXPECT_TRUE(model.OriginalDataMode);
+  EXPECT_EQ(shell.wait_pointers, 0);
+  refusing.imports = 2;
+  scroll(true, "200");
+  expect_section(52, 62);
+  expect_drawn(0, 1, 5200, 1000);
+  expect_drawn(1, 2, 5200, 1000);
 }
 
 TEST_F(ScrollingTest, FullDataAreLeftToTheGraph) {

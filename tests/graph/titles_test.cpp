@@ -123,26 +123,5 @@ TEST_F(TitlesTest, LinesWithoutABarAreFramedOnce) {
   }
 }
 
-struct CursorRow {
-  f64 value;
-  const char* text;
-};
-
-class FormatCursorValueTest : public testing::TestWithParam<CursorRow> {};
-
-TEST_P(FormatCursorValueTest, DigitsFollowTheSize) {
-  EXPECT_EQ(FormatCursorValue(GetParam().value), GetParam().text);
-}
-
-INSTANTIATE_TEST_SUITE_P(
-    Ranges, FormatCursorValueTest,
-    testing::Values(CursorRow{1000000, "1.00e+06"}, CursorRow{-12345678, "-1.23e+07"},
-                    CursorRow{999999.4, "999999"}, CursorRow{1000, "1000"}, CursorRow{999.94, "999.9"},
-                    CursorRow{100, "100.0"}, CursorRow{99.994, "99.99"}, CursorRow{10, "10.00"},
-                    CursorRow{-9.8765, "-9.877"}, CursorRow{1, "1.000"}, CursorRow{0.99994, "0.9999"},
-                    CursorRow{0.1, "0.1000"}, CursorRow{0.0123456, "0.01235"}, CursorRow{0.001, "0.00100"},
-                    CursorRow{0.000999, "0.0009990"}, CursorRow{0.00001, "0.0000100"},
-                    CursorRow{0.000009, "9.00e-06"}, CursorRow{-0.0, "0"}, CursorRow{0, "0"}));
-
 }  // namespace
 }  // namespace trendaro

@@ -13,11 +13,13 @@
 #include "graph/scrolling.h"
 #include "graph/zoom_end.h"
 #include "support/noting_host.h"
+#include "support/refusing_host.h"
 #include "support/zoom_fixture.h"
 
 namespace trendaro {
 namespace {
 
+using testing::ElementsAre;
 using testing::ElementsAreArray;
 using testing::IsEmpty;
 
@@ -234,6 +236,19 @@ TEST_F(XScaleZoomTest, BandInTheSurveyIsNamed) {
   survey.ZoomMaxX = 900;
   end_survey_zoom(model);
   EXPECT_EQ(model.PESGSurvey.shown().SubTitle, "Zoom");
+}
+
+TEST_F(XScaleZoomTest, HostThatRefusesIsToldAndThePointerIsBack) {
+  RefusingHost refusing(shell, 96, 100000);
+  model.Host = &refusing;
+  model.Kernel = &refusing;
+  show_over_ramp();
+  zoom(100, 119);
+  EXPECT_THAT(shell.messages(),
+              ElementsAre("Trendaro: Mervan-ActiveX-Server nicht mehr vorhanden. Trendaro muss "
+                          "beendet werden!"));
+  EXPECT_EQ(shell.wait_pointers, 0);
+  EXPECT_EQ(shell.panels[1], "");
 }
 
 TEST_F(XScaleZoomTest, ScrollStepThatFailsLeavesTheSamplesOnShow) {

@@ -1,5 +1,7 @@
 #include "interact/cursor_format.h"
 
+#include <limits>
+
 #include <gtest/gtest.h>
 
 namespace trendaro {
@@ -16,6 +18,7 @@ TEST(FormatCursorValueTest, DigitsFollowTheSize) {
   EXPECT_EQ(FormatCursorValue(10), "10.00");
   EXPECT_EQ(FormatCursorValue(9.8765), "9.877");
   EXPECT_EQ(FormatCursorValue(1), "1.000");
+  EXPECT_EQ(FormatCursorValue(0.99994), "0.9999");
   EXPECT_EQ(FormatCursorValue(0.5), "0.5000");
   EXPECT_EQ(FormatCursorValue(0.1), "0.1000");
   EXPECT_EQ(FormatCursorValue(0.01234), "0.01234");
@@ -28,7 +31,14 @@ TEST(FormatCursorValueTest, DigitsFollowTheSize) {
 TEST(FormatCursorValueTest, NegativeValuesGoByTheirMagnitude) {
   EXPECT_EQ(FormatCursorValue(-1000), "-1000");
   EXPECT_EQ(FormatCursorValue(-0.5), "-0.5000");
-  EXPECT_EQ(FormatCursorValue(-2e6), "-2.00e+06");
+  EXPECT_EQ(FormatCursorValue(-9.8765), "-9.877");
+  EXPECT_EQ(FormatCursorValue(-12345678), "-1.23e+07");
+}
+
+TEST(FormatCursorValueTest, WhatIsNoFiniteNumberSaysSo) {
+  EXPECT_EQ(FormatCursorValue(std::numeric_limits<f64>::infinity()), "inf");
+  EXPECT_EQ(FormatCursorValue(-std::numeric_limits<f64>::infinity()), "-inf");
+  EXPECT_EQ(FormatCursorValue(std::numeric_limits<f64>::quiet_NaN()), "nan");
 }
 
 TEST(FormatCursorValueTest, ZeroIsPlain) {

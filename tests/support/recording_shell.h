@@ -2,6 +2,7 @@
 
 #include <deque>
 #include <functional>
+#include <map>
 #include <optional>
 #include <string>
 #include <vector>
@@ -23,6 +24,8 @@ class RecordingShell : public Shell {
   std::vector<MessageIcon> icons;
   // The file dialogs shown, in order.
   std::vector<FileDialog> dialogs;
+  // What the panels of the status bar show, from 1.
+  std::map<int, std::string> panels;
   // Runs while a message is on screen.
   std::function<void()> during_message = [] {};
   // Runs when a text has been put into a panel of the status bar.
@@ -65,6 +68,7 @@ class RecordingShell : public Shell {
   }
   void show_status(int panel, const std::string& text) override {
     calls.push_back("status " + std::to_string(panel) + ": " + text);
+    panels[panel] = text;
     during_status(text);
   }
   void show_progress(f64 fraction) override { progress.push_back(fraction); }
