@@ -57,8 +57,9 @@ class ZoomFixture : public testing::Test {
   }
 
   [[nodiscard]] std::vector<f64> channel_samples(i16 channel) {
-    std::vector<f64> values(static_cast<std::size_t>(host.GetChannelLength(channel)));
-    host.ReadData64(channel, values);
+    HostDatabase& database = model.Host->DB();
+    std::vector<f64> values(static_cast<std::size_t>(database.GetChannelLength(channel)));
+    database.ReadData64(channel, values);
     return values;
   }
   // The database channel holds the samples `first` to `first + count - 1` of the recording's channel.
