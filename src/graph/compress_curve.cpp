@@ -66,6 +66,24 @@ i64 pair_block_of(const Model& model, const PlainCurve& samples, i32 factor, std
                      static_cast<f64>(pair_block));
 }
 
+// A zoom that no rubber band has narrowed in y has no limits there: its rows are empty.
+bool has_limits(f64 low, f64 high) {
+  return low < high;
+}
+
+void hold_layer(LayerProperties& axes, const std::array<f64, 4>& row) {
+  if (has_limits(row[0], row[1])) {
+    axes.ManualScaleControlY = 3;
+    axes.ManualMinY = row[0];
+    axes.ManualMaxY = row[1];
+  }
+  if (has_limits(row[2], row[3])) {
+    axes.ManualScaleControlRY = 3;
+    axes.ManualMinRY = row[2];
+    axes.ManualMaxRY = row[3];
+  }
+}
+
 // Without this the graph would scale its axes to the compressed data and leave the window.
 void hold_window(Model& model) {
   GraphProperties& graph = model.PESG.pending;
@@ -82,14 +100,7 @@ void hold_window(Model& model) {
   graph.WorkingAxis = 0;
   for (i16 layer = 0; layer <= 2; ++layer) {
     if (layer < model.FirstLayer + model.LayerBase || layer > model.LastLayer + model.LayerBase) continue;
-    LayerProperties& axes = model.PESG.layer();
-    const auto& row = limits[static_cast<std::size_t>(graph.WorkingAxis) + 1];
-    axes.ManualScaleControlY = 3;
-    axes.ManualScaleControlRY = 3;
-    axes.ManualMinY = row[0];
-    axes.ManualMaxY = row[1];
-    axes.ManualMinRY = row[2];
-    axes.ManualMaxRY = row[3];
+    hold_layer(model.PESG.layer(), limits[static_cast<std::size_t>(graph.WorkingAxis) + 1]);
     ++graph.WorkingAxis;
   }
 }

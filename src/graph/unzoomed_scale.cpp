@@ -44,6 +44,11 @@ void restore(Model& model) {
   }
 }
 
+void release_held_x(Model& model) {
+  if (model.unzoomed_scale.x_held) model.PESG.pending.ManualScaleControlX = 0;
+  model.unzoomed_scale.x_held = false;
+}
+
 }  // namespace
 
 void hold_unzoomed_scale(Model& model) {
@@ -63,8 +68,9 @@ void hold_unzoomed_scale(Model& model) {
 void end_unzoomed_scale(Model& model) {
   UnzoomedScale& scale = model.unzoomed_scale;
   if (scale.held && (model.DisplayCompression || scale.overwritten)) restore(model);
-  if (scale.x_held) model.PESG.pending.ManualScaleControlX = 0;
-  scale.held = scale.overwritten = scale.x_held = false;
+  release_held_x(model);
+  scale.held = scale.overwritten = false;
+  model.ZoomScaleLimits = {};
 }
 
 void redraw_in_unzoomed_scale(Model& model) {
@@ -74,23 +80,18 @@ void redraw_in_unzoomed_scale(Model& model) {
   model.saved_axes = {};
 }
 
-bool zoom_to_unzoomed_scale(Model& model) {
-  const UnzoomedScale& scale = model.unzoomed_scale;
-  if (!scale.held) return false;
+void show_unzoomed_scale(Model& model) {
+  UnzoomedScale& scale = model.unzoomed_scale;
+  if (!scale.held) return;
   GraphProperties& graph = model.PESG.pending;
-  graph.ZoomMinX = scale.low_x;
-  graph.ZoomMaxX = scale.high_x;
-  graph.ZoomAxisBottom = 0;
-  graph.ZoomAxisTop = static_cast<i16>(model.LastLayer - model.FirstLayer);
-  for (i16 axis = 0; axis <= graph.ZoomAxisTop; ++axis) {
-    const auto layer_index = static_cast<std::size_t>(model.FirstLayer + axis);
-    LayerProperties& layer = graph.layers[static_cast<std::size_t>(axis)];
-    layer.ZoomMinY = scale.left[layer_index].low;
-    layer.ZoomMaxY = scale.left[layer_index].high;
-    layer.ZoomMinRY = scale.right[layer_index].low;
-    layer.ZoomMaxRY = scale.right[layer_index].high;
+  graph.ManualMinX = scale.low_x;
+  graph.ManualMaxX = scale.high_x;
+  release_held_x(model);
+  for (i16 layer = model.FirstLayer; layer <= model.LastLayer; ++layer) {
+    LayerProperties& axes = graph.layers[static_cast<std::size_t>(layer - model.FirstLayer)];
+    restore_left(axes, scale.left[static_cast<std::size_t>(layer)]);
+    restore_right(axes, scale.right[static_cast<std::size_t>(layer)]);
   }
-  return true;
 }
 
 }  // namespace trendaro

@@ -80,7 +80,8 @@ struct RedrawState {
   i16 LongestPlot = 0;       // plot with the most original points, 0 for none; outlives a zoom into originals
   i16 LayerBase = 0;         // layers that the graph does not count because they are scrolled out
   // Scale limits of a zoom. Row 0 is x with columns 0 lower and 1 upper; row k + 1 is layer k, columns 0 and
-  // 1 the left y axis, 2 and 3 the right one.
+  // 1 the left y axis, 2 and 3 the right one. A pair without width, as of a zoom that no rubber band narrowed
+  // in y, limits nothing.
   std::array<std::array<f64, 4>, 8> ZoomScaleLimits{};
   UnzoomedScale unzoomed_scale;
   SavedAxes saved_axes;  // y axes of layers that left the main graph

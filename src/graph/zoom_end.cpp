@@ -116,6 +116,21 @@ void bring_section_inside(Model& model, XWindow range) {
   model.OriginalDataMode = false;
 }
 
+// Whatever the graph shows is the section. In y it has no limits, so that the axes stay with their scale.
+void zoom_to_whole(Model& model) {
+  GraphProperties& graph = model.PESG.pending;
+  graph.ZoomMinX = graph.ManualMinX;
+  graph.ZoomMaxX = graph.ManualMaxX;
+  for (LayerProperties& layer : graph.layers) {
+    layer.ZoomMinY = layer.ManualMinY;
+    layer.ZoomMaxY = layer.ManualMaxY;
+    layer.ZoomMinRY = layer.ManualMinRY;
+    layer.ZoomMaxRY = layer.ManualMaxRY;
+  }
+  model.ZoomScaleLimits = {};
+  model.ZoomScaleLimits[0] = {graph.ZoomMinX, graph.ZoomMaxX, 0, 0};
+}
+
 void copy_y_limits(Model& model) {
   const LayerProperties from = zoomed_layer(model, model.PESGSurvey);
   LayerProperties& to = zoomed_layer(model, model.PESG);
@@ -155,9 +170,14 @@ void end_main_zoom(Model& model) {
 }
 
 void undo_main_zoom(Model& model) {
-  if (!model.HasFullDataPlot || !model.DisplayCompression || !zoom_to_unzoomed_scale(model)) return;
-  end_main_zoom(model);
-  model.PESG.curves_of_section = false;
+  if (!model.HasFullDataPlot || !model.DisplayCompression) return;
+  // Axes that scale themselves follow the whole curves, whose ends nobody has noted: the redraw finds them.
+  show_unzoomed_scale(model);
+  model.Zoomed = false;
+  RedrawKMGraph(model, false);
+  zoom_to_whole(model);
+  DataZoom(model);
+  show_plot_status(model);
 }
 
 void end_survey_zoom(Model& model) {

@@ -44,17 +44,9 @@ class ChannelMarkTest : public ZoomFixture {
     i32 row = 2;
     for (const i16 layer : layers) mark(row++, layer);
   }
-  void unmark(i32 row) { click_check_cell(model, row, 0); }
   void band(f64 low, f64 high) {
     set_limits(low, high);
     end_main_zoom(model);
-  }
-  // The row of the only signal of a plain file of so many samples.
-  i32 add_plain(i32 samples) {
-    const std::string path = folder.file("klar" + std::to_string(samples) + ".ME1");
-    write_file(path, ZoomRecording{.rows = samples, .channels = 1}.original().bytes());
-    AddFileToGrid(model, path, false);
-    return model.Grid.MaxRows();
   }
   void expect_readout(const std::string& text, i32 colour) {
     EXPECT_EQ(box("ZoomPointsBox"), text);
@@ -75,19 +67,6 @@ class ChannelMarkTest : public ZoomFixture {
     EXPECT_EQ(graph.ZoomMaxX, high);
   }
 
-  // A section that the limit lines began, with a plain signal that is compressed for it in `plain_row`.
-  void show_plain_between_limit_lines() {
-    model.CompressThreshold = 1000;
-    model.CompressTarget = 400;
-    mark_envelopes({1});
-    grip_limit_line(model, 0);
-    drag_limit_line(model, 150, 0);
-    drop_limit_line(model);
-    ASSERT_EQ(model.ZoomXMin, 150);
-    plain_row = add_plain(20000);
-    mark(plain_row);
-    ASSERT_TRUE(model.DisplayCompression);
-  }
   // As the rubber band of a pressed rectangle leaves it.
   void rectangle(f64 low, f64 high) {
     click_tool(model, "TB_ZOOMRECT");
@@ -96,16 +75,6 @@ class ChannelMarkTest : public ZoomFixture {
     layer.ZoomMaxY = layer.ZoomMaxRY = 20;
     band(low, high);
   }
-  void expect_automatic_scale() {
-    const GraphProperties& graph = model.PESG.pending;
-    EXPECT_EQ(graph.ManualScaleControlX, 0);
-    for (const LayerProperties& layer : graph.layers) {
-      EXPECT_EQ(layer.ManualScaleControlY, 0);
-      EXPECT_EQ(layer.ManualScaleControlRY, 0);
-    }
-  }
-
-  i32 plain_row = 0;
   FailingHost failing{shell, 96, 100000};
 };
 
@@ -254,59 +223,6 @@ TEST_F(ChannelMarkTest, LengthThatTurnsOutWithTheSamplesCounts) {
   EXPECT_EQ(model.MaxPlotPoints, 20000);
 }
 
-TEST_F(ChannelMarkTest, CompressedPlainSignalShowsInASectionOfTheLimitLines) {
-  show_plain_between_limit_lines();
-  const GraphProperties& graph = model.PESG.shown();
-  const auto first = static_cast<std::size_t>(graph.PointCount);  // the slot behind the envelope's
-  EXPECT_GE((*graph.XData)[first], 150);
-  EXPECT_LE((*graph.XData)[first], 151);
-  EXPECT_NE((*graph.YData)[first], graph.NullDataValue);
-}
-
-TEST_F(ChannelMarkTest, RectangleIntoASectionOfTheLimitLinesIsTakenBackAndReset) {
-  show_plain_between_limit_lines();
-  rectangle(160, 170);
-  const LayerProperties& layer = model.PESG.shown().layers[0];
-  ASSERT_EQ(layer.ManualScaleControlY, 3);
-  EXPECT_EQ(layer.ManualMinY, 10);
-  EXPECT_EQ(layer.ManualMaxY, 20);
-  ASSERT_TRUE(undo_zoom(model.PESG));
-  undo_main_zoom(model);
-  EXPECT_LT(layer.ManualMinY, 10);
-  EXPECT_GT(layer.ManualMaxY, 20);
-  click_tool(model, "TB_ZOOMFIX");
-  expect_automatic_scale();
-}
-
-TEST_F(ChannelMarkTest, ManualScaleOutlastsASectionOfTheLimitLines) {
-  mark_envelopes({1});
-  GraphProperties& graph = model.PESG.pending;
-  graph.ManualScaleControlX = graph.layers[0].ManualScaleControlY = 3;
-  std::tie(graph.ManualMinX, graph.ManualMaxX) = std::pair(-1, 201);
-  std::tie(graph.layers[0].ManualMinY, graph.layers[0].ManualMaxY) = std::pair(-50, 70);
-  show_plain_between_limit_lines();
-  EXPECT_EQ(graph.ManualMinX, 150);
-  rectangle(160, 170);
-  EXPECT_EQ(graph.ManualMinX, 160);
-  click_tool(model, "TB_ZOOMFIX");
-  EXPECT_EQ(graph.ManualScaleControlX, 3);
-  EXPECT_EQ(graph.ManualMinX, -1);
-  EXPECT_EQ(graph.ManualMaxX, 201);
-  EXPECT_EQ(graph.layers[0].ManualScaleControlY, 3);
-  EXPECT_EQ(graph.layers[0].ManualMinY, -50);
-  EXPECT_EQ(graph.layers[0].ManualMaxY, 70);
-}
-
-TEST_F(ChannelMarkTest, MarkTakenAwayWritesNoYLimitsWhereNoBandHasBeen) {
-  mark_envelopes({1, 1});
-  show_plain_between_limit_lines();
-  model.PESG.pending.AllowZooming = 3;
-  unmark(3);
-  EXPECT_TRUE(model.Zoomed);
-  expect_automatic_scale();
-  EXPECT_EQ(model.PESG.pending.AllowZooming, 3);
-}
-
 TEST_F(ChannelMarkTest, MarkTakenAwayLeavesARectangleOfTheGraph) {
   mark_envelopes({1, 1});
   mark(add_plain(20000));  // not compressed
@@ -315,30 +231,6 @@ TEST_F(ChannelMarkTest, MarkTakenAwayLeavesARectangleOfTheGraph) {
   unmark(3);
   EXPECT_EQ(model.PESG.shown().AllowZooming, 3);
   EXPECT_TRUE(model.PESG.shown().ZoomActive);
-}
-
-TEST_F(ChannelMarkTest, ScaleOfABandEndsWithTheLastMark) {
-  show_plain_between_limit_lines();
-  rectangle(160, 170);
-  ASSERT_EQ(model.PESG.pending.ManualScaleControlX, 3);
-  unmark(plain_row);
-  unmark(2);
-  expect_automatic_scale();
-  unload_main_window(model);
-  Model next{shell};
-  next.TemplateFolder = folder.path();
-  load_main_window(next);
-  EXPECT_EQ(next.PESG.pending.ManualScaleControlX, 0);
-  EXPECT_EQ(next.PESG.pending.layers[0].ManualScaleControlY, 0);
-}
-
-TEST_F(ChannelMarkTest, ResetAfterTheCompressedSignalGivesItsScaleBack) {
-  show_plain_between_limit_lines();
-  rectangle(160, 170);
-  unmark(plain_row);  // the envelope stays, nothing is compressed any more
-  model.DisplayCompression = false;
-  click_tool(model, "TB_ZOOMFIX");
-  expect_automatic_scale();
 }
 
 TEST_F(ChannelMarkTest, ZoomModeComesBackFromARedrawThatFails) {

@@ -6,7 +6,6 @@
 
 #include "app/commands.h"
 #include "graph/main_redraw.h"
-#include "graph/rubber_band.h"
 #include "graph/zoom_end.h"
 #include "support/zoom_fixture.h"
 
@@ -55,12 +54,6 @@ class CompressedZoomTest : public ZoomFixture {
       layer.ZoomMinY = layer.ZoomMinRY = low;
       layer.ZoomMaxY = layer.ZoomMaxRY = high;
     }
-  }
-  // As the key of the graph does.
-  bool undo() {
-    if (!undo_zoom(model.PESG)) return false;
-    undo_main_zoom(model);
-    return true;
   }
   void expect_x(f64 low, f64 high) {
     EXPECT_EQ(model.PESG.shown().ManualMinX, low);

@@ -13,6 +13,8 @@
 #include "datasource/file_list.h"
 #include "datasource/grid_handlers.h"
 #include "graph/data_zoom.h"
+#include "graph/rubber_band.h"
+#include "graph/zoom_end.h"
 #include "support/file_builder.h"
 #include "support/recording_shell.h"
 #include "support/zoom_recording.h"
@@ -45,11 +47,25 @@ class ZoomFixture : public testing::Test {
     model.CurrentSide = side;
     click_check_cell(model, row, 1);
   }
+  void unmark(i32 row) { click_check_cell(model, row, 0); }
+  // The row of the only signal of a plain file of so many samples.
+  i32 add_plain(i32 samples) {
+    const std::string path = folder.file("klar" + std::to_string(samples) + ".ME1");
+    write_file(path, ZoomRecording{.rows = samples, .channels = 1}.original().bytes());
+    AddFileToGrid(model, path, false);
+    return model.Grid.MaxRows();
+  }
   // As a rubber band in the main graph leaves its limits.
   void set_limits(f64 low, f64 high) {
     model.PESG.pending.ZoomMinX = low;
     model.PESG.pending.ZoomMaxX = high;
     model.PESG.pending.ZoomActive = true;
+  }
+  // As the key of the graph does.
+  bool undo() {
+    if (!undo_zoom(model.PESG)) return false;
+    undo_main_zoom(model);
+    return true;
   }
   void zoom(f64 low, f64 high) {
     set_limits(low, high);
