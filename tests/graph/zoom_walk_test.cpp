@@ -1,10 +1,11 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <filesystem>
 #include <random>
 #include <string>
+#include <vector>
 
-#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include "app/commands.h"
@@ -14,50 +15,14 @@
 #include "graph/zoom_end.h"
 #include "graph/zoom_modes.h"
 #include "support/zoom_fixture.h"
+#include "support/zoom_reckoning.h"
 
 namespace trendaro {
 namespace {
 
-using testing::IsEmpty;
-
-// Display points of the long recording, 5 samples each, up to the first one of its last block: the survey
-// ends there.
-constexpr f64 kAll = 3998;
-constexpr i32 kBlock = 5;
-
-// The section as a user would reckon it with pencil and paper, in display points from the start.
-struct Reckoning {
-  f64 low = 0, high = kAll;
-  f64 least = 0, most = kAll;  // data in the survey
-  i32 points = 0;              // of the section when it was taken
-  bool zoomed = false, original = false;
-  i32 bound = 10000;
-  i64 first = 0, count = 0;  // imported samples
-
-  [[nodiscard]] f64 width() const { return high - low; }
-
-  void take(f64 new_low, f64 new_high) {
-    low = new_low;
-    high = new_high;
-    zoomed = true;
-    points = static_cast<i32>(std::nearbyint(width()));
-  }
-  void import_section(i64 least_sample) {
-    first = std::max<i64>(least_sample, std::llround(low * kBlock));
-    count = i64{points} * kBlock;
-  }
-  // A zoom that may go into originals.
-  void zoom(f64 new_low, f64 new_high) {
-    take(new_low, new_high);
-    original = points * kBlock <= bound;
-    if (original) import_section(0);
-  }
-  void reset() {
-    const i32 kept = bound;
-    *this = {};
-    bound = kept;
-  }
-};
+constexpr f64 kAll = ZoomReckoning::kAll;
+constexpr i32 kBlock = ZoomReckoning::kBlock;
+constexpr char kMissing[] = "Meßwertfile nicht vorhanden!";
 
 struct Walk {
   const char* name;
@@ -68,17 +33,21 @@ struct Walk {
 // A long and a short recording, with random steps of a user.
 class ZoomWalkTest : public ZoomFixture, public testing::WithParamInterface<Walk> {
  protected:
-  static constexpr i32 kShortRows = 12000;
+  static constexpr i32 kLongRows = 20000, kShortRows = 12000;
+  // Rows that are left of an original that was cut off; nothing tells so.
+  static constexpr i32 kCutRows = 7777;
 
   void SetUp() override {
-    open({});
-    open({.rows = kShortRows, .factor = 20}, "kurz");
+    open(recordings[0]);
+    open(recordings[1], "kurz");
     box("PointsBox") = std::to_string(reckoned.bound);
     mark(2);
-    if (!GetParam().layers) return;
-    mark(3, 1, 2);
-    mark(5, 2);
-    mark(6, 3, 2);
+    if (GetParam().layers) {
+      mark(3, 1, 2);
+      mark(5, 2);
+      mark(6, 3, 2);
+    }
+    note_plots();
   }
 
   i32 draw(i32 least, i32 most) { return std::uniform_int_distribution<i32>(least, most)(random); }
@@ -104,7 +73,7 @@ class ZoomWalkTest : public ZoomFixture, public testing::WithParamInterface<Walk
     const f64 high = place(low + 1, std::min(kAll, reckoned.high));
     if (model.controls["TB_ZOOMHORZ"].tag != "1") click_tool(model, "TB_ZOOMHORZ");
     set_limits(x_of(low), x_of(high));
-    model.PESG.pending.ZoomAxisTop = GetParam().layers ? 2 : 0;
+    model.PESG.pending.ZoomAxisTop = GetParam().layers ? (last_marked ? 2 : 1) : 0;
     end_main_zoom(model);
     reckoned.zoom(low, high);
     return true;
@@ -114,19 +83,23 @@ class ZoomWalkTest : public ZoomFixture, public testing::WithParamInterface<Walk
     const f64 low = place(reckoned.least, reckoned.most - 20);
     const f64 high = place(low + 10, reckoned.most);
     // Without a zoom the section is all that the main graph shows.
-    const f64 shown_high = reckoned.zoomed ? reckoned.high : points_of(model.PESG.pending.ManualMaxX);
+    const GraphProperties& graph = model.PESG.pending;
+    if (!reckoned.zoomed) {
+      reckoned.low = points_of(graph.ManualMinX);
+      reckoned.high = points_of(graph.ManualMaxX);
+    }
     const f64 padding = (high - low) * model.PESGSurvey.pending.AutoPadPercent / 100;
     GraphProperties& survey = model.PESGSurvey.pending;
     survey.ZoomActive = true;
     survey.ZoomMinX = x_of(low - padding);
     survey.ZoomMaxX = x_of(high + padding);
     end_survey_zoom(model);
-    reckon_survey_band(low, high, padding, shown_high);
+    reckon_survey_band(low, high, padding);
     return true;
   }
-  void reckon_survey_band(f64 low, f64 high, f64 padding, f64 shown_high) {
+  void reckon_survey_band(f64 low, f64 high, f64 padding) {
     f64 left = reckoned.low < low - padding ? low : reckoned.low;
-    f64 right = shown_high > high + padding ? high : shown_high;
+    f64 right = reckoned.high > high + padding ? high : reckoned.high;
     if (left >= high || right <= low) {
       left = low;
       right = reckoned.original && high - low >= reckoned.width() ? low + reckoned.width() : high;
@@ -134,6 +107,7 @@ class ZoomWalkTest : public ZoomFixture, public testing::WithParamInterface<Walk
     }
     reckoned.least = low;
     reckoned.most = high;
+    reckoned.survey_padding = padding;
     if (reckoned.original)
       reckoned.take(left, right);
     else
@@ -198,11 +172,54 @@ class ZoomWalkTest : public ZoomFixture, public testing::WithParamInterface<Walk
     unit_before = model.TimeUnit;
     return true;
   }
+  // A signal beside others of its layer. In a walk with layers, also the only one of the last layer: the zoom
+  // is left with every change of the layers.
   bool toggle_mark() {
-    if (GetParam().layers) return false;
-    short_marked = !short_marked;
-    click_check_cell(model, 5, short_marked ? 1 : 0);
+    if (!GetParam().layers) {
+      short_marked = !short_marked;
+      click_check_cell(model, 5, short_marked ? 1 : 0);
+      return mark_changed();
+    }
+    if (draw(0, 1) == 0) {
+      right_marked = !right_marked;
+      right_marked ? mark(3, 1, 2) : unmark(3);
+      return mark_changed();
+    }
+    last_marked = !last_marked;
+    last_marked ? mark(6, 3, 2) : unmark(6);
+    note_plots();
+    if (reckoned.zoomed) reckoned.reset();
+    return true;
+  }
+  bool mark_changed() {
+    note_plots();
     if (reckoned.zoomed) reckoned.zoom(reckoned.low, reckoned.high);
+    return true;
+  }
+  // By layers, and in a layer by rows.
+  void note_plots() {
+    reckoned.plots = {WalkFile::Long};
+    if (GetParam().layers) {
+      if (right_marked) reckoned.plots.push_back(WalkFile::Long);
+      reckoned.plots.push_back(WalkFile::Short);
+      if (last_marked) reckoned.plots.push_back(WalkFile::Short);
+    } else if (short_marked) {
+      reckoned.plots.push_back(WalkFile::Short);
+    }
+  }
+  // An original goes, comes back, or loses its end.
+  bool change_original() {
+    const auto file = static_cast<std::size_t>(draw(0, 1));
+    const auto state = static_cast<OriginalState>(draw(0, 2));
+    const std::string path = folder.file(file == 0 ? "lauf.ME1" : "kurz.ME1");
+    reckoned.files[file] = state;
+    std::filesystem::remove(path);
+    if (state == OriginalState::Gone) return true;
+    write_file(path, originals[file]);
+    if (state == OriginalState::Cut) {
+      const auto lost = static_cast<std::size_t>(recordings[file].rows - kCutRows) * 2 * sizeof(i16);
+      std::filesystem::resize_file(path, originals[file].size() - lost);
+    }
     return true;
   }
   bool reset() {
@@ -211,8 +228,8 @@ class ZoomWalkTest : public ZoomFixture, public testing::WithParamInterface<Walk
     return true;
   }
 
-  const char* step() {
-    const i32 chosen = draw(0, 19);
+  std::string step() {
+    const i32 chosen = draw(0, 21);
     if (chosen < 5) return band() ? "band" : "";
     if (chosen < 9) return scroll() ? "scroll" : "";
     if (chosen < 13) return drag() ? "drag" : "";
@@ -221,6 +238,7 @@ class ZoomWalkTest : public ZoomFixture, public testing::WithParamInterface<Walk
     if (chosen < 16) return change_unit() ? "unit" : "";
     if (chosen < 17) return toggle_mark() ? "mark" : "";
     if (chosen < 18) return survey_band() ? "survey band" : "";
+    if (chosen < 20) return change_original() ? "original" : "";
     return reset() ? "reset" : "";
   }
 
@@ -241,13 +259,33 @@ class ZoomWalkTest : public ZoomFixture, public testing::WithParamInterface<Walk
     ASSERT_EQ(box("ZoomPointsBox"), std::to_string(points * kBlock));
     ASSERT_EQ(model.controls["ZoomPointsBox"].back_color, reckoned.original ? kGreen : kWhite);
     ASSERT_EQ(model.controls["mnuXUnit"].enabled, !reckoned.zoomed);
-    ASSERT_THAT(shell.messages(), IsEmpty());
+    ASSERT_EQ(shell.messages(), std::vector<std::string>(static_cast<std::size_t>(reckoned.messages),
+                                                         std::string("Trendaro: ") + kMissing));
     ASSERT_EQ(shell.wait_pointers, 0);
     ASSERT_FALSE(model.AnnoDrag);
     ASSERT_FALSE(model.KeepOriginalChannels);
   }
-  [[nodiscard]] bool is_short(i16 number) const {
-    return model.Plots[number].Title.find("kurz") != std::string::npos;
+  // The data in the survey, and its margins at both ends.
+  void expect_survey() {
+    ASSERT_EQ(model.SurveyZoom, reckoned.survey_padding > 0);
+    const GraphProperties& survey = model.PESGSurvey.shown();
+    ASSERT_EQ(survey.SubTitle, model.SurveyZoom ? "Zoom" : "");
+    const f64 share = survey.AutoPadPercent / 100.0;
+    const f64 padding = model.SurveyZoom ? reckoned.survey_padding : kAll * share;
+    const f64 margin = model.SurveyZoom ? model.SurveyZoomMarginX : model.SurveyMarginX;
+    ASSERT_NEAR(margin / point_width(), padding, 1e-2);
+    const f64 low = model.SurveyZoom ? survey.ZoomMinX : survey.ManualMinX;
+    const f64 high = model.SurveyZoom ? survey.ZoomMaxX : survey.ManualMaxX;
+    ASSERT_NEAR(points_of(low), reckoned.least - padding, 1e-2);
+    ASSERT_NEAR(points_of(high), reckoned.most + padding, 1e-2);
+  }
+  // Behind a step that brings samples in the panel tells of a missing original, and of nothing else.
+  void expect_panel(const std::string& taken) {
+    if (taken != "band" && taken != "scroll" && taken != "drag") return;
+    std::string text;
+    for (const std::string& call : shell.calls)
+      if (call.starts_with("status 1: ")) text = call.substr(10);
+    ASSERT_EQ(text, reckoned.original && reckoned.missing ? kMissing : "");
   }
   [[nodiscard]] f64 drawn_x(std::size_t place) const {
     const GraphProperties& graph = model.PESG.shown();
@@ -255,8 +293,12 @@ class ZoomWalkTest : public ZoomFixture, public testing::WithParamInterface<Walk
   }
   void expect_originals(i16 number) {
     const auto channel = static_cast<i16>(model.Plots[number].ChannelIndex);
-    const i64 rows = is_short(number) ? kShortRows : 20000;
-    const auto count = static_cast<std::size_t>(std::clamp<i64>(rows - reckoned.first, 0, reckoned.count));
+    const WalkFile file = reckoned.plots[static_cast<std::size_t>(number - 1)];
+    const i64 rows = file == WalkFile::Short ? kShortRows : kLongRows;
+    const OriginalState state = reckoned.imported_state(file);
+    const auto count = static_cast<std::size_t>(
+        state == OriginalState::Gone ? 0 : std::clamp<i64>(rows - reckoned.first, 0, reckoned.count));
+    const i64 rows_there = state == OriginalState::Cut ? kCutRows : rows;
     const GraphProperties& graph = model.PESG.shown();
     const auto slot = static_cast<std::size_t>(graph.PointCount);
     const std::size_t begin = static_cast<std::size_t>(number - 1) * slot;
@@ -268,7 +310,8 @@ class ZoomWalkTest : public ZoomFixture, public testing::WithParamInterface<Walk
         continue;
       }
       const i64 sample = reckoned.first + static_cast<i64>(i);
-      ASSERT_NEAR(y, ZoomRecording::known_sample(channel, sample), 0.01) << "sample " << sample;
+      const f64 known = sample < rows_there ? ZoomRecording::known_sample(channel, sample) : 0;
+      ASSERT_NEAR(y, known, 0.01) << "sample " << sample;
       if (i % 97 == 0) {
         ASSERT_NEAR(points_of(drawn_x(begin + i)) * kBlock, static_cast<f64>(sample), 0.01);
       }
@@ -279,8 +322,9 @@ class ZoomWalkTest : public ZoomFixture, public testing::WithParamInterface<Walk
     const PlotRecord& plot = model.Plots[number];
     ASSERT_EQ(plot.FileKind, kKindReducedPairs);
     const auto channel = static_cast<i16>((plot.ChannelIndex + 1) / 2);
-    const i64 rows = is_short(number) ? kShortRows : 20000;
-    const i64 factor = is_short(number) ? 20 : 10;
+    const bool is_short = reckoned.plots[static_cast<std::size_t>(number - 1)] == WalkFile::Short;
+    const i64 rows = is_short ? kShortRows : kLongRows;
+    const i64 factor = is_short ? 20 : 10;
     const GraphProperties& graph = model.PESG.shown();
     const std::size_t begin =
         static_cast<std::size_t>(number - 1) * static_cast<std::size_t>(graph.PointCount);
@@ -298,6 +342,7 @@ class ZoomWalkTest : public ZoomFixture, public testing::WithParamInterface<Walk
   }
   void expect_curves() {
     ASSERT_EQ(model.PESG.shown().SubsetCount, model.NofPlots);
+    ASSERT_EQ(static_cast<std::size_t>(model.NofPlots), reckoned.plots.size());
     for (i16 number = 1; number <= model.NofPlots; ++number) {
       if (reckoned.original)
         expect_originals(number);
@@ -308,19 +353,27 @@ class ZoomWalkTest : public ZoomFixture, public testing::WithParamInterface<Walk
   }
 
   std::mt19937 random{GetParam().seed};
-  Reckoning reckoned;
+  ZoomReckoning reckoned;
   i16 unit_before = 1;
   bool short_marked = false;  // a signal of the short recording comes and goes
+  bool right_marked = GetParam().layers, last_marked = GetParam().layers;
+  const std::array<ZoomRecording, 2> recordings = {{{.rows = kLongRows}, {.rows = kShortRows, .factor = 20}}};
+  const std::array<std::string, 2> originals = {
+      {recordings[0].original().bytes(), recordings[1].original().bytes()}};
 };
 
 TEST_P(ZoomWalkTest, SectionSamplesAndReadoutsAgreeWithTheFilesAfterEveryStep) {
   std::string road;
   for (int i = 0; i < 600; ++i) {
+    shell.calls.clear();
+    reckoned.messages = 0;
     const std::string taken = step();
     if (taken.empty()) continue;
     road = (road.size() > 300 ? road.substr(road.size() - 300) : road) + " > " + taken;
     expect_section();
+    if (!HasFatalFailure()) expect_survey();
     if (!HasFatalFailure()) expect_readout();
+    if (!HasFatalFailure()) expect_panel(taken);
     if (!HasFatalFailure()) expect_curves();
     ASSERT_FALSE(HasFatalFailure()) << "step " << i << ":" << road;
   }
