@@ -286,6 +286,36 @@ TEST_F(SmallHostZoomTest, ChannelThatIsTooShortCutsTheSection) {
   EXPECT_NEAR(model.PESGSurvey.shown().VertLineAnnotation[1], 56, 1e-9);
 }
 
+// A host that remembers what the user saw while its imports ran.
+class WatchedHost : public MemoryHost {
+ public:
+  explicit WatchedHost(RecordingShell& shell) : MemoryHost(shell, 96, 100000), shell_(shell) {}
+  std::vector<std::string> panels;
+  std::vector<int> wait_pointers;
+
+  void ExecuteImport() override {
+    panels.push_back(shell_.panels[1]);
+    wait_pointers.push_back(shell_.wait_pointers);
+    MemoryHost::ExecuteImport();
+  }
+
+ private:
+  RecordingShell& shell_;
+};
+
+TEST_F(DataZoomTest, UserIsToldForAsLongAsAnImportTakes) {
+  WatchedHost watched(shell);
+  model.Host = &watched;
+  open({});
+  mark(2);
+  mark(3);
+  zoom(50, 60);
+  EXPECT_THAT(watched.panels, ElementsAre("Zoom in Originaldaten!", "Zoom in Originaldaten!"));
+  EXPECT_THAT(watched.wait_pointers, ElementsAre(1, 1));
+  EXPECT_EQ(shell.panels[1], "");
+  EXPECT_EQ(shell.wait_pointers, 0);
+}
+
 TEST_F(DataZoomTest, SectionAheadOfTheRecordingIsEmptyAndBeginsAtItsFirstSample) {
   open({});
   mark(2);
