@@ -6,6 +6,7 @@
 #include "app/commands.h"
 #include "app/model.h"
 #include "datasource/grid_handlers.h"
+#include "graph/curve_index.h"
 #include "graph/data_zoom.h"
 #include "graph/main_redraw.h"
 #include "graph/main_sizing.h"
@@ -76,12 +77,30 @@ bool curve_on_show(const Model& model, bool plain) {
   });
 }
 
-// A reduced curve beside the section of a compressed one would widen an automatic x axis to its own length.
 void hold_automatic_x(Model& model) {
   GraphProperties& graph = model.PESG.pending;
-  if (graph.ManualScaleControlX != 0 || !curve_on_show(model, false)) return;
+  if (graph.ManualScaleControlX != 0) return;
   graph.ManualScaleControlX = kManualRange;
   model.unzoomed_scale.x_held = true;
+}
+
+// Whether the samples on show reach over half of the section at least.
+bool samples_fill_section(const Model& model) {
+  const auto& [low, high, unused, unused_too] = model.ZoomScaleLimits[0];
+  PointExtent all;
+  if (const auto& index = model.PESG.shown().curve_index)
+    for (const CurveExtents& curve : index->curves) all.add(curve.whole);
+  return all.x_high - all.x_low >= (high - low) / 2;
+}
+
+// An automatic x axis scales to the samples of the section. A reduced curve beside them would widen it to its
+// own length, and few samples would move it away from what the user wants to see.
+void redraw_compressed_section(Model& model) {
+  if (curve_on_show(model, false)) hold_automatic_x(model);
+  RedrawKMGraph(model, false);
+  if (samples_fill_section(model)) return;
+  hold_automatic_x(model);
+  RedrawKMGraph(model, false);
 }
 
 void count_hidden_plots(Model& model) {
@@ -155,8 +174,7 @@ void end_main_zoom(Model& model) {
   model.Zoomed = true;
   if (model.DisplayCompression && curve_on_show(model, true)) {
     graph.ZoomActive = false;
-    hold_automatic_x(model);
-    RedrawKMGraph(model, false);
+    redraw_compressed_section(model);
     model.PESG.curves_of_section = true;
   } else if (!vertical) {
     redraw_section(model);

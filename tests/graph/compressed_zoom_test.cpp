@@ -67,6 +67,28 @@ class CompressedZoomTest : public ZoomFixture {
   }
 };
 
+// 100 samples a second: the band from 50.001 on holds none, the one that ends at 50.015 a single sample.
+TEST_F(CompressedZoomTest, SectionOfASampleOrNoneIsNotLeftByAnAutomaticAxis) {
+  mark(2);
+  ASSERT_TRUE(model.DisplayCompression);
+  ASSERT_EQ(model.PESG.pending.ManualScaleControlX, 0);
+  band(50.001, 50.015);
+  expect_x(50.001, 50.015);
+  band(50.001, 50.005);
+  expect_x(50.001, 50.005);
+  reset_zoom(model);
+  EXPECT_EQ(model.PESG.pending.ManualScaleControlX, 0);
+  EXPECT_GT(model.PESG.shown().ManualMaxX, 199);
+}
+
+TEST_F(CompressedZoomTest, SectionOfManySamplesLeavesAnAutomaticAxisToThem) {
+  mark(2);
+  band(50, 60);
+  EXPECT_EQ(model.PESG.pending.ManualScaleControlX, 0);
+  EXPECT_NEAR(model.PESG.shown().ManualMinX, 50, 0.3);
+  EXPECT_NEAR(model.PESG.shown().ManualMaxX, 60, 0.3);
+}
+
 TEST_F(CompressedZoomTest, BandIsComputedAnewAndTheGraphHoldsNoZoom) {
   show_layers(1);
   click_tool(model, "TB_ZOOMHORZ");
