@@ -25,16 +25,9 @@ struct ValueRange {
   friend bool operator==(const ValueRange&, const ValueRange&) = default;
 };
 
-// Values behind one entry of the finest level, and entries behind one entry of the next level.
+// Points behind one entry of the finest level of a curve, and entries behind one entry of the next level.
 inline constexpr std::size_t kIndexBlock = 64;
 inline constexpr std::size_t kIndexFan = 16;
-
-// Values behind one entry of a level.
-constexpr std::size_t block_length(std::size_t level) {
-  std::size_t length = kIndexBlock;
-  for (std::size_t i = 0; i < level; ++i) length *= kIndexFan;
-  return length;
-}
 
 // Ranges of blocks of values of one length; the last one may stand for fewer values.
 template <typename T>

@@ -28,15 +28,15 @@ class RangeSearch {
   // Of the values `first` to `last` - 1, at least one.
   RangeSearch(const RangeLevels<T>& levels, const Values& values, std::size_t first, std::size_t last)
       : levels_(&levels), values_(&values) {
-    if (last - first < 2 * kIndexBlock) {
+    if (last - first < 2 * kBlock) {
       look_at_values(first, last);
       return;
     }
-    const std::size_t from = (first + kIndexBlock - 1) / kIndexBlock;
-    const std::size_t to = entries_before(last, values.count(), kIndexBlock);
+    const std::size_t from = (first + kBlock - 1) / kBlock;
+    const std::size_t to = entries_before(last, values.count(), kBlock);
     look_at_blocks(from, to);
-    if (to * kIndexBlock < last) look_at_end(to, to * kIndexBlock, last);
-    if (from * kIndexBlock > first) look_at_end(from - 1, first, from * kIndexBlock);
+    if (to * kBlock < last) look_at_end(to, to * kBlock, last);
+    if (from * kBlock > first) look_at_end(from - 1, first, from * kBlock);
   }
 
   // Empty when none of the values counts; there are no places then.
@@ -58,6 +58,8 @@ class RangeSearch {
   }
 
  private:
+  static constexpr std::size_t kBlock = Values::kBlock;
+
   // Where the best value so far was met: among `count` entries of a level or, with `height` 0, values.
   struct Best {
     T value;
@@ -75,27 +77,24 @@ class RangeSearch {
 
   // The entries of the finest level from `from` to `to` - 1, by way of coarser ones.
   void look_at_blocks(std::size_t from, std::size_t to) {
-    for (std::size_t level = 0; from < to; ++level) {
+    std::size_t length = kBlock;
+    for (std::size_t level = 0; from < to; ++level, length *= kIndexFan) {
       const std::size_t above = (from + kIndexFan - 1) / kIndexFan;
       const std::size_t end_above = entries_before(to, (*levels_)[level].size(), kIndexFan);
-      if (level + 1 == levels_->size() || above >= end_above) return look_at_entries(level, from, to);
-      look_at_entries(level, from, above * kIndexFan);
-      look_at_entries(level, end_above * kIndexFan, to);
+      if (level + 1 == levels_->size() || above >= end_above) return look_at_entries(level, length, from, to);
+      look_at_entries(level, length, from, above * kIndexFan);
+      look_at_entries(level, length, end_above * kIndexFan, to);
       from = above;
       to = end_above;
     }
   }
 
-  void look_at_entries(std::size_t level, std::size_t from, std::size_t to) {
+  void look_at_entries(std::size_t level, std::size_t length, std::size_t from, std::size_t to) {
     if (from >= to) return;
     const RangeLevel<T>& entries = (*levels_)[level];
     const ValueRange<T> range{least_of(&entries.low[from], to - from),
                               greatest_of(&entries.high[from], to - from)};
-    take(range, {.value = 0,
-                 .height = level + 1,
-                 .first = from,
-                 .count = to - from,
-                 .place = from * block_length(level)});
+    take(range, {.value = 0, .height = level + 1, .first = from, .count = to - from, .place = from * length});
   }
 
   // Values of one block.
@@ -135,7 +134,7 @@ class RangeSearch {
     const std::size_t level = --best.height;
     const auto& entries = (*levels_)[level].*end;
     const std::size_t entry = best.first + first_equal_of(&entries[best.first], best.count, best.value);
-    const std::size_t fan = level == 0 ? kIndexBlock : kIndexFan;
+    const std::size_t fan = level == 0 ? kBlock : kIndexFan;
     const std::size_t all = level == 0 ? values_->count() : (*levels_)[level - 1].size();
     best.first = entry * fan;
     best.count = std::min(fan, all - best.first);
@@ -163,10 +162,12 @@ class RangeSearch {
 // Asks for what a search for the end of a run reads.
 template <typename T, typename Values>
 void ask_for_end(const RangeLevels<T>& levels, const Values& values, std::size_t place) {
-  const std::size_t block = std::min(place, values.count() - 1) / kIndexBlock * kIndexBlock;
-  ask_for_memory(values.data() + block, std::min(kIndexBlock, values.count() - block));
-  for (std::size_t level = 0; level < std::min<std::size_t>(levels.size(), 3); ++level) {
-    const std::size_t entry = std::min(place / block_length(level), levels[level].size() - 1);
+  constexpr std::size_t kLevels = 3;  // the coarser ones are small
+  place = std::min(place, values.count() - 1);
+  std::size_t entry = place / Values::kBlock;
+  ask_for_memory(values.data() + entry * Values::kBlock,
+                 std::min(Values::kBlock, values.count() - entry * Values::kBlock));
+  for (std::size_t level = 0; level < std::min(levels.size(), kLevels); ++level, entry /= kIndexFan) {
     const std::size_t first = entry / kIndexFan * kIndexFan;
     const std::size_t count = std::min(kIndexFan, levels[level].size() - first);
     ask_for_memory(&levels[level].low[first], count);

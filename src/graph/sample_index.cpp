@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "graph/lanes.h"
 #include "graph/range_search.h"
 
 namespace trendaro {
@@ -10,6 +11,7 @@ namespace {
 
 // Samples that are no number do not count.
 struct Numbers {
+  static constexpr std::size_t kBlock = 16;
   std::span<const f64> samples;
 
   [[nodiscard]] std::size_t count() const { return samples.size(); }
@@ -33,14 +35,28 @@ SampleExtremes extremes_found(std::span<const f64> samples, std::size_t first,
           .greatest_value = range.high};
 }
 
+// Of one block. A comparison with a sample that is no number keeps the lane.
+ValueRange<f64> range_of_block(std::span<const f64> samples) {
+  if (samples.size() < Numbers::kBlock) return range_of(samples);
+  Lanes<f64> low(ValueRange<f64>{}.low);
+  Lanes<f64> high(ValueRange<f64>{}.high);
+  for (std::size_t i = 0; i < Numbers::kBlock; i += Lanes<f64>::size()) {
+    const Lanes<f64> values = load_lanes(&samples[i]);
+    where(values < low, low) = values;
+    where(values > high, high) = values;
+  }
+  return {hmin(low), hmax(high)};
+}
+
 }  // namespace
 
 std::shared_ptr<const SampleIndex> build_sample_index(std::span<const f64> samples) {
+  constexpr std::size_t kBlock = Numbers::kBlock;
   auto index = std::make_shared<SampleIndex>();
   auto& finest = index->levels.emplace_back();
-  finest.reserve((samples.size() + kIndexBlock - 1) / kIndexBlock);
-  for (std::size_t first = 0; first < samples.size(); first += kIndexBlock)
-    finest.push_back(range_of(samples.subspan(first, std::min(kIndexBlock, samples.size() - first))));
+  finest.reserve((samples.size() + kBlock - 1) / kBlock);
+  for (std::size_t first = 0; first < samples.size(); first += kBlock)
+    finest.push_back(range_of_block(samples.subspan(first, std::min(kBlock, samples.size() - first))));
   add_coarser_levels(index->levels);
   return index;
 }

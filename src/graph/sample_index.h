@@ -12,7 +12,7 @@
 
 namespace trendaro {
 
-// Ranges of blocks of one curve's samples. Takes a thirtieth of the samples' memory.
+// Ranges of blocks of one curve's samples, 16 in the finest ones. Takes an eighth of the samples' memory.
 struct SampleIndex {
   RangeLevels<f64> levels;
 };

@@ -126,8 +126,8 @@ TEST(SampleIndexTest, RunsThatFollowEachOtherGiveWhatAPlainWalkGives) {
   }
 }
 
-TEST(SampleIndexTest, LevelsCoverSixtyFourSamplesAndThenSixteenEntriesEach) {
-  std::vector<f64> samples(64 * 16 * 17 + 1, 1);
+TEST(SampleIndexTest, LevelsCoverSixteenSamplesAndThenSixteenEntriesEach) {
+  std::vector<f64> samples(16 * 16 * 17 + 1, 1);
   samples.back() = 9;
   const auto index = build_sample_index(samples);
   ASSERT_EQ(index->levels.size(), 3u);
