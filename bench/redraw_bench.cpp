@@ -1,5 +1,6 @@
 // What it costs to bring curves of files on screen, each figure against what the machine can do in the same
-// run. The first argument is the folder of the data, the second the program.
+// run. The first argument is the folder of the data, the second the program; a third one chooses one part:
+// memory, render, plotter, zoom or signals.
 #include <QGuiApplication>
 #include <QImage>
 #include <QPainter>
@@ -195,17 +196,22 @@ void print_memory(const Data& data) {
               peak / (1 << 20), samples / (1 << 20), peak / samples, 1.3);
 }
 
-void run(const Data& data) {
+void run(const Data& data, const std::string& wanted) {
+  const struct {
+    const char* name;
+    void (*measure)(const Data&);
+  } parts[] = {{"memory", print_memory},
+               {"render", compare_render},
+               {"plotter", compare_plotter},
+               {"zoom", compare_zoom},
+               {"signals", compare_signals}};
   write_channel_file(data.channel());
   write_channel_file(data.short_channel(), kShort);
   write_channel_file(data.empty(), 2);
   write_reduced_recording(data.reduced());
   std::printf("%-52s%10s%10s%8s%9s\n", "work / limit", "ms", "limit ms", "ratio", "at most");
-  print_memory(data);
-  compare_render(data);
-  compare_plotter(data);
-  compare_zoom(data);
-  compare_signals(data);
+  for (const auto& part : parts)
+    if (wanted.empty() || wanted == part.name) part.measure(data);
 }
 
 }  // namespace
@@ -218,6 +224,6 @@ int main(int argument_count, char** arguments) {
   qputenv("QT_QPA_PLATFORM", "offscreen");
   const trendaro::bench::Data data{arguments[1], arguments[2]};
   const QGuiApplication application(argument_count, arguments);
-  trendaro::bench::run(data);
+  trendaro::bench::run(data, argument_count > 3 ? arguments[3] : "");
   return 0;
 }

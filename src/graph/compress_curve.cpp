@@ -4,6 +4,7 @@
 #include <cmath>
 
 #include "app/model.h"
+#include "graph/sample_search.h"
 #include "graph/unzoomed_scale.h"
 
 namespace trendaro {
@@ -111,8 +112,8 @@ class PointWriter {
   PointWriter(const PlainCurve& samples, const CurveSlot& slot, DisplayScale scale, f64 x_offset)
       : samples_(samples), slot_(slot), scale_(scale), x_offset_(x_offset) {}
 
-  void write(std::size_t sample) {
-    if (place_ < slot_.DrawY.size()) slot_.DrawY[place_] = scale_(samples_.y[sample]);
+  void write(std::size_t sample, f64 y) {
+    if (place_ < slot_.DrawY.size()) slot_.DrawY[place_] = scale_(y);
     const f64 x = samples_.x_at(sample) + x_offset_;
     if (place_ < slot_.DrawX.size()) slot_.DrawX[place_] = static_cast<f32>(x);
     if (place_ < slot_.DrawXII.size()) slot_.DrawXII[place_] = x;
@@ -130,8 +131,9 @@ class PointWriter {
 
 void write_pair(const SampleExtremes& extremes, PointWriter& writer) {
   const bool rising = extremes.greatest > extremes.least;
-  writer.write(rising ? extremes.least : extremes.greatest);
-  writer.write(rising ? extremes.greatest : extremes.least);
+  if (rising) writer.write(extremes.least, extremes.least_value);
+  writer.write(extremes.greatest, extremes.greatest_value);
+  if (!rising) writer.write(extremes.least, extremes.least_value);
 }
 
 // Blocks of neighbours can be looked up or scanned as a whole.
@@ -181,7 +183,7 @@ void CompressCurve(Model& model, const PlainCurve& samples, i32 factor, const Cu
   if (model.Zoomed) hold_window(model);
   PointWriter writer(samples, slot, {record.YOffset, sign}, record.XOffset);
   if (pair_block <= 2)
-    for_samples_in(view, samples, [&](std::size_t i) { writer.write(i); });
+    for_samples_in(view, samples, [&](std::size_t i) { writer.write(i, samples.y[i]); });
   else
     write_pairs(view, samples, pair_block, writer);
   pad_y(slot.DrawY, writer.place(), model.PESG.pending.NullDataValue);

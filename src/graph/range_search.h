@@ -6,17 +6,11 @@
 #include <span>
 #include <vector>
 
+#include "graph/ask_for_memory.h"
 #include "graph/lanes.h"
 #include "graph/range_levels.h"
 
 namespace trendaro {
-
-// Has the memory of `count` elements brought near, without waiting for it.
-template <typename T>
-void ask_for_memory(const T* first, std::size_t count) {
-  constexpr std::size_t kCacheLine = 64;
-  for (std::size_t i = 0; i < count; i += kCacheLine / sizeof(T)) __builtin_prefetch(first + i);
-}
 
 // Looks for the extremes of a run of values: by the longest blocks that lie in it, and by single values at
 // its ends only where their block may hold something better. `Values` gives `count()` of all values,
@@ -28,15 +22,15 @@ class RangeSearch {
   // Of the values `first` to `last` - 1, at least one.
   RangeSearch(const RangeLevels<T>& levels, const Values& values, std::size_t first, std::size_t last)
       : levels_(&levels), values_(&values) {
-    if (last - first < 2 * kBlock) {
+    if (last - first < 2 * kIndexBlock) {
       look_at_values(first, last);
       return;
     }
-    const std::size_t from = (first + kBlock - 1) / kBlock;
-    const std::size_t to = entries_before(last, values.count(), kBlock);
+    const std::size_t from = (first + kIndexBlock - 1) / kIndexBlock;
+    const std::size_t to = entries_before(last, values.count(), kIndexBlock);
     look_at_blocks(from, to);
-    if (to * kBlock < last) look_at_end(to, to * kBlock, last);
-    if (from * kBlock > first) look_at_end(from - 1, first, from * kBlock);
+    if (to * kIndexBlock < last) look_at_end(to, to * kIndexBlock, last);
+    if (from * kIndexBlock > first) look_at_end(from - 1, first, from * kIndexBlock);
   }
 
   // Empty when none of the values counts; there are no places then.
@@ -58,8 +52,6 @@ class RangeSearch {
   }
 
  private:
-  static constexpr std::size_t kBlock = Values::kBlock;
-
   // Where the best value so far was met: among `count` entries of a level or, with `height` 0, values.
   struct Best {
     T value;
@@ -77,7 +69,7 @@ class RangeSearch {
 
   // The entries of the finest level from `from` to `to` - 1, by way of coarser ones.
   void look_at_blocks(std::size_t from, std::size_t to) {
-    std::size_t length = kBlock;
+    std::size_t length = kIndexBlock;
     for (std::size_t level = 0; from < to; ++level, length *= kIndexFan) {
       const std::size_t above = (from + kIndexFan - 1) / kIndexFan;
       const std::size_t end_above = entries_before(to, (*levels_)[level].size(), kIndexFan);
@@ -134,7 +126,7 @@ class RangeSearch {
     const std::size_t level = --best.height;
     const auto& entries = (*levels_)[level].*end;
     const std::size_t entry = best.first + first_equal_of(&entries[best.first], best.count, best.value);
-    const std::size_t fan = level == 0 ? kBlock : kIndexFan;
+    const std::size_t fan = level == 0 ? kIndexBlock : kIndexFan;
     const std::size_t all = level == 0 ? values_->count() : (*levels_)[level - 1].size();
     best.first = entry * fan;
     best.count = std::min(fan, all - best.first);
@@ -164,9 +156,9 @@ template <typename T, typename Values>
 void ask_for_end(const RangeLevels<T>& levels, const Values& values, std::size_t place) {
   constexpr std::size_t kLevels = 3;  // the coarser ones are small
   place = std::min(place, values.count() - 1);
-  std::size_t entry = place / Values::kBlock;
-  ask_for_memory(values.data() + entry * Values::kBlock,
-                 std::min(Values::kBlock, values.count() - entry * Values::kBlock));
+  std::size_t entry = place / kIndexBlock;
+  ask_for_memory(values.data() + entry * kIndexBlock,
+                 std::min(kIndexBlock, values.count() - entry * kIndexBlock));
   for (std::size_t level = 0; level < std::min(levels.size(), kLevels); ++level, entry /= kIndexFan) {
     const std::size_t first = entry / kIndexFan * kIndexFan;
     const std::size_t count = std::min(kIndexFan, levels[level].size() - first);

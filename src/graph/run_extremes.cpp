@@ -9,7 +9,6 @@ namespace {
 
 // The y of samples all of which are drawn.
 struct AllHeights {
-  static constexpr std::size_t kBlock = kIndexBlock;
   const CurveSamples& samples;
 
   [[nodiscard]] std::size_t count() const { return samples.count; }
@@ -26,7 +25,6 @@ struct AllHeights {
 // One coordinate of the samples that are drawn.
 template <typename T, typename Coordinate>
 struct DrawnValues {
-  static constexpr std::size_t kBlock = kIndexBlock;
   const CurveSamples& samples;
   Coordinate coordinate;
 

@@ -9,7 +9,7 @@ namespace {
 
 constexpr f64 kInfinity = std::numeric_limits<f64>::infinity();
 // Fewer samples are looked at one by one.
-constexpr std::size_t kFew = 64;
+constexpr std::size_t kFew = 16;
 // Samples that are looked through once more for the place of a new extreme.
 constexpr std::size_t kStretch = 1024;
 

@@ -20,6 +20,28 @@ inline SampleExtremes extremes_of(f64 value, std::size_t index) {
   return {.least = index, .greatest = index, .least_value = value, .greatest_value = value};
 }
 
+// The extremes where no sample from `place` on is a number.
+inline SampleExtremes no_extremes(std::size_t place) {
+  constexpr ValueRange<f64> kEmpty;
+  return {.least = place, .greatest = place, .least_value = kEmpty.low, .greatest_value = kEmpty.high};
+}
+
+// Widens `extremes` by those of samples that follow, or that go ahead. None of the values is NaN. Without
+// branches, for these comparisons go either way.
+inline void add_following(SampleExtremes& extremes, const SampleExtremes& other) {
+  const bool lower = other.least_value < extremes.least_value;
+  const bool higher = other.greatest_value > extremes.greatest_value;
+  extremes.least = lower ? other.least : extremes.least;
+  extremes.least_value = lower ? other.least_value : extremes.least_value;
+  extremes.greatest = higher ? other.greatest : extremes.greatest;
+  extremes.greatest_value = higher ? other.greatest_value : extremes.greatest_value;
+}
+inline void add_preceding(SampleExtremes& extremes, const SampleExtremes& other) {
+  SampleExtremes all = other;
+  add_following(all, extremes);
+  extremes = all;
+}
+
 // Widens `extremes` by a sample that follows.
 inline void add_sample(SampleExtremes& extremes, f64 value, std::size_t index) {
   if (value > extremes.greatest_value) {

@@ -4,79 +4,100 @@
 #include <cmath>
 
 #include "graph/lanes.h"
-#include "graph/range_search.h"
 
 namespace trendaro {
 namespace {
 
-// Samples that are no number do not count.
-struct Numbers {
-  static constexpr std::size_t kBlock = 16;
-  std::span<const f64> samples;
-
-  [[nodiscard]] std::size_t count() const { return samples.size(); }
-  [[nodiscard]] const f64* data() const { return samples.data(); }
-  [[nodiscard]] ValueRange<f64> range(std::size_t first, std::size_t last) const {
-    return range_of(samples.subspan(first, last - first));
-  }
-  [[nodiscard]] std::size_t first_with(std::size_t first, std::size_t last, f64 value) const {
-    return first + first_equal(samples.subspan(first, last - first), value);
-  }
+// Of a full block.
+struct BlockRange {
+  ValueRange<f64> range;  // of the samples that are a number
+  bool all_finite;
 };
 
-// A first sample that is no number is both extremes.
-SampleExtremes extremes_found(std::span<const f64> samples, std::size_t first,
-                              RangeSearch<f64, Numbers>& search) {
-  if (std::isnan(samples[first])) return extremes_of(samples[first], first);
-  const ValueRange<f64> range = search.range();
-  return {.least = search.lowest(),
-          .greatest = search.highest(),
-          .least_value = range.low,
-          .greatest_value = range.high};
-}
-
-// Of one block. A comparison with a sample that is no number keeps the lane.
-ValueRange<f64> range_of_block(std::span<const f64> samples) {
-  if (samples.size() < Numbers::kBlock) return range_of(samples);
-  Lanes<f64> low(ValueRange<f64>{}.low);
-  Lanes<f64> high(ValueRange<f64>{}.high);
-  for (std::size_t i = 0; i < Numbers::kBlock; i += Lanes<f64>::size()) {
-    const Lanes<f64> values = load_lanes(&samples[i]);
+BlockRange range_of_full_block(const f64* block) {
+  constexpr std::size_t kStep = Lanes<f64>::size();
+  Lanes<f64> low(ValueRange<f64>{}.low), high(ValueRange<f64>{}.high);
+  Lanes<f64> sum(0), other_sum(0);
+  for (std::size_t i = 0; i < kSampleBlock; i += 2 * kStep) {
+    const Lanes<f64> values = load_lanes(block + i);
+    const Lanes<f64> others = load_lanes(block + i + kStep);
+    // A comparison with a sample that is no number keeps the lane.
     where(values < low, low) = values;
     where(values > high, high) = values;
+    where(others < low, low) = others;
+    where(others > high, high) = others;
+    sum += values;
+    other_sum += others;
   }
-  return {hmin(low), hmax(high)};
+  // What is infinite or no number stays so in the sum.
+  return {{hmin(low), hmax(high)}, std::isfinite(reduce(sum + other_sum))};
+}
+
+BlockRange range_of_block(std::span<const f64> block) {
+  if (block.size() == kSampleBlock) return range_of_full_block(block.data());
+  return {range_of(block), false};
+}
+
+// The samples of a block that is the first of `group` or behind it; the first one has the index `first`.
+SampleExtremes extremes_of_block(std::span<const f64> block, std::size_t first, bool& all_finite) {
+  const BlockRange found = range_of_block(block);
+  all_finite = found.all_finite;
+  SampleExtremes extremes = no_extremes(first);
+  if (found.range.empty()) return extremes;
+  const std::size_t least = first_equal_of(block.data(), block.size(), found.range.low);
+  const std::size_t greatest = first_equal_of(block.data(), block.size(), found.range.high);
+  return {.least = first + least,
+          .greatest = first + greatest,
+          .least_value = block[least],
+          .greatest_value = block[greatest]};
+}
+
+// Adds the blocks of one group, whose first sample has the index `start`; the extremes of the group.
+SampleExtremes add_group(std::span<const f64> group, std::size_t start, IndexArray<SampleBlock>& blocks) {
+  SampleExtremes ahead = no_extremes(start);
+  const std::size_t first_block = blocks.size();
+  for (std::size_t first = 0; first < group.size(); first += kSampleBlock) {
+    SampleBlock& block = blocks.emplace_back();
+    const auto samples = group.subspan(first, std::min(kSampleBlock, group.size() - first));
+    const SampleExtremes own = extremes_of_block(samples, start + first, block.all_finite);
+    block.keep(Stretch::Block, start, own);
+    block.keep(Stretch::Ahead, start, ahead);
+    add_following(ahead, own);
+  }
+  SampleExtremes behind = no_extremes(start);
+  for (std::size_t block = blocks.size(); block-- > first_block;) {
+    blocks[block].keep(Stretch::Behind, start, behind);
+    add_preceding(behind, blocks[block].at(Stretch::Block, start));
+  }
+  return ahead;
+}
+
+IndexArray<SampleExtremes> coarser_level(const IndexArray<SampleExtremes>& finer) {
+  IndexArray<SampleExtremes> level;
+  level.reserve((finer.size() + kIndexFan - 1) / kIndexFan);
+  for (std::size_t first = 0; first < finer.size(); first += kIndexFan) {
+    SampleExtremes extremes = finer[first];
+    for (std::size_t i = first + 1; i < std::min(finer.size(), first + kIndexFan); ++i)
+      add_following(extremes, finer[i]);
+    level.push_back(extremes);
+  }
+  return level;
 }
 
 }  // namespace
 
 std::shared_ptr<const SampleIndex> build_sample_index(std::span<const f64> samples) {
-  constexpr std::size_t kBlock = Numbers::kBlock;
   auto index = std::make_shared<SampleIndex>();
-  auto& finest = index->levels.emplace_back();
-  finest.reserve((samples.size() + kBlock - 1) / kBlock);
-  for (std::size_t first = 0; first < samples.size(); first += kBlock)
-    finest.push_back(range_of_block(samples.subspan(first, std::min(kBlock, samples.size() - first))));
-  add_coarser_levels(index->levels);
+  index->blocks.reserve((samples.size() + kSampleBlock - 1) / kSampleBlock);
+  auto& groups = index->levels.emplace_back();
+  groups.reserve((samples.size() + kSampleGroup - 1) / kSampleGroup);
+  for (std::size_t start = 0; start < samples.size(); start += kSampleGroup) {
+    const auto group = samples.subspan(start, std::min(kSampleGroup, samples.size() - start));
+    groups.push_back(add_group(group, start, index->blocks));
+  }
+  while (index->levels.back().size() > kIndexFan)
+    index->levels.push_back(coarser_level(index->levels.back()));
   return index;
-}
-
-SampleExtremes find_sample_extremes(std::span<const f64> samples, const SampleIndex& index, std::size_t first,
-                                    std::size_t last) {
-  const Numbers numbers{samples};
-  RangeSearch search(index.levels, numbers, first, last);
-  return extremes_found(samples, first, search);
-}
-
-std::vector<SampleExtremes> sample_extremes_of_runs(std::span<const f64> samples, const SampleIndex& index,
-                                                    std::span<const std::size_t> stops) {
-  std::vector<SampleExtremes> found;
-  found.reserve(stops.size());
-  const Numbers numbers{samples};
-  search_runs(index.levels, numbers, stops, [&](std::size_t run, auto& search) {
-    found.push_back(extremes_found(samples, stops[run], search));
-  });
-  return found;
 }
 
 }  // namespace trendaro
