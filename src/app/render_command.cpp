@@ -2,6 +2,7 @@
 
 #include <QGuiApplication>
 #include <cmath>
+#include <limits>
 #include <memory>
 #include <ostream>
 
@@ -14,6 +15,8 @@
 #include "app/startup.h"
 #include "app/toolkit_notes.h"
 #include "datasource/mark.h"
+#include "graph/main_redraw.h"
+#include "graph/window_reading.h"
 #include "output/picture_file.h"
 
 namespace trendaro {
@@ -104,6 +107,30 @@ void set_x_range(GraphSurface& graph, const RenderCommand& command) {
   PEactions(graph, kRedrawFromSettings);
 }
 
+// A section shows all samples that it has, and needs no others. A margin keeps those at its edges.
+PictureWindow window_of(const RenderCommand& command) {
+  constexpr std::size_t kMostSamples = std::size_t{1} << 18;
+  constexpr f64 kInfinity = std::numeric_limits<f64>::infinity();
+  const f64 margin = command.from && command.to ? (*command.to - *command.from) / 8 : 0;
+  return {.edges = {command.from ? *command.from - margin : -kInfinity,
+                    command.to ? *command.to + margin : kInfinity},
+          .most_samples = kMostSamples};
+}
+
+// A section of more samples is read once more, for the columns of its picture.
+void read_columns(Model& model, const RenderCommand& command) {
+  if (!reads_window(model)) return;
+  const PictureKind kind = picture_kind(command.output);
+  std::vector<f64> columns = picture_columns(model.PESG.shown(), kind, QSize(command.width, command.height));
+  const PictureWindow& window = *model.picture_window;
+  const bool holds_all = window.edges.front() <= columns.front() && columns.back() <= window.edges.back();
+  if (!window.thinned && holds_all) return;
+  model.picture_window = PictureWindow{.edges = std::move(columns), .most_samples = kMostOfColumn};
+  model.PESG.pending.ManualScaleControlX = 0;
+  RedrawKMGraph(model, false);
+  set_x_range(model.PESG, command);
+}
+
 // The application object that fonts and images need, where there is none yet; it never asks for a display.
 class OffscreenApplication {
  public:
@@ -139,11 +166,15 @@ int run_render(const RenderCommand& command, std::ostream& errors) {
   set_time_unit(model, command.time_unit);
   // Nothing is drawn twice, so that nothing need be kept.
   model.CurveCacheOff = true;
-  // A section shows all samples that it has; the whole recording keeps its extremes when it is compressed.
-  if (command.from || command.to) model.controls["mnuUseCompression"].ticked = false;
+  // The whole recording keeps its extremes when it is compressed.
+  if (command.from || command.to) {
+    model.controls["mnuUseCompression"].ticked = false;
+    model.picture_window = window_of(command);
+  }
   for (const FileArgument& file : command.files)
     if (!add_file(model, shell, file, errors)) return 1;
   set_x_range(model.PESG, command);
+  read_columns(model, command);
   if (save_picture(model.PESG.shown(), command.output, QSize(command.width, command.height))) return 0;
   errors << "Die Datei kann nicht geschrieben werden: " << command.output << '\n';
   return 1;

@@ -53,15 +53,10 @@ void add_extremes(const OutlineTask& task, std::size_t first, std::size_t last,
 // Where the samples of the columns begin and end, without columns that have none.
 std::vector<std::size_t> column_stops(const OutlineTask& task, const PixelRectangle& area) {
   const CurveSamples& samples = task.samples;
-  const f64 column_width = task.detail.column_width;
-  const bool leftwards = (task.x_scale.last < task.x_scale.first) != samples.falling;
-  const auto columns = static_cast<std::size_t>(std::ceil(area.width / column_width));
-  std::vector<std::size_t> stops = {
-      first_reaching(samples, 0, samples.falling ? task.x_scale.maximum : task.x_scale.minimum)};
-  for (std::size_t column = 0; column < columns && stops.back() < samples.count; ++column) {
-    const f64 edge = (static_cast<f64>(column) + 1) * column_width;
-    const f64 limit = value_of(task.x_scale, leftwards ? area.right() - edge : area.x + edge);
-    const std::size_t stop = first_reaching(samples, stops.back(), limit);
+  const std::vector<f64> edges = column_edges(task.x_scale, area, task.detail.column_width, samples.falling);
+  std::vector<std::size_t> stops = {first_reaching(samples, 0, edges.front())};
+  for (std::size_t edge = 1; edge < edges.size() && stops.back() < samples.count; ++edge) {
+    const std::size_t stop = first_reaching(samples, stops.back(), edges[edge]);
     if (stop > stops.back()) stops.push_back(stop);
   }
   return stops;
@@ -85,6 +80,19 @@ CurveOutline ordered_outline(const OutlineTask& task, const PixelRectangle& area
 }
 
 }  // namespace
+
+std::vector<f64> column_edges(const AxisScale& x_scale, const PixelRectangle& area, f64 column_width,
+                              bool falling) {
+  const bool leftwards = (x_scale.last < x_scale.first) != falling;
+  const auto columns = static_cast<std::size_t>(std::ceil(area.width / column_width));
+  std::vector<f64> edges = {falling ? x_scale.maximum : x_scale.minimum};
+  edges.reserve(columns + 1);
+  for (std::size_t column = 0; column < columns; ++column) {
+    const f64 edge = (static_cast<f64>(column) + 1) * column_width;
+    edges.push_back(value_of(x_scale, leftwards ? area.right() - edge : area.x + edge));
+  }
+  return edges;
+}
 
 CurveOutline curve_outline(const CurveSamples& samples, const AxisScale& x_scale, const AxisScale& y_scale,
                            const PixelRectangle& area, const OutlineDetail& detail) {

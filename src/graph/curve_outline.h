@@ -6,6 +6,7 @@
 #include "app/types.h"
 #include "graph/curve_samples.h"
 #include "graph/graph_layout.h"
+#include "graph/picture_window.h"
 
 namespace trendaro {
 
@@ -17,10 +18,16 @@ struct CurveOutline {
 
 // How closely an outline follows its curve.
 struct OutlineDetail {
-  f64 column_width = 1;             // of a pixel of the device, in logical pixels
-  std::size_t most_per_column = 4;  // samples of a column that are all kept; of more only the extremes
-  std::size_t neighbours = 1;       // samples before and behind the area
+  f64 column_width = 1;  // of a pixel of the device, in logical pixels
+  std::size_t most_per_column =
+      kMostOfColumn;           // samples of a column that are all kept; of more only the extremes
+  std::size_t neighbours = 1;  // samples before and behind the area
 };
+
+// x of the edges of the pixel columns of `area`, in the order in which a curve with rising, or falling, x
+// comes to them. The first one is the end of the scale.
+std::vector<f64> column_edges(const AxisScale& x_scale, const PixelRectangle& area, f64 column_width,
+                              bool falling);
 
 // What is drawn of a curve over `area`: of the samples in one pixel column the first, the lowest, the highest
 // and the last, in their order, so that no extreme is lost and the work goes with the pixels; where a column

@@ -10,6 +10,7 @@
 #include "graph/compress_curve.h"
 #include "graph/curve_cache.h"
 #include "graph/main_sizing.h"
+#include "graph/window_reading.h"
 
 namespace trendaro {
 namespace {
@@ -215,6 +216,15 @@ void copy_while_reading(CurveTask& task, MainReading& reading) {
   if (time_from_base(task.plot)) write_line(task.slot, room - rest.size(), line);
 }
 
+void keep_window_while_reading(CurveTask& task, MainReading& reading) {
+  take_time_title(task.model, reading);
+  read_window_samples(task, [&] {
+    take_plain_date(task);
+    return reading.line = plain_time_line(task, reading, false);
+  });
+  take_plain_description(task);
+}
+
 }  // namespace
 
 void read_database_curve(CurveTask& task, MainReading& reading) {
@@ -262,6 +272,7 @@ void read_block_curve(CurveTask& task, MainReading& reading) {
 void read_plain_curve(CurveTask& task, MainReading& reading) {
   if (!has_length(task) || reading.settings_only) return;
   Model& model = task.model;
+  if (reads_window(model)) return keep_window_while_reading(task, reading);
   if (draws_while_reading(task)) {
     if (is_compressed(model)) return compress_while_reading(task, reading);
     return copy_while_reading(task, reading);

@@ -8,6 +8,7 @@
 #include "app/model.h"
 #include "app/numbers.h"
 #include "graph/curve_readers.h"
+#include "graph/window_reading.h"
 
 namespace trendaro {
 namespace {
@@ -78,10 +79,13 @@ void decide_compression(Model& model, i32 points) {
 }
 
 void size_plain(Model& model, i16 number, const std::string& path) {
-  const i32 points = points_of(model, model.Plots[number], path);
+  const PlotRecord& plot = model.Plots[number];
+  const bool window = reads_window(model);
+  const i32 points = window ? plausible_points(plot.Points, path) : points_of(model, plot, path);
+  if (window) model.ViewPoints = 1;  // the slots grow with what is read
   if (points <= model.LongestFullPoints) return;
   model.LongestFullPoints = points;
-  decide_compression(model, points);
+  if (!window) decide_compression(model, points);
 }
 
 void size_plot(Model& model, i16 number) {

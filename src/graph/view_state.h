@@ -1,11 +1,13 @@
 #pragma once
 
 #include <array>
+#include <optional>
 #include <string>
 
 #include "app/types.h"
 #include "files/sample_array.h"
 #include "graph/axis_settings.h"
+#include "graph/picture_window.h"
 
 namespace trendaro {
 
@@ -83,6 +85,8 @@ struct RedrawState {
   // 1 the left y axis, 2 and 3 the right one. A pair without width, as of a zoom that no rubber band narrowed
   // in y, limits nothing.
   std::array<std::array<f64, 4>, 8> ZoomScaleLimits{};
+  // Plain curves over time are read for a picture of this part alone; see window_reading.h.
+  std::optional<PictureWindow> picture_window;
   UnzoomedScale unzoomed_scale;
   SavedAxes saved_axes;  // y axes of layers that left the main graph
 };

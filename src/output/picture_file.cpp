@@ -10,12 +10,15 @@
 #include <algorithm>
 #include <array>
 
+#include "graph/curve_outline.h"
 #include "graph/graph_painter.h"
 
 namespace trendaro {
 namespace {
 
 constexpr int kPixelsPerInch = 96;
+// Pixels of a PDF file to one of the picture, so that no place of a line is rounded visibly.
+constexpr int kFineness = 10;
 constexpr int kJpegQuality = 92;
 constexpr int kPngCompression = 40;  // of 100: the last fifth of the size would take four times as long
 
@@ -53,8 +56,6 @@ QByteArray pdf_picture(const GraphProperties& shown, QSize size) {
   const QSizeF points = QSizeF(size) * 72.0 / kPixelsPerInch;
   writer.setPageLayout(QPageLayout(QPageSize(points, QPageSize::Point, QString(), QPageSize::ExactMatch),
                                    QPageLayout::Portrait, QMarginsF()));
-  // Fine enough that no place of a line is rounded visibly.
-  constexpr int kFineness = 10;
   writer.setResolution(kPixelsPerInch * kFineness);
   writer.setTitle(QString::fromStdString(shown.MainTitle));
   QPainter painter;
@@ -83,6 +84,12 @@ PictureKind picture_kind(const std::string& path) {
   const auto found =
       std::find_if(endings.begin(), endings.end(), [&](const Ending& each) { return ending == each.text; });
   return found == endings.end() ? PictureKind::Unknown : found->kind;
+}
+
+std::vector<f64> picture_columns(const GraphProperties& shown, PictureKind kind, QSize size) {
+  const GraphLayout layout = GraphSheet(shown, size).layout;
+  const f64 column_width = kind == PictureKind::Pdf ? 1.0 / kFineness : 1;
+  return column_edges(layout.x_axis.scale, layout.layers.front().area, column_width, false);
 }
 
 QImage graph_image(const GraphProperties& shown, QSize size) {

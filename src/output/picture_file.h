@@ -4,6 +4,7 @@
 #include <QImage>
 #include <QSize>
 #include <string>
+#include <vector>
 
 #include "graph/graph_properties.h"
 
@@ -15,6 +16,10 @@ PictureKind picture_kind(const std::string& path);
 
 // The graph as an image of `size` pixels. Empty where there is no memory for it.
 QImage graph_image(const GraphProperties& shown, QSize size);
+
+// x of the edges of the pixel columns over which such a picture draws its curves, from the least on. Needs an
+// axis that is not inverted.
+std::vector<f64> picture_columns(const GraphProperties& shown, PictureKind kind, QSize size);
 
 // The bytes of a picture file of the graph, `size` pixels large; a pixel of a PDF page is 1/96 inch. Empty
 // for an unknown kind, or when the picture could not be made.

@@ -1,12 +1,20 @@
 #include "app/render_command.h"
 
 #include <QImage>
+#include <cmath>
 #include <filesystem>
+#include <random>
 #include <sstream>
 
 #include <gtest/gtest.h>
 
+#include "app/file_arguments.h"
+#include "app/memory_host.h"
+#include "app/model.h"
+#include "app/startup.h"
+#include "output/picture_file.h"
 #include "support/file_builder.h"
+#include "support/silent_shell.h"
 #include "support/standard_builder.h"
 
 namespace trendaro {
@@ -99,6 +107,66 @@ TEST_F(RenderCommandTest, ASectionOfALongRecordingShowsEachSample) {
     inside = coloured;
   }
   EXPECT_NEAR(crossings, 20, 1);
+}
+
+// The picture of a window whose graph holds every sample of the curves.
+QImage picture_of_all_samples(const RenderCommand& command) {
+  SilentShell shell;
+  Model model(shell);
+  MemoryHost host(shell);
+  model.Host = &host;
+  model.Kernel = &host;
+  model.TemplateFolder = "/dev/null";
+  load_main_window(model);
+  model.TimeUnit = command.time_unit;
+  model.DateAxis = command.time_unit == 4;
+  model.controls["mnuUseCompression"].ticked = false;
+  for (const FileArgument& file : command.files) open_file_argument(model, file);
+  GraphProperties& graph = model.PESG.pending;
+  graph.ManualScaleControlX = 3;
+  if (command.from) graph.ManualMinX = *command.from;
+  if (command.to) graph.ManualMaxX = *command.to;
+  PEactions(model.PESG, kRedrawFromSettings);
+  return graph_image(model.PESG.shown(), QSize(command.width, command.height));
+}
+
+// Three channels of 400000 samples: a walk, a walk with gaps, and noise with a spike outside of most windows.
+std::string long_recording() {
+  std::mt19937 random(3);
+  StandardFileLayout layout;
+  layout.channels.resize(3);
+  for (StandardChannel& channel : layout.channels) {
+    channel.record.SampleInterval = 2;
+    f64 walk = 0;
+    for (int i = 0; i < 400000; ++i)
+      channel.values.push_back(walk += static_cast<f64>(random() % 2001) / 1000 - 1);
+  }
+  for (int i = 0; i < 400000; ++i) {
+    if (i % 7000 < 300) layout.channels[1].values[static_cast<std::size_t>(i)] = std::nan("");
+    layout.channels[2].values[static_cast<std::size_t>(i)] =
+        i == 399000 ? 900 : static_cast<f64>(random() % 9);
+  }
+  return layout.build().bytes();
+}
+
+TEST_F(RenderCommandTest, AWindowShowsThePixelsOfAllSamples) {
+  file.rewrite(long_recording());
+  command.files = {{file.path(), {1, 2, 3}}};
+  command.width = 500;
+  struct Window {
+    std::optional<f64> from, to;
+    i16 time_unit;
+  };
+  for (const Window& window :
+       {Window{100.001, 100.2, 1}, Window{10, 790.7, 1}, Window{-50, 900, 1}, Window{{}, 33.3, 1},
+        Window{700, {}, 1}, Window{123, 456789, 0}, Window{900, 1000, 1}, Window{44260.5, 44260.505, 4}}) {
+    command.from = window.from;
+    command.to = window.to;
+    command.time_unit = window.time_unit;
+    ASSERT_EQ(render(), 0) << errors.str();
+    EXPECT_EQ(picture().convertToFormat(QImage::Format_RGB32), picture_of_all_samples(command))
+        << window.from.value_or(-1) << " to " << window.to.value_or(-1);
+  }
 }
 
 TEST_F(RenderCommandTest, AChannelThatTheFileLacksMarksNothing) {

@@ -93,7 +93,7 @@ void draw_fit(const PaintTask& task, MethodOverlay overlay) {
 }
 
 void draw_body(const PaintTask& task, MethodBody body) {
-  const CurveOutline outline = outline_of(task, 4, 1);
+  const CurveOutline outline = outline_of(task, kMostOfColumn, 1);
   switch (body) {
     case MethodBody::None:
       break;
@@ -133,7 +133,7 @@ void draw_overlay(const PaintTask& task, const MethodParts& parts) {
     draw_fit(task, parts.overlay);
     return;
   }
-  const CurveOutline spline = smoothed(outline_of(task, 4, 3));
+  const CurveOutline spline = smoothed(outline_of(task, kMostOfColumn, 3));
   if (parts.body == MethodBody::Line)
     draw_lines(task, spline, kFitLineType, blended(task.color, QColor(Qt::black), kFitShade));
   else
@@ -142,7 +142,7 @@ void draw_overlay(const PaintTask& task, const MethodParts& parts) {
 
 // While a cursor is on, the samples of a line show where it can stand, as far as there is room for them.
 void mark_samples(const PaintTask& task) {
-  const CurveOutline outline = outline_of(task, 4, 1);
+  const CurveOutline outline = outline_of(task, kMostOfColumn, 1);
   if (static_cast<f64>(outline.points.size()) * kMarkedDistance > task.area.width) return;
   const Symbol symbol = make_symbol(5, kMarkSize);
   for (const PixelPoint& point : outline.points)
