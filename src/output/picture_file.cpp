@@ -12,6 +12,7 @@
 
 #include "graph/curve_outline.h"
 #include "graph/graph_painter.h"
+#include "output/palette_image.h"
 
 namespace trendaro {
 namespace {
@@ -30,6 +31,11 @@ QByteArray encoded(const QImage& image, const char* format, int quality, int com
   if (quality >= 0) writer.setQuality(quality);
   if (compression >= 0) writer.setCompression(compression);
   return writer.write(image) ? bytes : QByteArray();
+}
+
+QByteArray png_picture(const QImage& image) {
+  const QImage of_few_colors = palette_image(image);
+  return encoded(of_few_colors.isNull() ? image : of_few_colors, "png", -1, kPngCompression);
 }
 
 QByteArray svg_picture(const GraphProperties& shown, QSize size) {
@@ -105,7 +111,7 @@ QByteArray graph_picture(const GraphProperties& shown, PictureKind kind, QSize s
   if (size.isEmpty()) return {};
   switch (kind) {
     case PictureKind::Png:
-      return encoded(graph_image(shown, size), "png", -1, kPngCompression);
+      return png_picture(graph_image(shown, size));
     case PictureKind::Bmp:
       return encoded(graph_image(shown, size), "bmp", -1, -1);
     case PictureKind::Jpeg:
