@@ -170,8 +170,10 @@ void set_pixels(AxisSettings& axis, f64 start, f64 length) {
 }
 
 AxisTicks axis_ticks(const AxisSettings& axis, const TextMeasure& measure) {
-  const TickRequest request{
-      axis.scale, axis.side != AxisSide::Bottom, axis.format, axis.manual_tick, axis.manual_line, axis.power};
+  const TickRequest request{axis.scale,       axis.side != AxisSide::Bottom,
+                            axis.format,      axis.manual_tick,
+                            axis.manual_line, axis.power,
+                            axis.room_start,  axis.room_end};
   return axis.dates ? date_ticks(request, measure) : number_ticks(request, measure);
 }
 

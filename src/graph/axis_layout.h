@@ -1,5 +1,6 @@
 #pragma once
 
+#include <limits>
 #include <string>
 
 #include "graph/graph_layout.h"
@@ -17,6 +18,9 @@ struct AxisSettings {
   f64 manual_tick = 0, manual_line = 0;
   int power = 0;
   i32 color = 0;
+  // Pixels between which the labels of an x axis stand.
+  f64 room_start = -std::numeric_limits<f64>::infinity();
+  f64 room_end = std::numeric_limits<f64>::infinity();
 };
 
 AxisSettings x_axis_settings(const GraphProperties& shown);

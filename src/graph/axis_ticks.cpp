@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
-#include <limits>
 
 #include "graph/tick_spacing.h"
 
@@ -11,6 +10,7 @@ namespace trendaro {
 namespace {
 
 constexpr std::size_t kMostTicks = 2000;
+constexpr int kFinerTries = 6;  // until two labels stand; an axis too short for two keeps what it has
 
 // A distance of m x 10^e, with m from 1, 2, 5.
 struct Step {
@@ -27,6 +27,11 @@ struct Step {
     if (mantissa == 1) return {2, exponent};
     if (mantissa == 2) return {5, exponent};
     return {1, exponent + 1};
+  }
+  [[nodiscard]] Step former() const {
+    if (mantissa == 5) return {2, exponent};
+    if (mantissa == 2) return {1, exponent};
+    return {5, exponent - 1};
   }
 };
 
@@ -66,31 +71,44 @@ std::vector<f64> minor_values(const TickRequest& request, f64 step, f64 major_st
   return values;
 }
 
-// The distance below which ticks would crowd, or neighbouring values could not be told apart.
+// The distance below which ticks would crowd.
 f64 least_step(const TickRequest& request, const TextMeasure& measure) {
-  const AxisScale& scale = request.scale;
   const f64 line = measure.height(TextRole::Axis);
   const f64 length = axis_length(request);
   // A low axis gets its labels closer together, so that it still has some.
   const f64 spacing = request.vertical ? std::clamp(length / 8, line * 1.15, line * 2.8) : line * 4.5;
-  const f64 span = scale.maximum - scale.minimum;
-  const f64 size = std::max(std::abs(scale.minimum), std::abs(scale.maximum));
-  return std::max(span / std::max(1.0, length / spacing), size * 16 * std::numeric_limits<f64>::epsilon());
+  const f64 span = request.scale.maximum - request.scale.minimum;
+  return std::max(span / std::max(1.0, length / spacing), finest_step(request.scale));
+}
+
+AxisTicks stepped_ticks(const TickRequest& request, Step step) {
+  AxisTicks ticks;
+  ticks.major = labelled(
+      request,
+      multiples_between(request.scale, step.size(), [step](f64 count) { return step.multiple(count); }),
+      step.size());
+  const f64 parts = step.mantissa == 2 ? 4 : 5;
+  ticks.minor = minor_values(request, step.size() / parts, step.size());
+  return ticks;
 }
 
 AxisTicks linear_ticks(const TickRequest& request, const TextMeasure& measure) {
-  AxisTicks ticks;
   Step step = smallest_step_from(least_step(request, measure));
+  AxisTicks ticks = stepped_ticks(request, step);
   // Each try is coarser; no label is left to collide after a few decades.
-  for (int tries = 0; tries < 12; ++tries, step = step.next()) {
-    ticks.major = labelled(
-        request,
-        multiples_between(request.scale, step.size(), [step](f64 count) { return step.multiple(count); }),
-        step.size());
-    if (labels_fit(request, measure, ticks.major)) break;
+  for (int tries = 0; tries < 12 && !labels_fit(request, measure, ticks.major); ++tries) {
+    step = step.next();
+    ticks = stepped_ticks(request, step);
   }
-  const f64 parts = step.mantissa == 2 ? 4 : 5;
-  ticks.minor = minor_values(request, step.size() / parts, step.size());
+  drop_crowded_ends(request, measure, ticks.major);
+  for (int tries = 0; tries < kFinerTries && !tells_scale(ticks.major); ++tries) {
+    step = step.former();
+    if (step.size() < finest_step(request.scale)) break;
+    AxisTicks finer = stepped_ticks(request, step);
+    thin_out_labels(request, measure, finer.major);
+    drop_crowded_ends(request, measure, finer.major);
+    if (tells_scale(finer.major)) ticks = std::move(finer);
+  }
   return ticks;
 }
 

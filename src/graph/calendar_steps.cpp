@@ -5,11 +5,13 @@
 #include <chrono>
 #include <cmath>
 #include <cstdio>
+#include <limits>
 
 namespace trendaro {
 namespace {
 
 constexpr std::size_t kMostTicks = 10000;
+constexpr int kMostDecimals = 14;  // so that a day in such parts of a second is a number of 64 bits
 
 using std::chrono::day;
 using std::chrono::days;
@@ -36,7 +38,8 @@ f64 first_of_month(int number) {
 }
 
 Moment moment_at(f64 base_day, f64 seconds) {
-  const f64 whole = std::floor(seconds / kDaySeconds + 1e-12);
+  // The product of a count and a part of a second may miss midnight by its last digit.
+  const f64 whole = std::floor(seconds / kDaySeconds + 4e-16);
   return {base_day + whole, std::max(0.0, seconds - whole * kDaySeconds)};
 }
 
@@ -59,12 +62,13 @@ Moment rounded(const Moment& moment, int decimals) {
 }
 
 std::string time_label(f64 seconds, f64 step, int decimals) {
-  const int whole = static_cast<int>(std::floor(seconds + 1e-9));
-  if (is_multiple(step, 60)) return formatted("%02d:%02d", whole / 3600, whole / 60 % 60);
+  const i64 unit = std::llround(std::pow(10.0, decimals));
+  const i64 parts = std::llround(seconds * static_cast<f64>(unit));
+  const auto whole = static_cast<int>(parts / unit);
+  if (step >= 60 && is_multiple(step, 60)) return formatted("%02d:%02d", whole / 3600, whole / 60 % 60);
   std::string text = formatted("%02d:%02d:%02d", whole / 3600, whole / 60 % 60, whole % 60);
   if (decimals == 0) return text;
-  const auto parts = static_cast<long>(std::llround((seconds - whole) * std::pow(10.0, decimals)));
-  return text + formatted(".%0*ld", decimals, parts);
+  return text + formatted(".%0*lld", decimals, static_cast<long long>(parts % unit));
 }
 
 std::string day_label(const Moment& moment) {
@@ -82,7 +86,7 @@ std::string month_name(unsigned number) {
 // The label and its second line.
 Tick labelled(const Moment& moment, const CalendarStep& step) {
   if (step.unit == CalendarUnit::Seconds) {
-    const int decimals = decimals_of_step(step.count);
+    const int decimals = std::min(decimals_of_step(step.count), kMostDecimals);
     const Moment named = rounded(moment, decimals);
     return {moment.value(), time_label(named.seconds, step.count, decimals), day_label(named)};
   }
@@ -114,7 +118,8 @@ f64 seconds_of(const CalendarStep& step) {
 
 std::vector<Moment> moments_between(f64 first, f64 last, CalendarUnit unit, f64 count) {
   std::vector<Moment> moments;
-  const f64 tolerance = (last - first) * 1e-9;
+  const f64 last_digit = std::max(std::abs(first), std::abs(last)) * std::numeric_limits<f64>::epsilon();
+  const f64 tolerance = std::max((last - first) * 1e-9, last_digit);
   const auto take = [&](const Moment& moment) {
     if (moment.value() >= first - tolerance && moment.value() <= last + tolerance) moments.push_back(moment);
   };
@@ -128,8 +133,8 @@ std::vector<Moment> moments_between(f64 first, f64 last, CalendarUnit unit, f64 
   if (unit == CalendarUnit::Seconds) {
     const f64 base = std::floor(first);
     const f64 start = std::floor((first - base) * kDaySeconds / count);
-    for (f64 step = start; moments.size() < kMostTicks; ++step) {
-      const Moment moment = moment_at(base, step * count);
+    for (std::size_t step = 0; step < kMostTicks; ++step) {
+      const Moment moment = moment_at(base, (start + static_cast<f64>(step)) * count);
       if (moment.value() > last + tolerance) break;
       take(moment);
     }

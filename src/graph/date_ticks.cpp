@@ -10,21 +10,10 @@ namespace trendaro {
 namespace {
 
 constexpr f64 kFarthestDay = 3e6;  // beyond the years that a calendar names
+constexpr int kFinerTries = 6;     // until two labels stand; an axis too short for two keeps what it has
 
-// From parts of a second, told apart by decimals, to centuries.
-constexpr std::array kSteps = {
-    CalendarStep{CalendarUnit::Seconds, 1e-6, 0},
-    CalendarStep{CalendarUnit::Seconds, 1e-5, 0},
-    CalendarStep{CalendarUnit::Seconds, 1e-4, 0},
-    CalendarStep{CalendarUnit::Seconds, 1e-3, 0},
-    CalendarStep{CalendarUnit::Seconds, 2e-3, 1e-3},
-    CalendarStep{CalendarUnit::Seconds, 5e-3, 1e-3},
-    CalendarStep{CalendarUnit::Seconds, 1e-2, 2e-3},
-    CalendarStep{CalendarUnit::Seconds, 2e-2, 5e-3},
-    CalendarStep{CalendarUnit::Seconds, 5e-2, 1e-2},
-    CalendarStep{CalendarUnit::Seconds, 0.1, 2e-2},
-    CalendarStep{CalendarUnit::Seconds, 0.2, 5e-2},
-    CalendarStep{CalendarUnit::Seconds, 0.5, 0.1},
+// Of seconds and longer, up to centuries.
+constexpr std::array kWholeSteps = {
     CalendarStep{CalendarUnit::Seconds, 1, 0.2},
     CalendarStep{CalendarUnit::Seconds, 2, 0.5},
     CalendarStep{CalendarUnit::Seconds, 5, 1},
@@ -59,6 +48,23 @@ constexpr std::array kSteps = {
     CalendarStep{CalendarUnit::Months, 6000, 1200},
 };
 
+constexpr std::size_t kSecondDecimals = 12;  // of the finest step
+
+// Ahead of them 1, 2 and 5 times the powers of ten of a second. Divided, a part is the number nearest to it.
+constexpr auto kSteps = [] {
+  std::array<CalendarStep, 3 * kSecondDecimals + kWholeSteps.size()> steps{};
+  f64 parts = 1;
+  for (std::size_t decimal = 1; decimal <= kSecondDecimals; ++decimal) {
+    parts *= 10;
+    CalendarStep* decade = &steps[3 * (kSecondDecimals - decimal)];
+    decade[0] = {CalendarUnit::Seconds, 1 / parts, 0.2 / parts};
+    decade[1] = {CalendarUnit::Seconds, 2 / parts, 0.5 / parts};
+    decade[2] = {CalendarUnit::Seconds, 5 / parts, 1 / parts};
+  }
+  std::copy(kWholeSteps.begin(), kWholeSteps.end(), steps.begin() + 3 * kSecondDecimals);
+  return steps;
+}();
+
 void leave_out_repeated_days(std::vector<Tick>& ticks) {
   std::string former;
   for (Tick& tick : ticks) {
@@ -76,18 +82,18 @@ void drop_colliding_days(const TickRequest& request, const TextMeasure& measure,
   Tick* former = nullptr;
   for (Tick& tick : ticks) {
     if (tick.day.empty()) continue;
-    if (former != nullptr) {
-      const f64 distance =
-          std::abs(pixel_of(request.scale, tick.value) - pixel_of(request.scale, former->value));
-      const f64 needed =
-          (measure.width(TextRole::Axis, tick.day) + measure.width(TextRole::Axis, former->day)) / 2;
-      if (distance < needed + measure.height(TextRole::Axis) / 2) former->day.clear();
-    }
+    if (former != nullptr && days_collide(request, measure, *former, tick)) former->day.clear();
     former = &tick;
   }
 }
 
+// A moment is rounded twice, as seconds and as days.
+bool too_fine(const AxisScale& scale, const CalendarStep& step) {
+  return seconds_of(step) / kDaySeconds < 2 * finest_step(scale);
+}
+
 bool fits(const TickRequest& request, const TextMeasure& measure, const CalendarStep& step) {
+  if (too_fine(request.scale, step)) return false;
   const f64 span = (request.scale.maximum - request.scale.minimum) * kDaySeconds;
   const f64 spacing = seconds_of(step) / span * axis_length(request);
   const Moment widest{std::floor(request.scale.minimum), 0};
@@ -95,16 +101,42 @@ bool fits(const TickRequest& request, const TextMeasure& measure, const Calendar
                         measure.height(TextRole::Axis) * 0.9;
 }
 
+// A limit that misses the moment by its last digit has it.
+Tick inside(const AxisScale& scale, Tick tick) {
+  tick.value = std::clamp(tick.value, scale.minimum, scale.maximum);
+  return tick;
+}
+
 AxisTicks calendar_ticks(const TickRequest& request, const CalendarStep& step) {
   const AxisScale& scale = request.scale;
   AxisTicks ticks;
   for (const Moment& moment : moments_between(scale.minimum, scale.maximum, step.unit, step.count))
-    ticks.major.push_back(dated_tick(moment, step, request.format));
+    ticks.major.push_back(inside(scale, dated_tick(moment, step, request.format)));
   const f64 span_seconds = (scale.maximum - scale.minimum) * kDaySeconds;
   const CalendarStep minor{step.unit, step.minor_count, 0};
   if (minor.count > 0 && seconds_of(minor) / span_seconds * axis_length(request) >= kMinorSpacing)
     for (const Moment& moment : moments_between(scale.minimum, scale.maximum, minor.unit, minor.count))
       ticks.minor.push_back(moment.value());
+  return ticks;
+}
+
+// The finest step whose labels keep apart. Where fewer than two of them come to stand, the ticks of a finer
+// one with a part of its labels.
+AxisTicks automatic_ticks(const TickRequest& request, const TextMeasure& measure) {
+  auto step = std::find_if(kSteps.begin(), kSteps.end(),
+                           [&](const CalendarStep& each) { return fits(request, measure, each); });
+  if (step == kSteps.end()) --step;
+  AxisTicks ticks = calendar_ticks(request, *step);
+  if (!fits(request, measure, *step)) thin_out_labels(request, measure, ticks.major);
+  drop_crowded_ends(request, measure, ticks.major);
+  for (int tries = 0; tries < kFinerTries && step != kSteps.begin() && !tells_scale(ticks.major); ++tries) {
+    --step;
+    if (too_fine(request.scale, *step)) break;
+    AxisTicks finer = calendar_ticks(request, *step);
+    thin_out_labels(request, measure, finer.major);
+    drop_crowded_ends(request, measure, finer.major);
+    if (tells_scale(finer.major)) ticks = std::move(finer);
+  }
   return ticks;
 }
 
@@ -144,11 +176,9 @@ AxisTicks manual_ticks(const TickRequest& request, const TextMeasure& measure) {
 AxisTicks date_ticks(const TickRequest& request, const TextMeasure& measure) {
   const AxisScale& scale = request.scale;
   const bool calendar = scale.minimum > -600000 && scale.maximum < kFarthestDay && !scale.logarithmic;
-  const auto step = std::find_if(kSteps.begin(), kSteps.end(),
-                                 [&](const CalendarStep& each) { return fits(request, measure, each); });
-  if (!calendar || step == kSteps.end()) return number_ticks(request, measure);
+  if (!calendar) return number_ticks(request, measure);
   AxisTicks ticks =
-      manual_is_usable(request) ? manual_ticks(request, measure) : calendar_ticks(request, *step);
+      manual_is_usable(request) ? manual_ticks(request, measure) : automatic_ticks(request, measure);
   leave_out_repeated_days(ticks.major);
   drop_colliding_days(request, measure, ticks.major);
   return ticks;

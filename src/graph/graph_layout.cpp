@@ -138,6 +138,8 @@ void place_axes(const GraphProperties& shown, const TextMeasure& measure, const 
   const f64 left = std::round(room.x + side.left);
   const f64 width = std::max(kLeastArea, std::round(room.right() - side.right) - left);
   set_pixels(x_axis, left, width);
+  x_axis.room_start = room.x;
+  x_axis.room_end = room.right();
   const AxisTicks x_ticks = axis_ticks(x_axis, measure);
   for (std::size_t i = 0; i < layout.layers.size(); ++i) {
     LayerLayout& layer = layout.layers[i];

@@ -15,12 +15,14 @@ f64 usable(f64 value) {
   return std::isfinite(value) ? std::clamp(value, -kLargest, kLargest) : 0;
 }
 
-// Limits that fall together, or so close that no pixel lies between them, are moved apart.
+// Limits that fall together, or so close that no pixel lies between them, are moved apart: limits that differ
+// no further than that takes.
 void move_apart(f64& minimum, f64& maximum) {
   const f64 size = std::max(std::abs(minimum), std::abs(maximum));
   const f64 least = std::max(size * 64 * std::numeric_limits<f64>::epsilon(), 1e-300);
   if (maximum - minimum >= least) return;
-  const f64 half = size > 0 ? std::max(least, size * 0.01) : 1;
+  f64 half = least / 2;
+  if (minimum == maximum) half = size > 0 ? std::max(least, size * 0.01) : 1;
   minimum -= half;
   maximum += half;
 }

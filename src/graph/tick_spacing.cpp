@@ -9,9 +9,48 @@ namespace {
 
 constexpr f64 kLeastLineDistance = 4;  // pixels
 constexpr f64 kMostLines = 1000;
+// Between texts of which one may have moved in from an end, in lines.
+constexpr f64 kEndGap = 0.4;
+constexpr f64 kDayGap = 0.5;
 
 f64 label_size(const TickRequest& request, const TextMeasure& measure, const std::string& label) {
   return request.vertical ? measure.height(TextRole::Axis) : measure.width(TextRole::Axis, label);
+}
+
+// Where a text stands along an x axis.
+struct TextSpan {
+  f64 start, end;
+};
+
+TextSpan text_span(const TickRequest& request, const TextMeasure& measure, f64 value,
+                   const std::string& text) {
+  const f64 width = std::ceil(measure.width(TextRole::Axis, text));
+  const f64 centred = pixel_of(request.scale, value) - width / 2;
+  const f64 last_start = std::max(request.room_start, request.room_end - width);
+  const f64 start = std::clamp(centred, request.room_start, last_start);
+  return {start, start + width};
+}
+
+bool touch(const TextSpan& one, const TextSpan& other, f64 gap) {
+  return one.end + gap > other.start && other.end + gap > one.start;
+}
+
+bool ends_collide(const TickRequest& request, const TextMeasure& measure, const Tick& one,
+                  const Tick& other) {
+  return touch(text_span(request, measure, one.value, one.label),
+               text_span(request, measure, other.value, other.label),
+               measure.height(TextRole::Axis) * kEndGap);
+}
+
+std::vector<Tick*> labelled_ticks(std::vector<Tick>& ticks) {
+  std::vector<Tick*> labelled;
+  for (Tick& tick : ticks)
+    if (!tick.label.empty()) labelled.push_back(&tick);
+  return labelled;
+}
+
+void take_label(Tick& tick) {
+  tick = {tick.value, {}, {}};
 }
 
 f64 label_gap(const TickRequest& request, const TextMeasure& measure) {
@@ -22,6 +61,10 @@ f64 label_gap(const TickRequest& request, const TextMeasure& measure) {
 
 f64 axis_length(const TickRequest& request) {
   return std::abs(request.scale.last - request.scale.first);
+}
+
+f64 finest_step(const AxisScale& scale) {
+  return std::max(std::abs(scale.minimum), std::abs(scale.maximum)) * 4 * std::numeric_limits<f64>::epsilon();
 }
 
 f64 least_distance(const TickRequest& request, f64 step) {
@@ -55,13 +98,34 @@ bool labels_fit(const TickRequest& request, const TextMeasure& measure, const st
   return true;
 }
 
+void drop_crowded_ends(const TickRequest& request, const TextMeasure& measure, std::vector<Tick>& ticks) {
+  if (request.vertical) return;
+  std::vector<Tick*> labelled = labelled_ticks(ticks);
+  if (labelled.size() > 1 && ends_collide(request, measure, *labelled[0], *labelled[1])) {
+    take_label(*labelled.front());
+    labelled.erase(labelled.begin());
+  }
+  if (labelled.size() > 1 && ends_collide(request, measure, *labelled.back(), *labelled[labelled.size() - 2]))
+    take_label(*labelled.back());
+}
+
+bool days_collide(const TickRequest& request, const TextMeasure& measure, const Tick& one,
+                  const Tick& other) {
+  return touch(text_span(request, measure, one.value, one.day),
+               text_span(request, measure, other.value, other.day), measure.height(TextRole::Axis) * kDayGap);
+}
+
+bool tells_scale(const std::vector<Tick>& ticks) {
+  return std::count_if(ticks.begin(), ticks.end(), [](const Tick& tick) { return !tick.label.empty(); }) > 1;
+}
+
 void thin_out_labels(const TickRequest& request, const TextMeasure& measure, std::vector<Tick>& ticks) {
   for (std::size_t every = 1; every <= ticks.size(); ++every) {
     std::vector<Tick> kept;
     for (std::size_t i = 0; i < ticks.size(); i += every) kept.push_back(ticks[i]);
     if (!labels_fit(request, measure, kept)) continue;
     for (std::size_t i = 0; i < ticks.size(); ++i)
-      if (i % every != 0) ticks[i] = {ticks[i].value, {}, {}};
+      if (i % every != 0) take_label(ticks[i]);
     break;
   }
 }

@@ -12,6 +12,9 @@ inline constexpr f64 kMinorSpacing = 5;
 // Length of the axis in pixels.
 f64 axis_length(const TickRequest& request);
 
+// The distance below which neighbouring values could not be told apart.
+f64 finest_step(const AxisScale& scale);
+
 // Pixels between two ticks that lie `step` apart, where they are closest.
 f64 least_distance(const TickRequest& request, f64 step);
 
@@ -21,6 +24,16 @@ bool manual_is_usable(const TickRequest& request);
 
 // Whether no label touches the one before it.
 bool labels_fit(const TickRequest& request, const TextMeasure& measure, const std::vector<Tick>& ticks);
+
+// Takes the label of an outermost tick away, with its second line, where it would move in from the end of the
+// room and into its neighbour.
+void drop_crowded_ends(const TickRequest& request, const TextMeasure& measure, std::vector<Tick>& ticks);
+
+// Whether a second line would run into another one.
+bool days_collide(const TickRequest& request, const TextMeasure& measure, const Tick& one, const Tick& other);
+
+// Whether at least two ticks have a label; a single one tells no scale.
+bool tells_scale(const std::vector<Tick>& ticks);
 
 // Takes labels away, evenly and with their second lines, until the rest fit. Every tick stays.
 void thin_out_labels(const TickRequest& request, const TextMeasure& measure, std::vector<Tick>& ticks);

@@ -43,6 +43,14 @@ std::string kept_labels_of(AxisTicks ticks) {
   return labels_of(ticks);
 }
 
+// Labels that are there, in the order of the axis.
+std::vector<Tick> with_labels(const AxisTicks& ticks) {
+  std::vector<Tick> labelled;
+  for (const Tick& tick : ticks.major)
+    if (!tick.label.empty()) labelled.push_back(tick);
+  return labelled;
+}
+
 TEST(AxisTicksTest, StepsAreOneTwoOrFiveTimesAPowerOfTen) {
   EXPECT_EQ(number_labels(0, 10, 700), "0 1 2 3 4 5 6 7 8 9 10");
   EXPECT_EQ(number_labels(0, 10, 500), "0 2 4 6 8 10");
@@ -74,6 +82,29 @@ TEST(AxisTicksTest, OwnFormatSetsPrefixDecimalsAndSuffix) {
   EXPECT_EQ(labels_of(number_ticks(request, FixedMeasure())), "U=0.00V U=5.00V U=10.00V");
   request.format = parse_number_format("||%");
   EXPECT_EQ(labels_of(number_ticks(request, FixedMeasure())), "0% 5% 10%");
+}
+
+TEST(AxisTicksTest, ALabelThatMovesInFromTheEndGivesWayToItsNeighbour) {
+  TickRequest request = request_of(0, 10, 700);
+  request.format = parse_number_format("U=|.00|V");
+  EXPECT_EQ(with_labels(number_ticks(request, FixedMeasure())).size(), 11U);
+  // U=0.00V would reach from 0 to 49 and U=1.00V begins at 45.5; U=10.00V begins at 644 and U=9.00V ends at
+  // 654.5.
+  request.room_start = 0;
+  request.room_end = 700;
+  const AxisTicks ticks = number_ticks(request, FixedMeasure());
+  EXPECT_EQ(ticks.major.size(), 11U);
+  EXPECT_EQ(kept_labels_of(ticks), "U=1.00V U=2.00V U=3.00V U=4.00V U=5.00V U=6.00V U=7.00V U=8.00V U=9.00V");
+  request.room_end = 740;
+  EXPECT_EQ(with_labels(number_ticks(request, FixedMeasure())).back().label, "U=10.00V");
+}
+
+TEST(AxisTicksTest, TheDayOfALabelThatGivesWayStandsAtTheNext) {
+  TickRequest request = request_of(45292, 45292 + 20.0 / 86400, 300);
+  request.room_start = 0;
+  // 00:00:00 would reach from 0 to 56, 00:00:05 from 47 to 103.
+  EXPECT_EQ(kept_labels_of(date_ticks(request, FixedMeasure())),
+            "00:00:05/01.01.2024 00:00:10 00:00:15 00:00:20");
 }
 
 TEST(AxisTicksTest, ManualLinesStandAndTheirLabelsAreThinnedOut) {
@@ -129,6 +160,34 @@ TEST(AxisTicksTest, DatesNameTheDayOnceAndWhereItChanges) {
   // 45292 is 1 January 2024.
   EXPECT_EQ(date_labels(45291.75, 45292.25, 400),
             "18:00/31.12.2023 20:00 22:00 00:00/01.01.2024 02:00 04:00 06:00");
+}
+
+TEST(AxisTicksTest, PartsOfASecondGoByOneTwoAndFive) {
+  const f64 second = 1.0 / 86400;
+  // Day 0, where a window may be a nanosecond wide.
+  EXPECT_EQ(date_labels(0.5, 0.5 + 1e-3 * second, 700),
+            "12:00:00.0000/30.12.1899 12:00:00.0002 12:00:00.0004 12:00:00.0006 12:00:00.0008 12:00:00.0010");
+  EXPECT_EQ(date_labels(0, 1e-9 * second, 700),
+            "00:00:00.0000000000/30.12.1899 00:00:00.0000000005 00:00:00.0000000010");
+  const AxisTicks ticks = date_ticks(request_of(0, 1e-3 * second, 700), FixedMeasure());
+  ASSERT_EQ(ticks.minor.size(), 21U);  // 0.05 ms apart
+  EXPECT_NEAR(ticks.minor[1], 0.05e-3 * second, 1e-15);
+}
+
+TEST(AxisTicksTest, ADateAxisWhoseStepIsWiderThanItselfLabelsAPartOfFinerTicks) {
+  // A label of 12:00:00.00001 needs 110.6 pixels: 5 us stand 100 apart and 10 us 200, so from 1 us to
+  // 19.9 us there is only one of 10 us. Those of 5 us have their labels at every second one.
+  const f64 second = 1.0 / 86400;
+  const AxisTicks ticks = date_ticks(request_of(1e-6 * second, 19.9e-6 * second, 378), FixedMeasure());
+  EXPECT_EQ(ticks.major.size(), 3U);
+  EXPECT_EQ(kept_labels_of(ticks), "00:00:00.000005/30.12.1899 00:00:00.000015");
+}
+
+TEST(AxisTicksTest, FineStepsEndAtMidnight) {
+  const f64 second = 1.0 / 86400;
+  EXPECT_EQ(date_labels(1 - 1e-6 * second, 1 + 1e-6 * second, 700),
+            "23:59:59.9999990/30.12.1899 23:59:59.9999995 00:00:00.0000000/31.12.1899 00:00:00.0000005 "
+            "00:00:00.0000010");
 }
 
 TEST(AxisTicksTest, DatesFallOnCalendarUnits) {
@@ -214,6 +273,78 @@ TEST(AxisTicksTest, DatesBeyondTheCalendarBecomeNumbers) {
   EXPECT_EQ(date_labels(0, 1e9, 300), "0 0.5e9 1.0e9");
 }
 
+void expect_neighbours_apart(const TickRequest& request, const std::vector<Tick>& labelled) {
+  const FixedMeasure measure;
+  for (std::size_t i = 1; i < labelled.size(); ++i) {
+    const Tick& former = labelled[i - 1];
+    ASSERT_NE(labelled[i].label + labelled[i].day, former.label + former.day);
+    const f64 apart = pixel_of(request.scale, labelled[i].value) - pixel_of(request.scale, former.value);
+    ASSERT_GE(
+        apart,
+        (measure.width(TextRole::Axis, labelled[i].label) + measure.width(TextRole::Axis, former.label)) / 2);
+  }
+}
+
+void expect_labels_tell_the_scale(const TickRequest& request, const AxisTicks& ticks) {
+  const std::vector<Tick> labelled = with_labels(ticks);
+  ASSERT_GE(labelled.size(), 2U);
+  ASSERT_LE(ticks.major.size(), 130U);
+  for (const Tick& tick : ticks.major) {
+    const f64 pixel = pixel_of(request.scale, tick.value);
+    ASSERT_GE(pixel, -0.1);
+    ASSERT_LE(pixel, request.scale.last + 0.1);
+  }
+  ASSERT_NO_FATAL_FAILURE(expect_neighbours_apart(request, labelled));
+}
+
+// Spans from a nanosecond to 1000 years, in days, eight to a decade.
+std::vector<f64> all_spans() {
+  std::vector<f64> spans;
+  for (f64 span = 1e-9 / 86400; span < 366e3; span *= std::pow(10, 0.125)) spans.push_back(span);
+  return spans;
+}
+
+constexpr f64 kWidths[] = {300, 301, 400, 555, 700, 1024, 1600, 3840};
+
+TEST(AxisTicksTest, EverySpanOfADateAxisHasTwoLabelsAndNamesItsYear) {
+  const FixedMeasure measure;
+  for (const f64 start : {0.0, 0.25, 0.9999999, 1.0, 45291.75, 45291.9999999, 45292.3456789})
+    for (const f64 span : all_spans())
+      for (const f64 width : kWidths) {
+        SCOPED_TRACE(testing::Message() << start << " " << span * 86400 << " s " << width << " px");
+        const TickRequest request = request_of(start, start + span, width);
+        const AxisTicks ticks = date_ticks(request, measure);
+        ASSERT_NO_FATAL_FAILURE(expect_labels_tell_the_scale(request, ticks));
+        // A year has four digits on end in the label of a year or in the second line.
+        ASSERT_TRUE(std::any_of(ticks.major.begin(), ticks.major.end(), [&](const Tick& tick) {
+          return !tick.label.empty() && (tick.day.size() >= 4 || tick.label.size() == 4);
+        }));
+      }
+}
+
+TEST(AxisTicksTest, EverySpanOfANumberAxisHasTwoLabels) {
+  const FixedMeasure measure;
+  for (const f64 start : {0.0, 0.1, -0.37, 123456.789, -9.99e9, 45291.75})
+    for (const f64 span : all_spans())
+      for (const f64 width : kWidths) {
+        SCOPED_TRACE(testing::Message() << start << " " << span << " " << width << " px");
+        const TickRequest request = request_of(start, start + span, width);
+        ASSERT_NO_FATAL_FAILURE(expect_labels_tell_the_scale(request, number_ticks(request, measure)));
+      }
+}
+
+TEST(AxisTicksTest, EverySpanOfALowUprightAxisHasTwoLabels) {
+  const FixedMeasure measure;
+  for (const f64 start : {0.0, 0.1, -0.37, 1100.0})
+    for (const f64 span : all_spans())
+      for (const f64 height : {40.0, 50.0, 66.0, 90.0, 200.0}) {
+        SCOPED_TRACE(testing::Message() << start << " " << span << " " << height << " px");
+        TickRequest request = request_of(start, start + span, height);
+        request.vertical = true;
+        ASSERT_GE(with_labels(number_ticks(request, measure)).size(), 2U);
+      }
+}
+
 // Whatever the limits: ticks rise, lie inside, are few, and labels of neighbours differ and keep apart.
 TEST(AxisTicksTest, AnyRangeGivesReadableTicks) {
   std::mt19937_64 random(7);
@@ -225,19 +356,20 @@ TEST(AxisTicksTest, AnyRangeGivesReadableTicks) {
     const f64 width = std::max(std::pow(10, exponent(random)), std::abs(centre) * 1e-11);
     const TickRequest request = request_of(centre, centre + width, 150 + 1200 * std::abs(part(random)));
     const AxisTicks ticks = number_ticks(request, measure);
+    SCOPED_TRACE(testing::Message() << centre << " " << width << " " << request.scale.last << " px");
     ASSERT_LE(ticks.major.size(), 40U);
     for (std::size_t i = 0; i < ticks.major.size(); ++i) {
       const f64 pixel = pixel_of(request.scale, ticks.major[i].value);
       ASSERT_GE(pixel, -0.01);
       ASSERT_LE(pixel, request.scale.last + 0.01);
-      if (i == 0) continue;
-      const std::string& former = ticks.major[i - 1].label;
-      ASSERT_NE(ticks.major[i].label, former) << centre << " " << width;
-      const f64 gap = pixel - pixel_of(request.scale, ticks.major[i - 1].value);
-      ASSERT_GE(
-          gap,
-          (measure.width(TextRole::Axis, former) + measure.width(TextRole::Axis, ticks.major[i].label)) / 2);
+      if (i > 0) {
+        ASSERT_GT(ticks.major[i].value, ticks.major[i - 1].value);
+      }
     }
+    if (request.scale.last >= 300) {
+      ASSERT_NO_FATAL_FAILURE(expect_labels_tell_the_scale(request, ticks));
+    }
+    ASSERT_NO_FATAL_FAILURE(expect_neighbours_apart(request, with_labels(ticks)));
   }
 }
 
@@ -277,6 +409,13 @@ TEST(GraphScaleTest, LimitsThatAreNoneBecomeSome) {
     EXPECT_TRUE(std::isfinite(scale.minimum) && std::isfinite(scale.maximum));
     EXPECT_LT(scale.minimum, scale.maximum);
   }
+}
+
+TEST(GraphScaleTest, LimitsTooCloseForPixelsAreMovedApartNoFurtherThanNeeded) {
+  const AxisScale scale = make_scale(45292.5, 45292.5 + 1e-10, 1);
+  EXPECT_GT(scale.minimum, 45292.5 - 1e-9);
+  EXPECT_LT(scale.maximum, 45292.5 + 1e-9);
+  EXPECT_GT(scale.maximum - scale.minimum, 6e-10);  // 64 times the distance of numbers of that size
 }
 
 TEST(GraphScaleTest, AutomaticIsLogarithmicBeyondThreeDecades) {
