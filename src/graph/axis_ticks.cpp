@@ -124,62 +124,75 @@ AxisTicks manual_ticks(const TickRequest& request, const TextMeasure& measure) {
   return ticks;
 }
 
-// A value on a logarithmic axis, exact for powers of ten.
-f64 decade_value(int decade, int part) {
-  const f64 power = std::pow(10.0, std::abs(decade));
-  return decade < 0 ? part / power : part * power;
-}
-
 bool inside(const AxisScale& scale, f64 value) {
   return value >= scale.minimum * (1 - 1e-9) && value <= scale.maximum * (1 + 1e-9);
 }
 
-std::vector<Tick> decade_ticks(const TickRequest& request, int every, const std::vector<int>& parts) {
-  const int first = static_cast<int>(std::floor(std::log10(request.scale.minimum)));
-  const int last = static_cast<int>(std::ceil(std::log10(request.scale.maximum)));
-  std::vector<Tick> ticks;
-  for (int decade = first; decade <= last; ++decade) {
-    if (((decade % every) + every) % every != 0) continue;
-    for (const int part : parts) {
-      const f64 value = decade_value(decade, part);
-      if (inside(request.scale, value))
-        ticks.push_back({value, tick_labels({value}, value, request.format, request.power)[0], {}});
-    }
+// The labelled values of a logarithmic axis: one in every so many decades, or 1, 2 and 5 in each.
+struct DecadeLevel {
+  int every;
+  bool has_parts;
+
+  [[nodiscard]] std::vector<int> parts() const {
+    return has_parts ? std::vector<int>{1, 2, 5} : std::vector<int>{1};
+  }
+};
+
+constexpr std::array kDecadeLevels = {
+    DecadeLevel{1, true},    DecadeLevel{1, false},   DecadeLevel{2, false},  DecadeLevel{3, false},
+    DecadeLevel{5, false},   DecadeLevel{10, false},  DecadeLevel{20, false}, DecadeLevel{50, false},
+    DecadeLevel{100, false}, DecadeLevel{200, false}, DecadeLevel{500, false}};
+
+// The values of every so many decades that lie on the axis.
+std::vector<DecadePart> decade_parts(const AxisScale& scale, int every, const std::vector<int>& parts) {
+  const int first = static_cast<int>(std::floor(std::log10(scale.minimum)));
+  const int last = static_cast<int>(std::ceil(std::log10(scale.maximum)));
+  std::vector<DecadePart> values;
+  for (int decade = first; decade <= last; ++decade)
+    if (decade % every == 0)
+      for (const int part : parts)
+        if (inside(scale, decade_value({decade, part}))) values.push_back({decade, part});
+  return values;
+}
+
+// All parts of the decades where there is room, else the densest decades that have it.
+std::vector<DecadePart> decade_minors(const TickRequest& request, int every) {
+  const f64 decade_pixels = axis_length(request) / std::log10(request.scale.maximum / request.scale.minimum);
+  if (every == 1 && decade_pixels >= kMinorSpacing * 8)
+    return decade_parts(request.scale, 1, {1, 2, 3, 4, 5, 6, 7, 8, 9});
+  for (const int apart : {1, 2, 5, 10, 20, 50, 100})
+    if (apart < every && every % apart == 0 && apart * decade_pixels >= kMinorSpacing)
+      return decade_parts(request.scale, apart, {1});
+  return {};
+}
+
+AxisTicks decade_ticks(const TickRequest& request, const DecadeLevel& level) {
+  const std::vector<int> parts = level.parts();
+  const std::vector<DecadePart> labelled = decade_parts(request.scale, level.every, parts);
+  const std::vector<std::string> labels = decade_labels(labelled, request.format, request.power);
+  AxisTicks ticks;
+  for (std::size_t i = 0; i < labelled.size(); ++i)
+    ticks.major.push_back({decade_value(labelled[i]), labels[i], {}});
+  for (const DecadePart& minor : decade_minors(request, level.every)) {
+    const bool is_major =
+        minor.exponent % level.every == 0 && std::find(parts.begin(), parts.end(), minor.part) != parts.end();
+    if (!is_major) ticks.minor.push_back(decade_value(minor));
   }
   return ticks;
 }
 
-std::vector<f64> decade_minors(const TickRequest& request, int every, const std::vector<int>& parts) {
-  const int first = static_cast<int>(std::floor(std::log10(request.scale.minimum)));
-  const int last = static_cast<int>(std::ceil(std::log10(request.scale.maximum)));
-  const f64 decade_pixels = axis_length(request) / std::log10(request.scale.maximum / request.scale.minimum);
-  std::vector<f64> values;
-  for (int decade = first; decade <= last; ++decade) {
-    if (every > 1 && ((decade % every) + every) % every != 0 && decade_pixels >= kMinorSpacing)
-      values.push_back(decade_value(decade, 1));
-    if (every > 1 || decade_pixels < kMinorSpacing * 8) continue;
-    for (int part = 2; part < 10; ++part)
-      if (std::find(parts.begin(), parts.end(), part) == parts.end())
-        values.push_back(decade_value(decade, part));
-  }
-  std::erase_if(values, [&](f64 value) { return !inside(request.scale, value); });
-  return values;
-}
-
 AxisTicks logarithmic_ticks(const TickRequest& request, const TextMeasure& measure) {
-  const f64 decades = std::log10(request.scale.maximum / request.scale.minimum);
-  if (decades < 1) return linear_ticks(request, measure);
-  const std::array<std::vector<int>, 2> dense = {{{1, 2, 5}, {1}}};
-  AxisTicks ticks;
-  for (const std::vector<int>& parts : dense) {
-    ticks.major = decade_ticks(request, 1, parts);
-    ticks.minor = decade_minors(request, 1, parts);
-    if (labels_fit(request, measure, ticks.major)) return ticks;
-  }
-  for (int every = 2; every <= 600; ++every) {
-    ticks.major = decade_ticks(request, every, {1});
-    ticks.minor = decade_minors(request, every, {1});
-    if (labels_fit(request, measure, ticks.major)) break;
+  if (std::log10(request.scale.maximum / request.scale.minimum) < 1) return linear_ticks(request, measure);
+  std::size_t level = 0;
+  AxisTicks ticks = decade_ticks(request, kDecadeLevels[level]);
+  while (!labels_fit(request, measure, ticks.major) && level + 1 < kDecadeLevels.size())
+    ticks = decade_ticks(request, kDecadeLevels[++level]);
+  drop_crowded_ends(request, measure, ticks.major);
+  while (level > 0 && !tells_scale(ticks.major)) {
+    AxisTicks finer = decade_ticks(request, kDecadeLevels[--level]);
+    thin_out_labels(request, measure, finer.major);
+    drop_crowded_ends(request, measure, finer.major);
+    if (tells_scale(finer.major)) ticks = std::move(finer);
   }
   return ticks;
 }

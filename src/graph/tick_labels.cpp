@@ -11,6 +11,8 @@ namespace {
 constexpr int kMostDecimals = 15;
 constexpr std::size_t kLongPlainNumber = 7;
 constexpr f64 kLargestPlain = 1e15;
+// Powers of ten whose plain numbers are not longer than that.
+constexpr int kLeastPlainDecade = -5, kLargestPlainDecade = 6;
 
 std::size_t longest(const std::vector<std::string>& texts) {
   std::size_t length = 0;
@@ -88,6 +90,29 @@ std::vector<std::string> tick_labels(const std::vector<f64>& values, f64 step, c
   if (texts.empty())
     for (const f64 value : shown) texts.push_back(number_text(value));
   for (std::string& text : texts) text = format.prefix + text + format.suffix;
+  return texts;
+}
+
+f64 decade_value(const DecadePart& value) {
+  const f64 power = std::pow(10.0, std::abs(value.exponent));
+  return value.exponent < 0 ? value.part / power : value.part * power;
+}
+
+std::vector<std::string> decade_labels(const std::vector<DecadePart>& values, const NumberFormat& format,
+                                       int power) {
+  const bool plain = std::all_of(values.begin(), values.end(), [power](const DecadePart& value) {
+    const int exponent = value.exponent - power;
+    return exponent >= kLeastPlainDecade && exponent <= kLargestPlainDecade;
+  });
+  std::vector<std::string> texts;
+  for (const DecadePart& value : values) {
+    const DecadePart shown{value.exponent - power, value.part};
+    if (plain || format.decimals)
+      texts.push_back(tick_labels({decade_value(shown)}, decade_value(shown), format, 0)[0]);
+    else
+      texts.push_back(format.prefix + std::to_string(shown.part) + "e" + std::to_string(shown.exponent) +
+                      format.suffix);
+  }
   return texts;
 }
 

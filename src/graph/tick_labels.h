@@ -28,4 +28,19 @@ int decimals_of_step(f64 step);
 std::vector<std::string> tick_labels(const std::vector<f64>& values, f64 step, const NumberFormat& format,
                                      int power);
 
+// A number of a logarithmic axis: `part`, 1 to 9, times 10^`exponent`.
+struct DecadePart {
+  int exponent = 0;
+  int part = 1;
+};
+
+// The labels of a logarithmic axis, all in one spelling: plain numbers ("0.02") or, where one of them would
+// be long, a digit and its exponent ("2e-7"). Own decimals make plain numbers. Values are divided by
+// 10^`power` first.
+std::vector<std::string> decade_labels(const std::vector<DecadePart>& values, const NumberFormat& format,
+                                       int power);
+
+// The number itself, exact for powers of ten.
+f64 decade_value(const DecadePart& value);
+
 }  // namespace trendaro
