@@ -74,7 +74,7 @@ struct GraphLayout {
   std::vector<PlacedText> titles;
   std::vector<LayerLayout> layers;  // from top to bottom; one without axes where the graph is empty
   AxisLayout x_axis;
-  bool has_axes = false;  // false: frame and titles only
+  bool has_axes = false;  // false: no curves, or no room for one
   std::vector<CurvePlace> curves;
   std::vector<LegendEntry> legend;
   PixelRectangle room;        // axes and layers, their labels included; margins lie outside
@@ -85,8 +85,9 @@ struct GraphLayout {
 // Which layer and side each curve of a graph hangs on, in curve order. Layers without curves take no slot.
 std::vector<CurvePlace> curve_places(const GraphProperties& shown);
 
-// Places everything that a graph of `width` x `height` pixels shows. Where the room is short, legend and
-// titles shrink, and the axes come before either; nothing overlaps and nothing leaves the graph.
+// Places everything that a graph of `width` x `height` pixels shows. Where the room is short, curves come
+// before all that stands around them: legend, table, titles, titles of axes and labels are given up in this
+// order, each where it takes room in the direction that is short. Nothing overlaps or leaves the graph.
 GraphLayout graph_layout(const GraphProperties& shown, f64 width, f64 height, const TextMeasure& measure);
 
 // The text cut to a width, with an ellipsis where something was cut; empty where not even that fits.

@@ -187,12 +187,17 @@ std::vector<std::size_t> legend_subsets(const GraphProperties& shown) {
   return subsets;
 }
 
+bool stands_beside(const GraphProperties& shown) {
+  return shown.LegendStyle != kLegendInLayers &&
+         (shown.LegendLocation == kLegendLeft || shown.LegendLocation == kLegendRight);
+}
+
 void place_legend(const GraphProperties& shown, const TextMeasure& measure, PixelRectangle& room,
                   std::vector<LegendEntry>& legend) {
   if (shown.LegendStyle == kLegendInLayers) return;
   const std::vector<LooseEntry> entries = loose_entries(shown, legend_subsets(shown), measure);
   if (entries.empty()) return;
-  if (shown.LegendLocation == kLegendLeft || shown.LegendLocation == kLegendRight)
+  if (stands_beside(shown))
     place_beside(shown, measure, entries, room, legend);
   else
     place_above_or_below(shown, measure, entries, room, legend);

@@ -20,6 +20,9 @@ inline constexpr i16 kLegendInLayers = 2;
 // The curves that the legend lists, in order, up to the list's end marker -1.
 std::vector<std::size_t> legend_subsets(const GraphProperties& shown);
 
+// Whether the legend takes from the width of the graph.
+bool stands_beside(const GraphProperties& shown);
+
 // Places the legend at its side of `room` and takes that room away. Nothing for a legend inside the layers.
 void place_legend(const GraphProperties& shown, const TextMeasure& measure, PixelRectangle& room,
                   std::vector<LegendEntry>& legend);

@@ -115,7 +115,7 @@ std::vector<PlacedTable> place_tables(const GraphProperties& shown, const GraphL
   for (const TableProperties& table : shown.tables) {
     if (on_show(shown, table, kTableRightOfGraph)) {
       const f64 height = std::min(table_height(table, measure), layout.table_room.bottom() - y);
-      if (height <= 0) continue;
+      if (height <= 0 || layout.table_room.width <= 0) continue;
       placed.push_back(
           placed_table(table, {layout.table_room.x, y, layout.table_room.width, height}, measure));
       y += height + inset;

@@ -6,6 +6,7 @@
 
 #include "graph/graph_surface.h"
 #include "graph/legend_layout.h"
+#include "graph/table_layout.h"
 #include "graph/title_layout.h"
 #include "support/fixed_measure.h"
 
@@ -238,7 +239,8 @@ TEST(GraphLayoutTest, AxesComeBeforeLegendAndTitles) {
   EXPECT_TRUE(roomy.has_axes);
   EXPECT_EQ(roomy.titles.size(), 1U);
   EXPECT_EQ(roomy.legend.size(), 3U);
-  // Three layers need 146 pixels; margins of 8, a title of 14 and a legend of 20 leave less.
+  // Three layers of 28 with gaps of 16, labels of 22 below and half a label above make 145 pixels; margins of
+  // 8, a title of 21 and a legend of 20 leave less.
   const GraphLayout tight = layout_of(graph, 400, 190);
   EXPECT_TRUE(tight.has_axes);
   EXPECT_EQ(tight.titles.size(), 1U);
@@ -246,7 +248,97 @@ TEST(GraphLayoutTest, AxesComeBeforeLegendAndTitles) {
   const GraphLayout narrow = layout_of(graph, 400, 165);
   EXPECT_TRUE(narrow.has_axes);
   EXPECT_TRUE(narrow.titles.empty());
-  EXPECT_FALSE(layout_of(graph, 400, 120).has_axes);
+}
+
+// Three layers with all that can stand around them.
+GraphSurface crowded_graph() {
+  GraphSurface graph = graph_with(3);
+  graph.pending.MainTitle = "Übersicht";
+  graph.pending.MultiAxesSubsets = {1, 1, 1};
+  graph.pending.XAxisLabel = "Zeit/s";
+  for (LayerProperties& layer : graph.pending.layers) layer.YAxisLabel = "bar";
+  PEactions(graph, kTakeOverAndRedraw);
+  return graph;
+}
+
+std::string texts_of(const GraphLayout& layout) {
+  std::string parts;
+  const auto add = [&](bool there, const char* part) { parts += there ? part : ""; };
+  add(!layout.legend.empty(), "Legende ");
+  add(!layout.titles.empty(), "Titel ");
+  add(!layout.x_axis.title.text.empty(), "x-Titel ");
+  add(!layout.layers[0].left.title.text.empty(), "y-Titel ");
+  add(!layout.layers[0].left.labels.empty(), "y-Werte ");
+  add(!layout.x_axis.labels.empty(), "x-Werte ");
+  return parts;
+}
+
+TEST(GraphLayoutTest, ALowGraphGivesUpItsTextsOneAfterTheOther) {
+  const GraphSurface graph = crowded_graph();
+  // Below the layers 41 with the title and 22 without, above 7, gaps 2 x 16, margins 2 x 8: 96 and 3 x 28.
+  EXPECT_EQ(texts_of(layout_of(graph, 400, 221)), "Legende Titel x-Titel y-Titel y-Werte x-Werte ");
+  EXPECT_EQ(texts_of(layout_of(graph, 400, 220)), "Titel x-Titel y-Titel y-Werte x-Werte ");
+  EXPECT_EQ(texts_of(layout_of(graph, 400, 201)), "Titel x-Titel y-Titel y-Werte x-Werte ");
+  // Without titles the layers may be as low as 16.1 each.
+  EXPECT_EQ(texts_of(layout_of(graph, 400, 200)), "x-Titel y-Titel y-Werte x-Werte ");
+  EXPECT_EQ(texts_of(layout_of(graph, 400, 145)), "x-Titel y-Titel y-Werte x-Werte ");
+  EXPECT_EQ(texts_of(layout_of(graph, 400, 144)), "y-Titel y-Werte x-Werte ");
+  EXPECT_EQ(texts_of(layout_of(graph, 400, 126)), "y-Titel y-Werte x-Werte ");
+  // Without labels gaps are 4 wide and nothing stands above; 3 x 11.2 remain for the layers.
+  EXPECT_EQ(texts_of(layout_of(graph, 400, 125)), "x-Werte ");
+  EXPECT_EQ(texts_of(layout_of(graph, 400, 80)), "x-Werte ");
+  EXPECT_EQ(texts_of(layout_of(graph, 400, 79)), "");
+}
+
+TEST(GraphLayoutTest, ANarrowGraphKeepsWhatTakesHeightOnly) {
+  const GraphSurface graph = crowded_graph();
+  // Margins 2 x 8, title and labels of the left axis 41, right of the area 17, and 42 for the area
+  // once a table beside it is given up.
+  EXPECT_EQ(texts_of(layout_of(graph, 116, 400)), "Legende Titel x-Titel y-Titel y-Werte x-Werte ");
+  EXPECT_EQ(texts_of(layout_of(graph, 100, 400)), "Legende Titel x-Titel y-Werte x-Werte ");
+  EXPECT_EQ(texts_of(layout_of(graph, 93, 400)), "Legende Titel x-Titel x-Werte ");
+  EXPECT_EQ(texts_of(layout_of(graph, 50, 400)).find("Werte"), std::string::npos);
+}
+
+TEST(GraphLayoutTest, CurvesAreOnShowDownToATinyArea) {
+  GraphSurface graph = crowded_graph();
+  // Three layers of 5, two gaps of 4, a tick of 5: 28, which is three quarters of 38, between the margins.
+  EXPECT_TRUE(layout_of(graph, 50, 38).has_axes);
+  EXPECT_FALSE(layout_of(graph, 50, 37).has_axes);
+  EXPECT_EQ(layout_of(graph, 50, 37).layers.size(), 1U);
+  EXPECT_TRUE(layout_of(graph, 50, 37).titles.empty());
+  for (f64 height = 38; height < 250; ++height) {
+    const GraphLayout layout = layout_of(graph, 300, height);
+    ASSERT_TRUE(layout.has_axes) << height;
+    for (const LayerLayout& layer : layout.layers) EXPECT_GE(layer.area.height, 5) << height;
+  }
+}
+
+TEST(GraphLayoutTest, APowerOfTenWhoseTitleIsGivenUpStaysInTheLabels) {
+  GraphSurface graph = graph_with(1);
+  graph.pending.AutoScaleData = true;
+  graph.pending.ManualScaleControlX = 3;
+  graph.pending.ManualMinX = 0;
+  graph.pending.ManualMaxX = 50000;
+  PEactions(graph, kRedrawFromSettings);
+  const GraphLayout layout = layout_of(graph, 400, 65);
+  EXPECT_EQ(layout.x_axis.title.text, "");
+  EXPECT_EQ(labels_of(layout.x_axis), "0 10000 20000 30000 40000 50000");
+}
+
+TEST(GraphLayoutTest, ATableGivesWayToTheCurves) {
+  GraphSurface graph = graph_with(1);
+  TableProperties& table = graph.pending.tables[0];
+  graph.pending.TablesEnabled = true;
+  table.TableVisible = true;
+  table.TableLocation = kTableRightOfGraph;
+  table.TableRows = table.TableColumns = 1;
+  table.cells[{0, 0}].text = "12345678";
+  PEactions(graph, kRedrawFromSettings);
+  EXPECT_GT(layout_of(graph, 300, 200).table_room.width, 0);
+  const GraphLayout narrow = layout_of(graph, 130, 200);
+  EXPECT_EQ(narrow.table_room.width, 0);
+  EXPECT_TRUE(place_tables(graph.shown(), narrow, FixedMeasure()).empty());
 }
 
 TEST(GraphLayoutTest, NothingOverlapsAtAnySize) {
