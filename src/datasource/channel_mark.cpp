@@ -67,23 +67,18 @@ void redraw_survey(Model& model) {
   ReducFormatGUI(model, false);
 }
 
-// Original samples filled the graph; the reduced curves have their section zoomed. A first plain signal is
-// compressed for that section, which scrolling and the limit lines have told to nobody.
-void keep_section(Model& model, const FormerView& former) {
-  if (former.originals) show_section(model);
-  const GraphProperties& graph = model.PESG.pending;
-  if (!former.plain) model.ZoomScaleLimits[0] = {graph.ZoomMinX, graph.ZoomMaxX, 0, 0};
+// A compressed section is redrawn in x alone: its y limits, where a band gave it some, are the graph's
+// already.
+void redraw_section(Model& model) {
+  const Kept mode(model.PESG.pending.AllowZooming);
+  model.PESG.pending.AllowZooming = 1;
+  RedrawKMGraph(model, false);
 }
 
-// A compressed section is redrawn in x alone: its y limits, where a band gave it some, are the graph's
-// already. A zoom of the graph itself still acts on y.
-void redraw_section(Model& model) {
-  {
-    const Kept mode(model.PESG.pending.AllowZooming);
-    model.PESG.pending.AllowZooming = 1;
-    RedrawKMGraph(model, false);
-  }
-  if (model.PESG.pending.AllowZooming > 1) PEactions(model.PESG, kRedrawFromSettings);
+// A zoom of the graph itself acts on y again.
+void show_zoom_in_y(Model& model) {
+  const GraphProperties& graph = model.PESG.pending;
+  if (graph.ZoomActive && graph.AllowZooming > 1) PEactions(model.PESG, kRedrawFromSettings);
 }
 
 void redraw_main(Model& model) {
@@ -99,7 +94,8 @@ void redraw_after_mark(Model& model, const FormerView& former) {
   // Original samples that come back leave the panels alone.
   if (former.plain && !model.HasFullDataPlot) model.shell.show_status(2, "");
   if (model.Zoomed && model.ActiveLayersChanged) reset_zoom(model);
-  if (model.Zoomed) keep_section(model, former);
+  // Original samples filled the graph; the reduced curves have their section zoomed.
+  if (model.Zoomed && former.originals) show_section(model);
   redraw_main(model);
   if (model.HasFullDataPlot)
     hide_survey(model);
@@ -122,10 +118,13 @@ void mark_channel(Model& model, i32 row) {
   model.CurveCache.resize(static_cast<std::size_t>(model.NofPlots) + 1);
   // In a section the redraw zooms in x alone, for as long as it lasts. The mode of before comes back even
   // when the redraw has left the section.
-  const Kept mode(model.PESG.pending.AllowZooming);
-  if (model.Zoomed) model.PESG.pending.AllowZooming = 1;
-  RebuildPlotList(model);
-  redraw_after_mark(model, former);
+  {
+    const Kept mode(model.PESG.pending.AllowZooming);
+    if (model.Zoomed) model.PESG.pending.AllowZooming = 1;
+    RebuildPlotList(model);
+    redraw_after_mark(model, former);
+  }
+  show_zoom_in_y(model);
 }
 
 void unmark_channel(Model& model, i32 row) {
@@ -134,6 +133,7 @@ void unmark_channel(Model& model, i32 row) {
   RebuildPlotList(model);
   model.MaxViewPoints = 0;
   redraw_after_mark(model, former);
+  show_zoom_in_y(model);
 }
 
 }  // namespace trendaro

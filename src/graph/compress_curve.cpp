@@ -67,9 +67,9 @@ i64 pair_block_of(const Model& model, const PlainCurve& samples, i32 factor, std
                      static_cast<f64>(pair_block));
 }
 
-// A zoom that no rubber band has narrowed in y has no limits there: its rows are empty.
+// A zoom that no rubber band has narrowed in y has no limits there, and none at all is left behind an undo.
 bool has_limits(f64 low, f64 high) {
-  return low < high;
+  return low < high && std::isfinite(high - low);
 }
 
 void hold_layer(LayerProperties& axes, const std::array<f64, 4>& row) {
@@ -89,10 +89,11 @@ void hold_layer(LayerProperties& axes, const std::array<f64, 4>& row) {
 void hold_window(Model& model) {
   GraphProperties& graph = model.PESG.pending;
   const auto& limits = model.ZoomScaleLimits;
+  model.PESG.curves_of_section = true;
   if (graph.ManualScaleControlX == 0 && graph.AllowZooming <= 1) return;
   if (!model.unzoomed_scale.held) hold_unzoomed_scale(model);
   model.unzoomed_scale.overwritten = true;
-  if (graph.ManualScaleControlX != 0) {
+  if (graph.ManualScaleControlX != 0 && has_limits(limits[0][0], limits[0][1])) {
     graph.ManualScaleControlX = 3;
     graph.ManualMinX = limits[0][0];
     graph.ManualMaxX = limits[0][1];

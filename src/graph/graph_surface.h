@@ -40,8 +40,8 @@ class GraphSurface {
 
   i32 Handle;
   GraphProperties pending;
-  // The curves were worked out for a section: such a zoom can be taken back although ZoomActive is false.
-  // Leaving the zoom lowers it.
+  // The curves were worked out for a section: such a zoom can be taken back although ZoomActive is false, and
+  // there is nothing beyond to scroll to. Leaving the zoom lowers it, each redraw of the curves sets it anew.
   bool curves_of_section = false;
 
   // Takes the commands that carry the graph out of the program: dialog, printer, clipboard, files. Size and

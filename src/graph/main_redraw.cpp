@@ -5,6 +5,7 @@
 
 #include "app/attempt.h"
 #include "app/model.h"
+#include "graph/compressed_section.h"
 #include "graph/graph_setup.h"
 #include "graph/hand_over.h"
 #include "graph/main_curves.h"
@@ -136,6 +137,7 @@ void RedrawKMGraph(Model& model, bool settings_only) {
   size_companions(model);
   if (!settings_only) {
     size_graph(model, reading);
+    settle_section(model);
     attempt([&] { arrays = arrays_of_graph(model); });
   }
   read_curves(model, arrays, reading);

@@ -83,7 +83,7 @@ struct RedrawState {
   i16 LayerBase = 0;         // layers that the graph does not count because they are scrolled out
   // Scale limits of a zoom. Row 0 is x with columns 0 lower and 1 upper; row k + 1 is layer k, columns 0 and
   // 1 the left y axis, 2 and 3 the right one. A pair without width, as of a zoom that no rubber band narrowed
-  // in y, limits nothing.
+  // in y, limits no axis; x without end limits nothing.
   std::array<std::array<f64, 4>, 8> ZoomScaleLimits{};
   // Plain curves over time are read for a picture of this part alone; see window_reading.h.
   std::optional<PictureWindow> picture_window;

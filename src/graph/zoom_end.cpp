@@ -6,7 +6,7 @@
 #include "app/commands.h"
 #include "app/model.h"
 #include "datasource/grid_handlers.h"
-#include "graph/curve_index.h"
+#include "graph/compressed_section.h"
 #include "graph/data_zoom.h"
 #include "graph/main_redraw.h"
 #include "graph/main_sizing.h"
@@ -22,7 +22,6 @@ constexpr i16 kHorizontal = 1;
 constexpr i16 kVertical = 2;
 constexpr i16 kBoth = 3;
 constexpr i16 kLastLayer = 2;
-constexpr i16 kManualRange = 3;
 
 void take_y_limits(Model& model) {
   const LayerProperties& layer = zoomed_layer(model, model.PESG);
@@ -71,38 +70,6 @@ void redraw_section(Model& model) {
   PEactions(model.PESG, kRedrawFromSettings);
 }
 
-bool curve_on_show(const Model& model, bool plain) {
-  return std::ranges::any_of(model.Plots, [&](const PlotRecord& plot) {
-    return (plot.FileKind == kKindPlain) == plain && on_show(model, plot);
-  });
-}
-
-void hold_automatic_x(Model& model) {
-  GraphProperties& graph = model.PESG.pending;
-  if (graph.ManualScaleControlX != 0) return;
-  graph.ManualScaleControlX = kManualRange;
-  model.unzoomed_scale.x_held = true;
-}
-
-// Whether the samples on show reach over half of the section at least.
-bool samples_fill_section(const Model& model) {
-  const auto& [low, high, unused, unused_too] = model.ZoomScaleLimits[0];
-  PointExtent all;
-  if (const auto& index = model.PESG.shown().curve_index)
-    for (const CurveExtents& curve : index->curves) all.add(curve.whole);
-  return all.x_high - all.x_low >= (high - low) / 2;
-}
-
-// An automatic x axis scales to the samples of the section. A reduced curve beside them would widen it to its
-// own length, and few samples would move it away from what the user wants to see.
-void redraw_compressed_section(Model& model) {
-  if (curve_on_show(model, false)) hold_automatic_x(model);
-  RedrawKMGraph(model, false);
-  if (samples_fill_section(model)) return;
-  hold_automatic_x(model);
-  RedrawKMGraph(model, false);
-}
-
 void count_hidden_plots(Model& model) {
   model.CurveOffset = 0;
   for (i16 layer = 1; layer <= model.FirstZoomLayer; ++layer)
@@ -135,7 +102,8 @@ void bring_section_inside(Model& model, XWindow range) {
   model.OriginalDataMode = false;
 }
 
-// Whatever the graph shows is the section. In y it has no limits, so that the axes stay with their scale.
+// Whatever the graph shows is the section. Compressed curves have no limits, so that axes keep their scale
+// and a longer signal shows whole.
 void zoom_to_whole(Model& model) {
   GraphProperties& graph = model.PESG.pending;
   graph.ZoomMinX = graph.ManualMinX;
@@ -146,8 +114,7 @@ void zoom_to_whole(Model& model) {
     layer.ZoomMinRY = layer.ManualMinRY;
     layer.ZoomMaxRY = layer.ManualMaxRY;
   }
-  model.ZoomScaleLimits = {};
-  model.ZoomScaleLimits[0] = {graph.ZoomMinX, graph.ZoomMaxX, 0, 0};
+  forget_section(model);
 }
 
 void copy_y_limits(Model& model) {
@@ -172,10 +139,11 @@ void end_main_zoom(Model& model) {
     DataZoom(model);
   }
   model.Zoomed = true;
-  if (model.DisplayCompression && curve_on_show(model, true)) {
+  if (compresses_curves(model)) {
     graph.ZoomActive = false;
-    redraw_compressed_section(model);
     model.PESG.curves_of_section = true;
+    RedrawKMGraph(model, false);
+    if (hold_sparse_section(model)) RedrawKMGraph(model, false);
   } else if (!vertical) {
     redraw_section(model);
   } else if (other_layers) {
@@ -188,7 +156,7 @@ void end_main_zoom(Model& model) {
 }
 
 void undo_main_zoom(Model& model) {
-  if (!model.HasFullDataPlot || !model.DisplayCompression) return;
+  if (!model.HasFullDataPlot || !model.DisplayCompression) return forget_section(model);
   // Axes that scale themselves follow the whole curves, whose ends nobody has noted: the redraw finds them.
   show_unzoomed_scale(model);
   model.Zoomed = false;

@@ -83,6 +83,7 @@ std::vector<std::size_t> layers_on_show(const GraphProperties& shown) {
 ScrollSpan horizontal_scroll(const GraphSurface& graph) {
   const GraphProperties& shown = graph.shown();
   if (!graph.pending.ScrollingHorzZoom || !shown.ZoomActive || !(shown.ZoomMaxX > shown.ZoomMinX)) return {};
+  if (graph.curves_of_section) return {};  // there is nothing beyond
   return span_of(x_section(shown));
 }
 

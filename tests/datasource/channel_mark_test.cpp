@@ -233,6 +233,15 @@ TEST_F(ChannelMarkTest, MarkTakenAwayLeavesARectangleOfTheGraph) {
   EXPECT_TRUE(model.PESG.shown().ZoomActive);
 }
 
+TEST_F(ChannelMarkTest, NewMarkLeavesARectangleOfTheGraphOnShow) {
+  mark_envelopes({1});
+  mark(add_plain(20000));  // not compressed
+  rectangle(50, 60);
+  mark(3);
+  EXPECT_EQ(model.PESG.shown().AllowZooming, 3);
+  EXPECT_EQ(model.PESG.shown().layers[0].ZoomMinY, 10);
+}
+
 TEST_F(ChannelMarkTest, ZoomModeComesBackFromARedrawThatFails) {
   mark_envelopes({1});
   band(50, 60);

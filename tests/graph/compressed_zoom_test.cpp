@@ -7,6 +7,7 @@
 #include "app/commands.h"
 #include "graph/main_redraw.h"
 #include "graph/zoom_end.h"
+#include "graph/zoom_scroll.h"
 #include "support/zoom_fixture.h"
 
 namespace trendaro {
@@ -264,6 +265,84 @@ TEST_F(MixedZoomTest, BandOverThePlainSignalIsComputedAnew) {
     click_tool(model, "TB_ZOOMFIX");
     click_tool(model, "TB_ZOOMRECT");
   }
+}
+
+TEST_F(MixedZoomTest, EnvelopeThatJoinsASectionLeavesTheXAxisOnIt) {
+  click_check_cell(model, 6, 0);
+  band(50, 60);
+  mark(6, 1);
+  expect_x(50, 60);
+  unmark(6);
+  EXPECT_NEAR(model.PESG.shown().ManualMinX, 50, 0.3);
+  EXPECT_NEAR(model.PESG.shown().ManualMaxX, 60, 0.3);
+}
+
+// The plain signal goes, and the original samples of the envelope come: x and y are automatic again.
+TEST_F(MixedZoomTest, OriginalSamplesBehindACompressedSectionScaleTheirAxes) {
+  open({.channels = 3});
+  unmark(6);
+  mark(3, 1);
+  mark(6, 1);
+  band(50, 60);
+  unmark(3);
+  unmark(2);
+  ASSERT_TRUE(model.OriginalDataMode);
+  EXPECT_NEAR(model.PESG.shown().ManualMinX, 50, 0.3);
+  EXPECT_LT(model.PESG.shown().layers[0].ManualMinY, -9000);
+  box("StepBox") = "1000";
+  click_tool(model, "TB_SCROLLRIGHT");
+  EXPECT_NEAR(model.PESG.shown().ManualMinX, 60, 0.3);
+  EXPECT_NEAR(model.PESG.shown().ManualMaxX, 70, 0.3);
+}
+
+TEST_F(CompressedZoomTest, SectionStaysOnShowWithoutCompression) {
+  mark(2);
+  click_tool(model, "TB_ZOOMRECT");
+  y_band(10, 20);
+  band(50, 60);
+  run_command(model, "mnuUseCompression");
+  RedrawKMGraph(model, false);
+  ASSERT_FALSE(model.DisplayCompression);
+  const GraphProperties& shown = model.PESG.shown();
+  EXPECT_TRUE(shown.ZoomActive);
+  EXPECT_EQ(shown.ZoomMinX, 50);
+  EXPECT_EQ(shown.ZoomMaxX, 60);
+  EXPECT_EQ(shown.layers[0].ZoomMinY, 10);
+  EXPECT_EQ(shown.layers[0].ManualScaleControlY, 0);
+  EXPECT_EQ(shown.layers[0].ManualScaleControlRY, 0);
+  EXPECT_LE(shown.ManualMinX, 0);
+}
+
+// The graph's own zoom was moved by its scroll bars since the band.
+TEST_F(CompressedZoomTest, CompressionComesToTheSectionThatTheGraphShows) {
+  model.controls["mnuUseCompression"].ticked = false;
+  mark(2);
+  click_tool(model, "TB_ZOOMHORZ");
+  band(50, 60);
+  set_limits(150, 160);
+  PEactions(model.PESG, kRedrawFromSettings);
+  run_command(model, "mnuUseCompression");
+  RedrawKMGraph(model, false);
+  ASSERT_TRUE(model.DisplayCompression);
+  EXPECT_GT((*model.PESG.shown().XData)[0], 150);
+  EXPECT_LT((*model.PESG.shown().XData)[0], 150.5);
+  EXPECT_FALSE(horizontal_scroll(model.PESG).needed);
+  EXPECT_TRUE(undo());
+  EXPECT_LT((*model.PESG.shown().XData)[0], 1);
+}
+
+TEST_F(CompressedZoomTest, CompressionBehindAZoomTakenBackIsWhole) {
+  model.controls["mnuUseCompression"].ticked = false;
+  mark(2);
+  click_tool(model, "TB_ZOOMRECT");
+  y_band(10, 20);
+  band(50, 60);
+  EXPECT_TRUE(undo());
+  run_command(model, "mnuUseCompression");
+  RedrawKMGraph(model, false);
+  ASSERT_TRUE(model.DisplayCompression);
+  EXPECT_LT((*model.PESG.shown().XData)[0], 1);
+  EXPECT_EQ(model.PESG.shown().layers[0].ManualScaleControlY, 0);
 }
 
 }  // namespace

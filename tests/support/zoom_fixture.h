@@ -49,8 +49,8 @@ class ZoomFixture : public testing::Test {
   }
   void unmark(i32 row) { click_check_cell(model, row, 0); }
   // The row of the only signal of a plain file of so many samples.
-  i32 add_plain(i32 samples) {
-    const std::string path = folder.file("klar" + std::to_string(samples) + ".ME1");
+  i32 add_plain(i32 samples, const std::string& extension = ".ME1") {
+    const std::string path = folder.file("klar" + std::to_string(samples) + extension);
     write_file(path, ZoomRecording{.rows = samples, .channels = 1}.original().bytes());
     AddFileToGrid(model, path, false);
     return model.Grid.MaxRows();
