@@ -215,7 +215,7 @@ class FullZoomWalkTest : public ZoomFixture, public testing::WithParamInterface<
 
 TEST_P(FullZoomWalkTest, GraphShowsTheSectionOfTheRecordingsAfterEveryStep) {
   std::string road;
-  for (int i = 0; i < 300; ++i) {
+  for (int i = 0; i < 150; ++i) {
     const bool compressed_before = model.DisplayCompression;
     const std::string taken = step();
     if (taken.empty()) continue;
