@@ -104,6 +104,10 @@ void read_pair_values(const CurveTask& task) {
 
 void read_pair_x(const CurveTask& task) {
   Model& model = task.model;
+  if (task.together != nullptr && task.together->has_filled(task)) {
+    const auto last = static_cast<i16>(task.plot.XSource + (model.DateAxis ? 0 : 1));
+    return load_description(model, task.path, last);
+  }
   load_values(model, task.path, task.plot.XSource, false);
   if (model.DateAxis) {
     write_x(task.slot, first_values(model, static_cast<std::size_t>(std::max(task.points, 0))),

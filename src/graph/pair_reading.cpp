@@ -1,7 +1,10 @@
 #include "graph/pair_reading.h"
 
 #include <algorithm>
+#include <map>
+#include <span>
 
+#include "app/model.h"
 #include "files/recorder_reader.h"
 
 namespace trendaro {
@@ -13,24 +16,70 @@ std::span<f32> pairs_of(const CurveTask& task) {
   return task.slot.DrawY.first(std::min(points, task.slot.DrawY.size()));
 }
 
-std::vector<i16> channels_of(const std::vector<CurveTask>& tasks) {
-  std::vector<i16> channels;
+// Takes values of a channel; `first` is the index of the first of them.
+using WriteRun = std::function<void(i64 first, std::span<const f64> run)>;
+// A channel may give minima of a plot, and x of others.
+using Columns = std::map<i16, std::vector<WriteRun>>;
+
+i16 next_channel(i16 channel) {
+  return static_cast<i16>(channel + 1);
+}
+
+// The values of a channel become every second one of y, from `half` on.
+WriteRun write_half(const CurveTask& task, std::size_t half) {
+  return [&task, half](i64 first, std::span<const f64> run) {
+    const std::span<f32> pairs = pairs_of(task);
+    const std::size_t begin = 2 * static_cast<std::size_t>(first) + half;
+    if (begin < pairs.size()) write_values(pairs.subspan(begin), run, task.scale(), 2);
+  };
+}
+
+// The values of the x channel that lie in a plot's pairs, or on a date axis in its points.
+WriteRun write_x_half(const CurveTask& task, std::size_t half, std::size_t stride) {
+  return [&task, half, stride](i64 first, std::span<const f64> run) {
+    const std::size_t values = static_cast<std::size_t>(task.points) / stride;
+    const auto begin = static_cast<std::size_t>(first);
+    if (begin >= values) return;
+    write_x(task.slot, run.first(std::min(run.size(), values - begin)), task.plot.XOffset,
+            half == 0 ? i16{1} : task.sign(), begin * stride + half, stride);
+  };
+}
+
+void want_x(const CurveTask& task, Columns& columns) {
+  if (task.plot.XSource <= 0) return;
+  const std::size_t stride = task.model.DateAxis ? 1 : 2;
+  for (std::size_t half = 0; half < stride; ++half)
+    columns[static_cast<i16>(task.plot.XSource + static_cast<i16>(half))].push_back(
+        write_x_half(task, half, stride));
+}
+
+Columns columns_of(const std::vector<CurveTask>& tasks) {
+  Columns columns;
   for (const CurveTask& task : tasks) {
-    channels.push_back(task.plot.ChannelIndex);
-    channels.push_back(static_cast<i16>(task.plot.ChannelIndex + 1));
+    columns[task.plot.ChannelIndex].push_back(write_half(task, 0));
+    columns[next_channel(task.plot.ChannelIndex)].push_back(write_half(task, 1));
+    want_x(task, columns);
   }
-  return channels;
+  return columns;
 }
 
 LoadStatus read_together(const std::string& path, const std::vector<CurveTask>& tasks) {
-  return PassRecorderColumns(path, channels_of(tasks),
-                             [&](std::size_t place, i64 first, std::span<const f64> run) {
-                               const CurveTask& task = tasks[place / 2];
-                               const std::span<f32> pairs = pairs_of(task);
-                               const std::size_t begin = 2 * static_cast<std::size_t>(first) + place % 2;
-                               if (begin < pairs.size())
-                                 write_values(pairs.subspan(begin), run, task.scale(), 2);
-                             });
+  const Columns columns = columns_of(tasks);
+  std::vector<i16> channels;
+  std::vector<const std::vector<WriteRun>*> writes;
+  for (const auto& [channel, runs] : columns) {
+    channels.push_back(channel);
+    writes.push_back(&runs);
+  }
+  return PassRecorderColumns(path, channels, [&](std::size_t place, i64 first, std::span<const f64> run) {
+    for (const WriteRun& write : *writes[place]) write(first, run);
+  });
+}
+
+// What a reading that failed has written.
+void take_back(const CurveTask& task, f64 null_y) {
+  pad_y(task.slot.DrawY, 0, null_y);
+  if (task.plot.XSource > 0) pad_x(task.slot, 0, 0);
 }
 
 }  // namespace
@@ -42,7 +91,7 @@ bool PairReading::fill(const CurveTask& task) {
     if (other.path == task.path && other.points >= 2 && other.slot.DrawY.size() >= 2) tasks.push_back(other);
   if (tasks.empty()) return false;
   if (read_together(task.path, tasks) != LoadStatus::Done) {
-    for (const CurveTask& other : tasks) pad_y(other.slot.DrawY, 0, null_y_);
+    for (const CurveTask& other : tasks) take_back(other, null_y_);
     return false;
   }
   for (const CurveTask& other : tasks) filled_.insert(other.number);

@@ -20,9 +20,12 @@ class PairReading {
   // first.
   PairReading(Tasks tasks, f64 null_y) : tasks_(std::move(tasks)), null_y_(null_y) {}
 
-  // Fills DrawY of a plot, and with the first plot of a file those of its other plots. False where the plot
-  // must be read channel by channel; its slot is then as it was.
+  // Fills DrawY of a plot and, over an x channel, its x; with the first plot of a file those of its other
+  // plots. False where the plot must be read channel by channel; its slot is then as it was.
   bool fill(const CurveTask& task);
+
+  // Whether the plot was filled.
+  [[nodiscard]] bool has_filled(const CurveTask& task) const { return filled_.contains(task.number); }
 
  private:
   Tasks tasks_;

@@ -1,5 +1,6 @@
 #include "graph/pair_reading.h"
 
+#include <algorithm>
 #include <filesystem>
 
 #include <gmock/gmock.h>
@@ -76,6 +77,83 @@ TEST_F(PairReadingTest, EnvelopesReadTogetherAreThoseReadAlone) {
     std::fill(expected.begin() + model.Plots[number].Points - 1, expected.end(), kNull);
     EXPECT_TRUE(std::equal(expected.begin(), expected.end(), survey.begin() + (number - 1) * 1800)) << number;
   }
+}
+
+TEST_F(PairReadingTest, PlotsOverAnXChannelHaveTheXThatIsReadAlone) {
+  const auto first = write_recording("a.STO", 4, 700), second = write_recording("b.STO", 3, 90);
+  for (i16 number = 1; number <= 7; ++number) {
+    const bool is_first = number % 3 != 0;
+    PlotRecord& plot = add_plot(is_first ? first : second, static_cast<i16>(number % 3 * 2 + 1),
+                                kKindReducedPairs, is_first ? 1400 - number % 2 * 301 : 180);
+    plot.XSource = number == 5 ? i16{0} : i16{3};
+    plot.TimeFromRate = number == 5 ? u8{1} : u8{0};
+    plot.XOffset = number * 0.5;
+    plot.InvertFlag = number % 2;
+  }
+  RedrawKMGraph(model, false);
+  const std::vector<f32> x = x_of(model.PESG);
+  ASSERT_EQ(x.size(), 7u * 1400);
+  for (i16 number = 1; number <= 7; ++number) {
+    if (number == 5) continue;
+    const PlotRecord& plot = model.Plots[number];
+    PlotRecord as_y = plot;
+    as_y.ChannelIndex = 3;
+    as_y.YOffset = static_cast<f32>(plot.XOffset);
+    as_y.InvertFlag = 0;
+    std::vector<f32> expected = read_alone(as_y, 1400);
+    std::replace(expected.begin(), expected.end(), kNull, 0.0F);
+    // The sign of the curve turns the second half of each pair alone.
+    if (plot.InvertFlag == 1)
+      for (std::size_t i = 1; i < expected.size(); i += 2) expected[i] = -expected[i];
+    EXPECT_TRUE(std::equal(expected.begin(), expected.end(), x.begin() + (number - 1) * 1400)) << number;
+  }
+}
+
+TEST_F(PairReadingTest, OnADateAxisAPlotHasTheValuesOfOneXChannel) {
+  const auto path = write_recording("a.STO", 2, 6);
+  add_plot(path, 1, kKindReducedPairs, 4).XOffset = 100;
+  add_plot(path, 3, kKindReducedPairs, 12);
+  for (PlotRecord* plot : {&model.Plots[1], &model.Plots[2]}) {
+    plot->XSource = 3;
+    plot->TimeFromRate = 0;
+  }
+  model.TimeUnit = 4;
+  model.DateAxis = true;
+  ASSERT_EQ(LoadMeasurementFile(model, 1, path, 3, 0), LoadStatus::Done);
+  const SampleArray values = model.FileChannelValues;
+  ASSERT_EQ(values.size(), 6u);
+  std::vector<f64> expected(24, 0);
+  for (std::size_t i = 0; i < 4; ++i) expected[i] = values[i] + 100;
+  std::copy(values.begin(), values.end(), expected.begin() + 12);
+  RedrawKMGraph(model, false);
+  EXPECT_THAT(*model.PESG.shown().XDataII, testing::ElementsAreArray(expected));
+}
+
+TEST_F(PairReadingTest, NameAndUnitOfXAreThoseOfItsChannel) {
+  const auto path = write_recording("a.STO", 2, 6);
+  PlotRecord& plot = add_plot(path, 1, kKindReducedPairs, 12);
+  plot.XSource = 3;
+  plot.TimeFromRate = 0;
+  ASSERT_EQ(LoadMeasurementFile(model, 0, path, 3, 0), LoadStatus::Done);
+  const std::string name = model.FileChannelNames[3], unit = model.FileChannelUnits[3];
+  RedrawKMGraph(model, false);
+  EXPECT_EQ(model.XTitle, name);
+  EXPECT_EQ(model.XUnit, unit);
+}
+
+TEST_F(PairReadingTest, AnXChannelThatTheFileLacksLeavesTheCurvesThere) {
+  const auto path = write_recording("a.STO", 2, 2);
+  for (const i16 channel : {i16{1}, i16{3}}) {
+    PlotRecord& plot = add_plot(path, channel, kKindReducedPairs, 4);
+    plot.XSource = 9;
+    plot.TimeFromRate = 0;
+  }
+  std::vector<f32> expected = read_alone(model.Plots[1], 4);
+  const std::vector<f32> second = read_alone(model.Plots[2], 4);
+  expected.insert(expected.end(), second.begin(), second.end());
+  RedrawKMGraph(model, false);
+  EXPECT_EQ(y_of(model.PESG), expected);
+  EXPECT_THAT(x_of(model.PESG), testing::Each(0));
 }
 
 TEST_F(PairReadingTest, FileThatLacksTheMaximaOfOnePlotIsReadChannelByChannel) {
