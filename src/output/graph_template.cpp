@@ -9,6 +9,7 @@
 #include "app/attempt.h"
 #include "files/input_file.h"
 #include "graph/graph_surface.h"
+#include "graph/plot_methods.h"
 #include "output/atomic_file.h"
 #include "output/template_text.h"
 
@@ -24,7 +25,8 @@ constexpr std::string_view kNotStored[] = {
     "SubsetCount",       "PointCount",  "SpecialSubsetCount", "MultiAxesSubsets", "UsingXDataII",
     "DateTimeMode",      "CursorPoint", "CursorSubset",       "AllowZooming",     "ScrollingHorzZoom",
     "ScrollingVertZoom", "ZoomAxisTop", "ZoomAxisBottom",     "ZoomActive",       "ZoomMinX",
-    "ZoomMaxX",          "ZoomMinY",    "ZoomMaxY",           "ZoomMinRY",        "ZoomMaxRY"};
+    "ZoomMaxX",          "ZoomMinY",    "ZoomMaxY",           "ZoomMinRY",        "ZoomMaxRY",
+    "ShowRYAxis"};
 
 bool is_stored(std::string_view name) {
   return std::ranges::find(kNotStored, name) == std::end(kNotStored);
@@ -110,6 +112,13 @@ void take_over(GraphProperties& properties, const Lines& lines) {
   });
 }
 
+// The axis that a curve hangs on is its plot's choice, as its layer is.
+void keep_sides(const std::vector<i32>& former, std::vector<i32>& methods) {
+  for (std::size_t curve = 0; curve < std::min(former.size(), methods.size()); ++curve)
+    methods[curve] =
+        method_without_side(methods[curve]) + (former[curve] >= kRightAxisMethod ? kRightAxisMethod : 0);
+}
+
 // The whole file; nothing when it cannot be read or is larger than any template.
 std::optional<std::string> file_text(const std::string& path) {
   const InputFile file(path);
@@ -133,7 +142,9 @@ i32 PEloadfromfile(GraphSurface& graph, const std::string& path) {
   const auto text = file_text(path);
   const auto lines = text ? template_lines(*text) : std::nullopt;
   if (!lines) return kPropertyUnknown;
+  const std::vector<i32> former = graph.pending.SubsetPlotMethods;
   take_over(graph.pending, *lines);
+  keep_sides(former, graph.pending.SubsetPlotMethods);
   return kPropertyDone;
 }
 

@@ -22,7 +22,8 @@ const std::set<std::string> kSessionState = {
     "SubsetCount",       "PointCount",  "SpecialSubsetCount", "MultiAxesSubsets", "UsingXDataII",
     "DateTimeMode",      "CursorPoint", "CursorSubset",       "AllowZooming",     "ScrollingHorzZoom",
     "ScrollingVertZoom", "ZoomAxisTop", "ZoomAxisBottom",     "ZoomActive",       "ZoomMinX",
-    "ZoomMaxX",          "ZoomMinY",    "ZoomMaxY",           "ZoomMinRY",        "ZoomMaxRY"};
+    "ZoomMaxX",          "ZoomMinY",    "ZoomMaxY",           "ZoomMinRY",        "ZoomMaxRY",
+    "ShowRYAxis"};
 
 // The look comes from `look`, what belongs to curves and zoom from `session`.
 void expect_look_of(const GraphProperties& graph, const GraphProperties& look,
@@ -81,6 +82,19 @@ TEST_F(GraphTemplateTest, LoadedSettingsWaitForTheNextAction) {
   PEloadfromfile(loaded, path);
   EXPECT_EQ(loaded.shown().MainTitle, "");
   EXPECT_NE(loaded.pending.MainTitle, "");
+}
+
+TEST_F(GraphTemplateTest, CurvesStayOnTheirAxes) {
+  GraphSurface left(1), right(2);
+  left.pending.SubsetPlotMethods = {4, 1000 + 3, 2};
+  left.pending.layers[0].ShowRYAxis = false;
+  ASSERT_EQ(PEsavetofile(left, path), kPropertyDone);
+  right.pending.SubsetPlotMethods = {1000, 0};
+  right.pending.layers[0].ShowRYAxis = true;
+  ASSERT_EQ(PEloadfromfile(right, path), kPropertyDone);
+  PEactions(right, kTakeOverAndRedraw);
+  EXPECT_EQ(right.shown().SubsetPlotMethods, (std::vector<i32>{1000 + 4, 3, 2}));
+  EXPECT_TRUE(right.shown().layers[0].ShowRYAxis);
 }
 
 TEST_F(GraphTemplateTest, FileCutAtAnyByteChangesNothing) {
