@@ -9,7 +9,7 @@
 namespace trendaro {
 namespace {
 
-constexpr std::size_t kMostTicks = 2000;
+constexpr std::size_t kMostTicks = 7000;  // the widest picture has room for no more
 constexpr int kFinerTries = 6;  // until two labels stand; an axis too short for two keeps what it has
 
 // A distance of m x 10^e, with m from 1, 2, 5.

@@ -80,6 +80,15 @@ TEST(AxisTicksTest, MoreManualLinesThanAnAxisCarriesAreLeftAside) {
   EXPECT_EQ(number_ticks(request, FixedMeasure()).major.size(), 301U);  // 10 apart
 }
 
+TEST(AxisTicksTest, AVeryWideAxisHasAllTheMinorTicksThatItHasRoomFor) {
+  TickRequest request = request_of(0, 6000, 30000);
+  request.manual_line = 100;
+  request.manual_tick = 1;  // 5 pixels
+  const AxisTicks ticks = number_ticks(request, FixedMeasure());
+  EXPECT_EQ(ticks.major.size(), 61U);
+  EXPECT_EQ(ticks.minor.size(), 6001U - 61);
+}
+
 TEST(AxisTicksTest, ManualLinesStandOnALogarithmicAxis) {
   TickRequest request = request_of(1, 1000, 700, 2);
   request.manual_line = 100;
