@@ -106,6 +106,54 @@ TEST_F(ChangingFilesTest, ShorterReducedRecordingGivesZerosAsTheReaderDoes) {
   EXPECT_THAT(y_of(model.PESG), ElementsAre(-1, 0, -2, 0));
 }
 
+// Two envelopes of raw samples of which the second gives x.
+RecorderBuilder envelopes(i32 rows) {
+  RecorderBuilder file{.id = 6002,
+                       .row_count = rows,
+                       .reduce_factor = 20,
+                       .entries = {{.scale = 1000, .mask = 3}, {.channel = 2, .scale = 1000, .mask = 3}}};
+  for (i32 sample = 1; sample <= rows * 4; ++sample) file.data.i16_field(static_cast<i16>(sample * 100));
+  return file;
+}
+
+TEST_F(ChangingFilesTest, ShorterRecordingUnderAnXChannelGivesZerosInBoth) {
+  const auto path = write("Lauf.STO", envelopes(3).build());
+  PlotRecord& plot = add_plot(path, 1, kKindReducedPairs, 6);
+  plot.XSource = 3;
+  plot.TimeFromRate = 0;
+  RedrawKMGraph(model, false);
+  const std::vector<f32> whole_y = y_of(model.PESG), whole_x = x_of(model.PESG);
+  EXPECT_THAT(whole_y, Each(testing::Ne(0)));
+  // Of the last two rows nothing is left but the minimum of y.
+  before_reading([&] { std::filesystem::resize_file(path, std::filesystem::file_size(path) - 14); });
+  RedrawKMGraph(model, false);
+  EXPECT_THAT(y_of(model.PESG), ElementsAre(whole_y[0], whole_y[1], whole_y[2], 0, 0, 0));
+  EXPECT_THAT(x_of(model.PESG), ElementsAre(whole_x[0], whole_x[1], 0, 0, 0, 0));
+}
+
+TEST_F(ChangingFilesTest, VanishedRecordingUnderAnXChannelIsTold) {
+  const auto path = write("Lauf.STO", envelopes(3).build());
+  PlotRecord& plot = add_plot(path, 1, kKindReducedPairs, 6);
+  plot.XSource = 3;
+  plot.TimeFromRate = 0;
+  before_reading([&] { std::filesystem::remove(path); });
+  RedrawKMGraph(model, false);
+  EXPECT_THAT(shell.messages(), ElementsAre("Trendaro: Fehler beim Öffnen der Datei " + path));
+  EXPECT_THAT(y_of(model.PESG), Each(kNull));
+}
+
+TEST_F(ChangingFilesTest, ShorterFileLeavesTheWindowOfAPictureWhatIsThere) {
+  const auto path = write("a.dat", curve_file({{.samples = {1, 2, 3, 4, 5, 6}}}));
+  add_plot(path, 1, kKindPlain, 6);
+  model.CurveCacheOff = true;
+  model.TimeUnit = 0;
+  model.picture_window = PictureWindow{.edges = {1, 4}, .most_samples = 100};
+  before_reading([&] { std::filesystem::resize_file(path, std::filesystem::file_size(path) - 24); });
+  RedrawKMGraph(model, false);
+  EXPECT_THAT(y_of(model.PESG), ElementsAre(1, 2, 3));
+  EXPECT_THAT(shell.messages(), ElementsAre("Trendaro: Fehler beim Lesen der Daten aufgetreten!"));
+}
+
 TEST_F(ChangingFilesTest, VanishedFileIsToldAndItsUnknownLengthStaysOpen) {
   const auto path = write("a.dat", curve_file({{.samples = {1, 2, 3}}}));
   const auto block = write("b.reb", curve_file({{.samples = {1, 5}}}, 40));
@@ -176,6 +224,27 @@ TEST_F(ChangingFilesTest, ThousandRedrawsHoldNoMoreMemoryThanAFew) {
     for (int round = 0; round < times; ++round) {
       model.controls["mnuUseCompression"].ticked = round % 2 == 0;
       model.CompressThreshold = 1000;
+      RedrawKMGraph(model, false);
+      RedrawSurvGraph(model, false);
+      shell.calls.clear();
+    }
+  };
+  redraw(50);
+  const i64 before = resident_memory();
+  redraw(950);
+  EXPECT_LT(resident_memory() - before, kSlack);
+}
+
+TEST_F(ChangingFilesTest, ThousandRedrawsOverAnXChannelHoldNoMoreMemoryThanAFew) {
+  const auto path = write("Lauf.STO", envelopes(200).build());
+  for (int plots = 0; plots < 2; ++plots) {
+    PlotRecord& plot = add_plot(path, 1, kKindReducedPairs, 400);
+    plot.XSource = 3;
+    plot.TimeFromRate = 0;
+    model.SurveyPlots[model.NofPlots] = plot;
+  }
+  const auto redraw = [&](int times) {
+    for (int round = 0; round < times; ++round) {
       RedrawKMGraph(model, false);
       RedrawSurvGraph(model, false);
       shell.calls.clear();
