@@ -118,6 +118,7 @@ AxisTicks manual_ticks(const TickRequest& request, const TextMeasure& measure) {
   ticks.major = labelled(
       request, multiples_between(request.scale, line, [line](f64 count) { return count * line; }), line);
   thin_out_labels(request, measure, ticks.major);
+  drop_crowded_ends(request, measure, ticks.major);
   const bool room =
       !request.scale.logarithmic || least_distance(request, request.manual_tick) >= kMinorSpacing;
   if (request.manual_tick > 0 && room) ticks.minor = minor_values(request, request.manual_tick, line);

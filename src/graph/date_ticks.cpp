@@ -167,6 +167,7 @@ AxisTicks manual_ticks(const TickRequest& request, const TextMeasure& measure) {
   for (const Moment& moment : multiples_from_day_zero(request.scale.minimum, request.scale.maximum, step))
     ticks.major.push_back(dated_tick(moment, step, request.format));
   thin_out_labels(request, measure, ticks.major);
+  drop_crowded_ends(request, measure, ticks.major);
   if (request.manual_tick > 0) ticks.minor = manual_minors(request);
   return ticks;
 }

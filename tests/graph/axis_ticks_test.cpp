@@ -54,6 +54,8 @@ TEST(AxisTicksTest, ALabelThatMovesInFromTheEndGivesWayToItsNeighbour) {
   const AxisTicks ticks = number_ticks(request, FixedMeasure());
   EXPECT_EQ(ticks.major.size(), 11U);
   EXPECT_EQ(kept_labels_of(ticks), "U=1.00V U=2.00V U=3.00V U=4.00V U=5.00V U=6.00V U=7.00V U=8.00V U=9.00V");
+  request.manual_line = 1;
+  EXPECT_EQ(kept_labels_of(number_ticks(request, FixedMeasure())), kept_labels_of(ticks));
   request.room_end = 740;
   EXPECT_EQ(with_labels(number_ticks(request, FixedMeasure())).back().label, "U=10.00V");
 }
