@@ -113,7 +113,10 @@ std::optional<AxisLimits> padded_limits(f64 low, f64 high, i16 percent, bool log
   }
   // Halves, because the width of a range may be beyond the largest number.
   const f64 padding = (high / 2 - low / 2) * share * 2;
-  return AxisLimits{low - padding, high + padding};
+  if (!logarithmic || high <= 0) return AxisLimits{low - padding, high + padding};
+  // Such data reach down to where the axis begins; a part of them in their own unit is nothing at the top.
+  const AxisScale shown = make_scale(low, high, kLogarithmic);
+  return AxisLimits{low - padding, high * std::pow(shown.maximum / shown.minimum, share)};
 }
 
 void scale_to_data(GraphProperties& properties) {

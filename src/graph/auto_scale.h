@@ -15,9 +15,9 @@ struct AxisLimits {
   friend bool operator==(const AxisLimits&, const AxisLimits&) = default;
 };
 
-// The range of the data extended by `percent` at both ends; on a logarithmic axis with positive data the
-// decades are extended. Data without a width get one: `flat_half_width` to both sides of their value.
-// Nothing for a range that is none (low above high).
+// The range of the data extended by `percent` at both ends; on a logarithmic axis the decades are extended,
+// of data that reach down to 0 or below it those that the axis shows, at the top alone. Data without a width
+// get one: `flat_half_width` to both sides of their value. Nothing for a range that is none (low above high).
 std::optional<AxisLimits> padded_limits(f64 low, f64 high, i16 percent, bool logarithmic,
                                         f64 flat_half_width);
 

@@ -37,8 +37,18 @@ TEST(AutoScaleTest, LogarithmicAxisIsExtendedInDecades) {
   EXPECT_DOUBLE_EQ(limits->high, 100000);
 }
 
-TEST(AutoScaleTest, LogarithmicAxisWithNegativeDataIsExtendedAsALinearOne) {
-  EXPECT_EQ(padded_limits(-50, 50, 10, true, 1), (AxisLimits{-60, 60}));
+TEST(AutoScaleTest, LogarithmicAxisWithDataDownToZeroIsExtendedInTheDecadesThatItShows) {
+  // Six of them: ten percent are 0.6 decades.
+  for (const f64 low : {0.0, -50.0}) {
+    const auto limits = padded_limits(low, 50, 10, true, 1);
+    ASSERT_TRUE(limits);
+    EXPECT_LE(limits->low, 0);
+    EXPECT_NEAR(limits->high, 50 * 3.981071705534973, 1e-9);
+  }
+}
+
+TEST(AutoScaleTest, LogarithmicAxisWithNegativeDataAloneIsExtendedAsALinearOne) {
+  EXPECT_EQ(padded_limits(-50, -10, 10, true, 1), (AxisLimits{-54, -6}));
 }
 
 TEST(AutoScaleTest, EmptyRangeHasNoLimits) {
@@ -77,6 +87,15 @@ TEST(AutoScaleTest, AnAutomaticAxisThatIsLinearBeforeThePaddingStaysLinear) {
   EXPECT_EQ(layer.ManualMinY, 0);
   EXPECT_NEAR(layer.ManualMaxY, 101.96, 1e-12);
   EXPECT_FALSE(make_scale(layer.ManualMinY, layer.ManualMaxY, 0).logarithmic);
+}
+
+TEST(AutoScaleTest, ThePeakOfDataDownToZeroHasRoomAboveItOnALogarithmicAxis) {
+  const LayerProperties layer = scaled_curves({0, 100}, 2, {0}).layers[0];
+  AxisScale scale = make_scale(layer.ManualMinY, layer.ManualMaxY, 2);
+  scale.first = 300;
+  scale.last = 0;
+  EXPECT_TRUE(scale.logarithmic);
+  EXPECT_NEAR(pixel_of(scale, 100), 6, 0.01);  // 2 of 100 parts
 }
 
 TEST(AutoScaleTest, StackedCurvesReachFromZeroToTheirSums) {
