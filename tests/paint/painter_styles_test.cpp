@@ -1,6 +1,7 @@
 // What the settings of letters, symbols, lines and grids stand for, as data of the painters.
 
 #include <QImage>
+#include <QPainter>
 #include <algorithm>
 #include <set>
 #include <string>
@@ -14,6 +15,7 @@
 #include "graph/painters/grid_painter.h"
 #include "graph/painters/line_style.h"
 #include "graph/painters/symbol_painter.h"
+#include "graph/painters/table_painter.h"
 
 namespace trendaro {
 namespace {
@@ -248,6 +250,43 @@ TEST_F(GridLinesTest, ControlChoosesTheirDirection) {
   EXPECT_EQ(lines(kGridOfYAxes), "-");
   EXPECT_EQ(lines(kGridOfXAxis), "|");
   EXPECT_EQ(lines(kGridNone), "");
+}
+
+TEST(GraphColorsTest, TextsInColoursOfCurvesGetAShadeThatCanBeRead) {
+  const QColor white(Qt::white), black(Qt::black);
+  EXPECT_EQ(readable_on(QColor(180, 20, 30), white), QColor(180, 20, 30));
+  EXPECT_EQ(readable_on(QColor(255, 255, 0), black), QColor(255, 255, 0));
+  // Yellow of 140, as of any number n, has nearly the brightness of grey n: white is 3 times as far as 148.
+  const QColor dark_yellow = readable_on(QColor(255, 255, 0), white);
+  EXPECT_EQ(dark_yellow.red(), dark_yellow.green());
+  EXPECT_EQ(dark_yellow.blue(), 0);
+  EXPECT_GT(dark_yellow.red(), 130);
+  EXPECT_LT(dark_yellow.red(), 156);
+  const QColor pale_blue = readable_on(QColor(0, 0, 90), black);
+  EXPECT_GT(pale_blue.red(), 0);
+  EXPECT_EQ(readable_on(white, white).red(), readable_on(white, white).blue());
+  EXPECT_LT(readable_on(white, white).red(), 150);
+}
+
+TEST(GraphColorsTest, AColourAndItsNumber) {
+  EXPECT_EQ(color_number(QColor(0x12, 0x34, 0x56)), 0x563412);
+  EXPECT_EQ(graph_color(0x563412), QColor(0x12, 0x34, 0x56));
+}
+
+TEST(TablePainterTest, ACellInAPaleColourIsPaintedDarkerOnWhite) {
+  const GraphProperties shown;
+  PlacedTable table;
+  table.box = {0, 0, 120, 30};
+  table.background = 0xFFFFFF;
+  table.cells.push_back({"8888", {5, 5, 100, 20}, TextRole::Table, TextAlignment::Left, false, 0x00FFFF});
+  QImage image(120, 30, QImage::Format_RGB32);
+  image.fill(Qt::white);
+  QPainter painter(&image);
+  paint_tables(painter, {table}, GraphFonts(shown));
+  int darkest = 255;
+  for (int y = 0; y < image.height(); ++y)
+    for (int x = 0; x < image.width(); ++x) darkest = std::min(darkest, image.pixelColor(x, y).green());
+  EXPECT_LT(darkest, 190);  // 255 in yellow itself
 }
 
 }  // namespace

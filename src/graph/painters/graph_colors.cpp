@@ -2,7 +2,9 @@
 
 #include <QGuiApplication>
 #include <QPalette>
+#include <algorithm>
 #include <array>
+#include <cmath>
 
 namespace trendaro {
 namespace {
@@ -46,6 +48,23 @@ constexpr std::array kSystemColors = {
 
 constexpr std::array kUnsetCurveColors = {0xB4771F, 0x0E7FFF, 0x2CA02C, 0x2827D6, 0xBD6794, 0x4B568C};
 
+constexpr f64 kReadableContrast = 3;
+constexpr f64 kMiddleLuminance = 0.18;  // as far from black as from white
+constexpr f64 kShadeStep = 0.05;
+
+// How bright a colour looks, from 0 to 1.
+f64 luminance(const QColor& color) {
+  const auto light = [](f64 part) {
+    return part <= 0.04045 ? part / 12.92 : std::pow((part + 0.055) / 1.055, 2.4);
+  };
+  return 0.2126 * light(color.redF()) + 0.7152 * light(color.greenF()) + 0.0722 * light(color.blueF());
+}
+
+f64 contrast(const QColor& one, const QColor& other) {
+  const auto [darker, lighter] = std::minmax({luminance(one), luminance(other)});
+  return (lighter + 0.05) / (darker + 0.05);
+}
+
 }  // namespace
 
 QColor graph_color(i32 color) {
@@ -65,6 +84,19 @@ QColor blended(const QColor& color, const QColor& back, f64 share) {
   };
   return QColor(mix(color.red(), back.red()), mix(color.green(), back.green()),
                 mix(color.blue(), back.blue()));
+}
+
+QColor readable_on(const QColor& color, const QColor& back) {
+  const QColor pole = luminance(back) > kMiddleLuminance ? Qt::black : Qt::white;
+  for (f64 share = 1; share > 0; share -= kShadeStep) {
+    const QColor shade = blended(color, pole, share);
+    if (contrast(shade, back) >= kReadableContrast) return shade;
+  }
+  return pole;
+}
+
+i32 color_number(const QColor& color) {
+  return color.blue() << 16 | color.green() << 8 | color.red();
 }
 
 QColor curve_color(const GraphProperties& shown, std::size_t subset) {

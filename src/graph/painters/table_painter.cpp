@@ -17,6 +17,12 @@ void paint_frame(QPainter& painter, const PixelRectangle& box, const QPen& pen) 
   draw_upright_line(painter, box.right(), box.y, box.bottom(), 1, pen);
 }
 
+// A cell in the colour of a curve that could not be read on the table is painted in a stronger shade of it.
+void paint_cell(QPainter& painter, PlacedText cell, const QColor& back, const GraphFonts& fonts) {
+  cell.color = color_number(readable_on(graph_color(cell.color), back));
+  paint_text(painter, cell, fonts);
+}
+
 }  // namespace
 
 void paint_tables(QPainter& painter, const std::vector<PlacedTable>& tables, const GraphFonts& fonts) {
@@ -27,7 +33,7 @@ void paint_tables(QPainter& painter, const std::vector<PlacedTable>& tables, con
     const PixelRectangle& box = table.box;
     painter.fillRect(DeviceGrid(painter).aligned(QRectF(box.x, box.y, box.width, box.height)), back);
     if (table.framed) paint_frame(painter, box, QPen(blended(graph_color(table.border), solid, kFrameShare)));
-    for (const PlacedText& cell : table.cells) paint_text(painter, cell, fonts);
+    for (const PlacedText& cell : table.cells) paint_cell(painter, cell, solid, fonts);
   }
 }
 
