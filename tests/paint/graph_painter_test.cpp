@@ -100,6 +100,59 @@ TEST(GraphPainterTest, MissingSamplesLeaveAGap) {
   EXPECT_TRUE(reddish_near(image, pixel_of(layout.x_axis.scale, 3.5), level));
 }
 
+// Pixels that red covers within 6 pixels of a place on white, parts counted as such.
+f64 red_covered_around(const QImage& image, f64 x, f64 y) {
+  f64 covered = 0;
+  for (int row = static_cast<int>(y) - 6; row <= static_cast<int>(y) + 6; ++row)
+    for (int column = static_cast<int>(x) - 6; column <= static_cast<int>(x) + 6; ++column)
+      covered += (255 - image.pixelColor(column, row).green()) / 255.0;
+  return covered;
+}
+
+TEST(GraphPainterTest, ASampleBetweenGapsIsADotWiderThanALine) {
+  const std::size_t count = 100001;
+  FlatArray x(count);
+  FlatArray y(count, -1000000);
+  for (std::size_t i = 0; i < count; ++i) x[i] = static_cast<f32>(i);
+  y[0] = 0;
+  y[40000] = 3;
+  y[count - 1] = 5;
+  GraphSurface graph = graph_of(std::move(x), std::move(y));
+  graph.pending.GridLineControl = kGridNone;
+  for (const auto& [line_type, diameter] : {std::pair(0, 4.0), std::pair(6, 5.4)}) {
+    graph.pending.SubsetLineTypes = {static_cast<i16>(line_type)};
+    PEactions(graph, kRedrawFromSettings);
+    const GraphLayout layout = layout_of(graph);
+    EXPECT_NEAR(red_covered_around(drawn(graph), pixel_of(layout.x_axis.scale, 40000),
+                                   pixel_of(layout.layers[0].left.scale, 3)),
+                diameter * diameter * 0.785, 1)
+        << line_type;
+  }
+}
+
+TEST(GraphPainterTest, ABandShowsItsFaceAlsoFromRightToLeft) {
+  GraphSurface graph = graph_of({0, 5, 10}, {1, 2, 1});
+  graph.pending.SubsetPlotMethods = {kMethodRibbon};
+  graph.pending.GridLineControl = kGridNone;
+  graph.pending.layers[0].ManualScaleControlY = 3;
+  graph.pending.layers[0].ManualMinY = 0;
+  graph.pending.layers[0].ManualMaxY = 3;
+  const QColor face = blended(QColor(Qt::red), QColor(Qt::white), 0.55);
+  const QColor shade = blended(QColor(Qt::red), QColor(Qt::black), 0.75);
+  for (const bool inverted : {false, true}) {
+    graph.pending.InvertedXAxis = inverted;
+    PEactions(graph, kRedrawFromSettings);
+    const QImage image = drawn(graph);
+    int faces = 0;
+    for (int row = 0; row < image.height(); ++row)
+      for (int column = 0; column < image.width(); ++column) {
+        ASSERT_NE(image.pixelColor(column, row), shade) << inverted;
+        if (image.pixelColor(column, row) == face) ++faces;
+      }
+    EXPECT_GT(faces, 1000) << inverted;
+  }
+}
+
 TEST(GraphPainterTest, CurvesStayInsideTheirArea) {
   GraphSurface graph = graph_of({0, 5, 10}, {-1e30F, 1e30F, -1e30F});
   graph.pending.layers[0].ManualScaleControlY = 3;

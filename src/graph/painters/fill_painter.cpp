@@ -178,8 +178,9 @@ void draw_ribbon(const PaintTask& task, const CurveOutline& outline) {
       const QPointF from(inside.points[i - 1].x, inside.points[i - 1].y);
       const QPointF to(inside.points[i].x, inside.points[i].y);
       const QPointF strip[] = {from, to, to + depth, from + depth};
-      // The eye sees the back of a strip that rises more steeply than it lies.
-      const bool turned = from.y() - to.y() > to.x() - from.x();
+      // The eye sees the back of a strip that rises to the right more steeply than it lies.
+      const f64 rise = to.x() < from.x() ? to.y() - from.y() : from.y() - to.y();
+      const bool turned = rise > std::abs(to.x() - from.x());
       task.painter.setBrush(turned ? shade : face);
       task.painter.drawPolygon(strip, 4);
     }

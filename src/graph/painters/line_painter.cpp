@@ -11,15 +11,16 @@
 namespace trendaro {
 namespace {
 
+constexpr f64 kLeastDot = 4;      // pixels
 constexpr f64 kChunkTravel = 60;  // pixels up and down that the rasteriser takes at once
 
 QPointF at(const CurveOutline& outline, std::size_t index) {
   return {outline.points[index].x, outline.points[index].y};
 }
 
-// A sample without neighbours has no line; a dot keeps it visible.
+// A sample without neighbours has no line; a dot wider than a line keeps it visible.
 void draw_lone_point(QPainter& painter, const QPen& pen, QPointF point) {
-  const f64 radius = std::max(1.0, pen.widthF() * 0.75);
+  const f64 radius = std::max(kLeastDot / 2, pen.widthF() * 0.75);
   painter.setPen(Qt::NoPen);
   painter.setBrush(pen.color());
   painter.drawEllipse(point, radius, radius);
