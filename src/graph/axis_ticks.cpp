@@ -10,7 +10,6 @@ namespace trendaro {
 namespace {
 
 constexpr std::size_t kMostTicks = 7000;  // the widest picture has room for no more
-constexpr int kFinerTries = 6;  // until two labels stand; an axis too short for two keeps what it has
 
 // A distance of m x 10^e, with m from 1, 2, 5.
 struct Step {
@@ -101,13 +100,13 @@ AxisTicks linear_ticks(const TickRequest& request, const TextMeasure& measure) {
     ticks = stepped_ticks(request, step);
   }
   drop_crowded_ends(request, measure, ticks.major);
-  for (int tries = 0; tries < kFinerTries && !tells_scale(ticks.major); ++tries) {
+  for (int tries = 0; tries < kFinerTries && label_count(ticks.major) < 2; ++tries) {
     step = step.former();
     if (step.size() < finest_step(request.scale)) break;
     AxisTicks finer = stepped_ticks(request, step);
     thin_out_labels(request, measure, finer.major);
     drop_crowded_ends(request, measure, finer.major);
-    if (tells_scale(finer.major)) ticks = std::move(finer);
+    if (label_count(finer.major) > label_count(ticks.major)) ticks = std::move(finer);
   }
   return ticks;
 }
@@ -189,11 +188,11 @@ AxisTicks logarithmic_ticks(const TickRequest& request, const TextMeasure& measu
   while (!labels_fit(request, measure, ticks.major) && level + 1 < kDecadeLevels.size())
     ticks = decade_ticks(request, kDecadeLevels[++level]);
   drop_crowded_ends(request, measure, ticks.major);
-  while (level > 0 && !tells_scale(ticks.major)) {
+  while (level > 0 && label_count(ticks.major) < 2) {
     AxisTicks finer = decade_ticks(request, kDecadeLevels[--level]);
     thin_out_labels(request, measure, finer.major);
     drop_crowded_ends(request, measure, finer.major);
-    if (tells_scale(finer.major)) ticks = std::move(finer);
+    if (label_count(finer.major) > label_count(ticks.major)) ticks = std::move(finer);
   }
   return ticks;
 }

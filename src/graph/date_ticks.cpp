@@ -10,7 +10,6 @@ namespace trendaro {
 namespace {
 
 constexpr f64 kFarthestDay = 3e6;  // beyond the years that a calendar names
-constexpr int kFinerTries = 6;     // until two labels stand; an axis too short for two keeps what it has
 
 // Of seconds and longer, up to centuries.
 constexpr std::array kWholeSteps = {
@@ -92,13 +91,15 @@ bool too_fine(const AxisScale& scale, const CalendarStep& step) {
   return seconds_of(step) / kDaySeconds < 2 * finest_step(scale);
 }
 
+// Most steps are told by their distance alone; a text is measured only where there may be room for it.
 bool fits(const TickRequest& request, const TextMeasure& measure, const CalendarStep& step) {
   if (too_fine(request.scale, step)) return false;
   const f64 span = (request.scale.maximum - request.scale.minimum) * kDaySeconds;
   const f64 spacing = seconds_of(step) / span * axis_length(request);
+  const f64 gap = measure.height(TextRole::Axis) * 0.9;
+  if (spacing <= gap) return false;
   const Moment widest{std::floor(request.scale.minimum), 0};
-  return spacing >= measure.width(TextRole::Axis, dated_tick(widest, step, request.format).label) +
-                        measure.height(TextRole::Axis) * 0.9;
+  return spacing >= measure.width(TextRole::Axis, dated_tick(widest, step, request.format).label) + gap;
 }
 
 // A limit that misses the moment by its last digit has it.
@@ -129,13 +130,14 @@ AxisTicks automatic_ticks(const TickRequest& request, const TextMeasure& measure
   AxisTicks ticks = calendar_ticks(request, *step);
   if (!fits(request, measure, *step)) thin_out_labels(request, measure, ticks.major);
   drop_crowded_ends(request, measure, ticks.major);
-  for (int tries = 0; tries < kFinerTries && step != kSteps.begin() && !tells_scale(ticks.major); ++tries) {
+  for (int tries = 0; tries < kFinerTries && step != kSteps.begin() && label_count(ticks.major) < 2;
+       ++tries) {
     --step;
     if (too_fine(request.scale, *step)) break;
     AxisTicks finer = calendar_ticks(request, *step);
     thin_out_labels(request, measure, finer.major);
     drop_crowded_ends(request, measure, finer.major);
-    if (tells_scale(finer.major)) ticks = std::move(finer);
+    if (label_count(finer.major) > label_count(ticks.major)) ticks = std::move(finer);
   }
   return ticks;
 }

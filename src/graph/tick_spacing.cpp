@@ -115,8 +115,10 @@ bool days_collide(const TickRequest& request, const TextMeasure& measure, const 
                text_span(request, measure, other.value, other.day), measure.height(TextRole::Axis) * kDayGap);
 }
 
-bool tells_scale(const std::vector<Tick>& ticks) {
-  return std::count_if(ticks.begin(), ticks.end(), [](const Tick& tick) { return !tick.label.empty(); }) > 1;
+std::size_t label_count(const std::vector<Tick>& ticks) {
+  const auto count =
+      std::count_if(ticks.begin(), ticks.end(), [](const Tick& tick) { return !tick.label.empty(); });
+  return static_cast<std::size_t>(count);
 }
 
 void thin_out_labels(const TickRequest& request, const TextMeasure& measure, std::vector<Tick>& ticks) {

@@ -9,6 +9,9 @@ namespace trendaro {
 // Pixels that minor ticks keep apart.
 inline constexpr f64 kMinorSpacing = 5;
 
+// Finer steps that are tried until two labels stand. An axis too short for two takes what there is.
+inline constexpr int kFinerTries = 6;
+
 // Length of the axis in pixels.
 f64 axis_length(const TickRequest& request);
 
@@ -32,8 +35,8 @@ void drop_crowded_ends(const TickRequest& request, const TextMeasure& measure, s
 // Whether a second line would run into another one.
 bool days_collide(const TickRequest& request, const TextMeasure& measure, const Tick& one, const Tick& other);
 
-// Whether at least two ticks have a label; a single one tells no scale.
-bool tells_scale(const std::vector<Tick>& ticks);
+// How many ticks have a label. A single one tells no scale.
+std::size_t label_count(const std::vector<Tick>& ticks);
 
 // Takes labels away, evenly and with their second lines, until the rest fit. Every tick stays.
 void thin_out_labels(const TickRequest& request, const TextMeasure& measure, std::vector<Tick>& ticks);
