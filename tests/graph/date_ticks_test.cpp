@@ -61,6 +61,17 @@ TEST(DateTicksTest, DatesFallOnCalendarUnits) {
   EXPECT_EQ(date_labels(36526, 36526 + 3652, 500), "2000 2001 2002 2003 2004 2005 2006 2007 2008 2009");
 }
 
+TEST(DateTicksTest, DaysAndWeeksHaveMinorTicks) {
+  const AxisTicks days = date_ticks(request_of(45290, 45294, 260), FixedMeasure());
+  ASSERT_EQ(days.minor.size(), 17U);  // every six hours
+  EXPECT_EQ(days.minor[1], 45290.25);
+  // 45292 is a Monday; a day takes 10 pixels.
+  const AxisTicks weeks = date_ticks(request_of(45292, 45313, 210), FixedMeasure());
+  EXPECT_EQ(labels_of(weeks), "01.01./2024 08.01. 15.01. 22.01.");
+  ASSERT_EQ(weeks.minor.size(), 22U);
+  EXPECT_EQ(weeks.minor[1], 45293);
+}
+
 TEST(DateTicksTest, ManualLinesOfADateAxisCountInDays) {
   TickRequest request = request_of(45292, 45293, 700);
   request.manual_line = 0.25;
