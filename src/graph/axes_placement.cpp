@@ -104,7 +104,7 @@ void leave_out_texts(AxisLayout& axis) {
 }
 
 f64 wished_height(const Surroundings& surroundings, f64 line) {
-  if (surroundings.titles) return kGoodHeight * line;
+  if (surroundings.title_share > 0) return kGoodHeight * line;
   if (surroundings.y_labels) return kFairHeight * line;
   return surroundings.x_labels ? kPoorHeight * line : kLeastArea;
 }

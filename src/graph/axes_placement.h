@@ -1,12 +1,14 @@
 #pragma once
 
 #include "graph/graph_layout.h"
+#include "graph/title_layout.h"
 
 namespace trendaro {
 
 // What stands around the curves of a graph. Where the room is short, parts are given up.
 struct Surroundings {
-  bool legend = true, table = true, titles = true;
+  bool legend = true, table = true;
+  f64 title_share = kTitleShare;
   bool x_title = true, y_titles = true;
   bool x_labels = true, y_labels = true;
 };

@@ -66,13 +66,21 @@ void place_surroundings(const GraphProperties& shown, const TextMeasure& measure
                         const Surroundings& surroundings, GraphLayout& layout) {
   layout.titles.clear();
   layout.legend.clear();
+  layout.legend_notes.clear();
   layout.table_room = {};
   PixelRectangle room = room_inside(layout.width, layout.height, measure);
-  if (surroundings.titles) place_titles(shown, measure, room, layout.titles);
+  place_titles(shown, measure, surroundings.title_share, room, layout.titles);
   if (surroundings.table) place_table_room(shown, measure, room, layout.table_room);
-  if (surroundings.legend) place_legend(shown, measure, room, layout.legend);
+  if (surroundings.legend) place_legend(shown, measure, room, layout);
   place_margins(shown, measure, room);
   layout.room = room;
+}
+
+// Lets the title lines have no more than `share`; false when they had no more before.
+bool limit_titles(Surroundings& surroundings, f64 share) {
+  if (surroundings.title_share <= share) return false;
+  surroundings.title_share = share;
+  return true;
 }
 
 // The next part that takes room in the direction that lacks it; false when there is none left.
@@ -83,8 +91,11 @@ bool give_up_next(const GraphProperties& shown, const RoomShortage& shortage, Su
     if (given) part = false;
     return given;
   };
-  return give_up(surroundings.legend, beside ? shortage.width : shortage.height) ||
-         give_up(surroundings.table, shortage.width) || give_up(surroundings.titles, shortage.height) ||
+  return (shortage.height && limit_titles(surroundings, kFairTitleShare)) ||
+         give_up(surroundings.legend, beside ? shortage.width : shortage.height) ||
+         give_up(surroundings.table, shortage.width) ||
+         (shortage.height && limit_titles(surroundings, kFewTitlesShare)) ||
+         (shortage.height && limit_titles(surroundings, 0)) ||
          give_up(surroundings.x_title, shortage.height) || give_up(surroundings.y_titles, shortage.width) ||
          give_up(surroundings.y_labels, shortage.width || shortage.height) ||
          give_up(surroundings.x_labels, shortage.width || shortage.height);
@@ -103,7 +114,7 @@ bool place_with_axes(const GraphProperties& shown, const TextMeasure& measure, G
 
 void lay_out_frame(const GraphProperties& shown, const TextMeasure& measure, GraphLayout& layout) {
   Surroundings surroundings;
-  if (!layout.curves.empty()) surroundings.legend = surroundings.table = surroundings.titles = false;
+  if (!layout.curves.empty()) surroundings = {.legend = false, .table = false, .title_share = 0};
   layout.layers.clear();
   layout.x_axis = {};
   place_surroundings(shown, measure, surroundings, layout);
@@ -113,6 +124,7 @@ void lay_out_frame(const GraphProperties& shown, const TextMeasure& measure, Gra
 void color_titles(const GraphProperties& shown, GraphLayout& layout) {
   for (PlacedText& title : layout.titles) title.color = shown.TextColor;
   for (LegendEntry& entry : layout.legend) entry.name.color = shown.TextColor;
+  for (PlacedText& note : layout.legend_notes) note.color = shown.TextColor;
 }
 
 // The start of the last whole UTF-8 character before `end`.

@@ -71,14 +71,15 @@ struct LegendEntry {
 
 struct GraphLayout {
   f64 width = 0, height = 0;
-  std::vector<PlacedText> titles;
+  std::vector<PlacedText> titles;   // and how many lines were left out
   std::vector<LayerLayout> layers;  // from top to bottom; one without axes where the graph is empty
   AxisLayout x_axis;
   bool has_axes = false;  // false: no curves, or no room for one
   std::vector<CurvePlace> curves;
   std::vector<LegendEntry> legend;
-  PixelRectangle room;        // axes and layers, their labels included; margins lie outside
-  PixelRectangle table_room;  // right of the graph; without a width where no table stands there
+  std::vector<PlacedText> legend_notes;  // how many curves a legend leaves out
+  PixelRectangle room;                   // axes and layers, their labels included; margins lie outside
+  PixelRectangle table_room;             // right of the graph; without a width where no table stands there
   std::vector<PixelRectangle> legend_backs;  // behind a legend that stands in the layers
 };
 

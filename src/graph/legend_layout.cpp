@@ -3,12 +3,18 @@
 #include <algorithm>
 #include <cmath>
 
+#include "graph/middle_elision.h"
+
 namespace trendaro {
 namespace {
 
 constexpr f64 kHeightShare = 0.25;  // of the graph, for a legend above or below
 constexpr f64 kWidthShare = 0.28;   // for one at a side
-constexpr f64 kLongestName = 0.5;   // of a row's width
+constexpr f64 kInLayerShare = 0.5;  // of a layer
+
+// Names that are cut to less, in lines of text, can hardly be told apart.
+constexpr f64 kTellingName = 6;
+constexpr f64 kShortestName = 3;  // in a legend of one line
 
 // The measures of an entry: line sample, gap, name, gap to the next entry.
 struct EntryMeasure {
@@ -71,7 +77,7 @@ std::vector<LooseEntry> loose_entries(const GraphProperties& shown, const std::v
 void limit_names(std::vector<LooseEntry>& entries, f64 limit, const TextMeasure& measure) {
   for (LooseEntry& entry : entries) {
     if (entry.name_width <= limit) continue;
-    entry.name = elided(entry.name, limit, TextRole::Legend, measure);
+    entry.name = elided_in_middle(entry.name, limit, TextRole::Legend, measure);
     entry.name_width = std::ceil(measure.width(TextRole::Legend, entry.name));
   }
 }
@@ -106,29 +112,62 @@ LegendTable fitting_table(const std::vector<LooseEntry>& entries, f64 width, con
   return table_of(entries, 1);
 }
 
-LegendTable legend_table(const GraphProperties& shown, std::vector<LooseEntry>& entries, f64 width,
-                         const TextMeasure& measure) {
-  const EntryMeasure entry(measure);
-  if (shown.LegendStyle != kLegendOneLine) {
-    limit_names(entries, width * kLongestName, measure);
-    return fitting_table(entries, width, entry);
-  }
-  const auto count = static_cast<f64>(entries.size());
-  const f64 fixed = count * entry.lead() + (count - 1) * entry.entry_gap;
-  limit_names(entries, fair_name_width(entries, width - fixed), measure);
-  return table_of(entries, entries.size());
+// What a name may take where `columns` share the width evenly.
+f64 share_of_column(f64 width, std::size_t columns, const EntryMeasure& entry) {
+  const auto count = static_cast<f64>(columns);
+  return (width - entry.entry_gap * (count - 1)) / count - entry.lead();
 }
 
-// Puts the table in the middle of the box; what does not fit into it is left out.
+std::size_t rows_of(std::size_t entries, std::size_t columns) {
+  return (entries + columns - 1) / columns;
+}
+
+// A table of all entries for a number of rows, as far as names that are still telling allow. Two long names
+// find room beside each other in any case.
+LegendTable legend_table(std::vector<LooseEntry>& entries, f64 width, std::size_t rows,
+                         const TextMeasure& measure) {
+  const EntryMeasure entry(measure);
+  const f64 half = share_of_column(width, 2, entry);
+  limit_names(entries, half, measure);
+  const LegendTable table = fitting_table(entries, width, entry);
+  if (rows_of(entries.size(), table.columns) <= rows) return table;
+  const f64 share = share_of_column(width, rows_of(entries.size(), rows), entry);
+  limit_names(entries, std::min(half, std::max(share, kTellingName * entry.line)), measure);
+  return fitting_table(entries, width, entry);
+}
+
+// How many curves a legend leaves out.
+PlacedText rest_note(std::size_t listed, std::size_t all, const PixelRectangle& box,
+                     const TextMeasure& measure) {
+  const std::string number = std::to_string(all - listed);
+  const std::string words =
+      listed == 0 ? number + (all == 1 ? " Kurve" : " Kurven") : "+ " + number + " weitere";
+  return {elided(words, box.width, TextRole::Legend, measure), box, TextRole::Legend, TextAlignment::Left};
+}
+
+f64 note_width(std::size_t listed, std::size_t all, const TextMeasure& measure) {
+  constexpr f64 kEndless = 1e9;
+  return std::ceil(
+      measure.width(TextRole::Legend, rest_note(listed, all, {0, 0, kEndless, 0}, measure).text));
+}
+
+// Puts the table in the middle of the box. Where its rows are not enough, the last place tells of the rest.
 void put_table(const std::vector<LooseEntry>& entries, const LegendTable& table, const PixelRectangle& box,
-               const EntryMeasure& entry, std::vector<LegendEntry>& legend) {
+               const TextMeasure& measure, GraphLayout& layout) {
+  const EntryMeasure entry(measure);
   const f64 start = box.x + std::max(0.0, std::round((box.width - table.width(entry)) / 2));
+  const auto places = static_cast<std::size_t>(box.height / entry.line + 0.5) * table.columns;
+  const std::size_t listed = entries.size() <= places ? entries.size() : places - 1;
   f64 x = start;
   f64 y = box.y;
-  for (std::size_t i = 0; i < entries.size() && y + entry.line <= box.bottom() + 0.5; ++i) {
+  for (std::size_t i = 0; i < std::min(places, entries.size()); ++i) {
+    if (i < listed)
+      layout.legend.push_back(
+          entry_at(entries[i].subset, entries[i].name, x, y, entries[i].name_width, entry));
+    else
+      layout.legend_notes.push_back(
+          rest_note(listed, entries.size(), {x, y, box.right() - x, entry.line}, measure));
     const std::size_t column = i % table.columns;
-    if (x + entry.lead() + entries[i].name_width <= box.right() + 0.5)
-      legend.push_back(entry_at(entries[i].subset, entries[i].name, x, y, entries[i].name_width, entry));
     x += entry.lead() + table.name_widths[column] + entry.entry_gap;
     if (column + 1 < table.columns) continue;
     x = start;
@@ -136,44 +175,102 @@ void put_table(const std::vector<LooseEntry>& entries, const LegendTable& table,
   }
 }
 
-void place_above_or_below(const GraphProperties& shown, const TextMeasure& measure,
-                          std::vector<LooseEntry> entries, PixelRectangle& room,
-                          std::vector<LegendEntry>& legend) {
+// How many entries one line holds when names are cut as far as they may be, with a note about the rest.
+std::size_t entries_in_line(const std::vector<LooseEntry>& entries, f64 width, const TextMeasure& measure) {
   const EntryMeasure entry(measure);
-  const LegendTable table = legend_table(shown, entries, room.width, measure);
-  const f64 gap = std::round(entry.line * 0.4);
-  const f64 budget = room.height * kHeightShare - gap;
-  const auto needed = static_cast<f64>((entries.size() + table.columns - 1) / table.columns);
-  const f64 rows = std::min(needed, std::floor(budget / entry.line));
-  if (rows < 1) return;
-  const f64 height = entry.line * rows;
-  const bool top = shown.LegendLocation == kLegendTop;
-  put_table(entries, table, {room.x, top ? room.y : room.bottom() - height, room.width, height}, entry,
-            legend);
-  if (top) room.y += height + gap;
-  room.height -= height + gap;
+  f64 taken = 0;
+  std::size_t most = 0;
+  for (std::size_t count = 1; count <= entries.size(); ++count) {
+    taken += entry.lead() + std::min(entries[count - 1].name_width, kShortestName * entry.line) +
+             (count > 1 ? entry.entry_gap : 0);
+    const bool all = count == entries.size();
+    if (taken + (all ? 0 : entry.entry_gap + note_width(count, entries.size(), measure)) <= width)
+      most = count;
+  }
+  return most;
 }
 
-void place_beside(const GraphProperties& shown, const TextMeasure& measure, std::vector<LooseEntry> entries,
-                  PixelRectangle& room, std::vector<LegendEntry>& legend) {
+void put_line(std::vector<LooseEntry> entries, const PixelRectangle& box, const TextMeasure& measure,
+              GraphLayout& layout) {
   const EntryMeasure entry(measure);
-  const f64 widest_name = room.width * kWidthShare - entry.lead() - entry.entry_gap;
-  if (widest_name < entry.line * 2) return;
-  limit_names(entries, widest_name, measure);
-  const auto lines = static_cast<std::size_t>(std::max(0.0, room.height / entry.line));
-  if (entries.size() > lines) entries.resize(lines);
-  f64 name_width = 0;
-  for (const LooseEntry& each : entries) name_width = std::max(name_width, each.name_width);
-  const f64 width = entry.lead() + name_width;
-  const bool left = shown.LegendLocation == kLegendLeft;
-  const f64 x = left ? room.x : room.right() - width;
-  f64 y = room.y;
+  const std::size_t all = entries.size();
+  entries.resize(entries_in_line(entries, box.width, measure));
+  const auto count = static_cast<f64>(entries.size());
+  const f64 note = entries.size() < all ? note_width(entries.size(), all, measure) : 0;
+  const f64 gaps = entry.entry_gap * (note > 0 ? count : count - 1);
+  limit_names(entries, fair_name_width(entries, box.width - note - gaps - count * entry.lead()), measure);
+  f64 width = note + gaps + count * entry.lead();
+  for (const LooseEntry& each : entries) width += each.name_width;
+  f64 x = box.x + std::max(0.0, std::round((box.width - width) / 2));
   for (const LooseEntry& each : entries) {
-    legend.push_back(entry_at(each.subset, each.name, x, y, each.name_width, entry));
-    y += entry.line;
+    layout.legend.push_back(entry_at(each.subset, each.name, x, box.y, each.name_width, entry));
+    x += entry.lead() + each.name_width + entry.entry_gap;
   }
-  if (left) room.x += width + entry.entry_gap / 2;
-  room.width -= width + entry.entry_gap / 2;
+  if (note > 0)
+    layout.legend_notes.push_back(
+        rest_note(entries.size(), all, {x, box.y, box.right() - x, entry.line}, measure));
+}
+
+void place_above_or_below(const GraphProperties& shown, const TextMeasure& measure,
+                          std::vector<LooseEntry> entries, PixelRectangle& room, GraphLayout& layout) {
+  const EntryMeasure entry(measure);
+  const f64 gap = std::round(entry.line * 0.4);
+  const f64 budget = room.height * kHeightShare - gap;
+  if (budget < entry.line) return;
+  const auto most_rows = static_cast<std::size_t>(budget / entry.line);
+  const bool top = shown.LegendLocation == kLegendTop;
+  const auto take_rows = [&](std::size_t rows) {
+    const f64 height = entry.line * static_cast<f64>(rows);
+    const PixelRectangle box{room.x, top ? room.y : room.bottom() - height, room.width, height};
+    if (top) room.y += height + gap;
+    room.height -= height + gap;
+    return box;
+  };
+  if (shown.LegendStyle == kLegendOneLine || most_rows == 1)
+    return put_line(std::move(entries), take_rows(1), measure, layout);
+  const LegendTable table = legend_table(entries, room.width, most_rows, measure);
+  const std::size_t rows = std::min(most_rows, rows_of(entries.size(), table.columns));
+  put_table(entries, table, take_rows(rows), measure, layout);
+}
+
+// Entries below each other, in at most so many lines, the last of which tells of the rest.
+struct LegendColumn {
+  std::vector<LooseEntry> entries;
+  std::size_t listed;
+  f64 width;
+
+  LegendColumn(std::vector<LooseEntry> all, std::size_t lines, f64 most_width, const TextMeasure& measure)
+      : entries(std::move(all)), listed(entries.size() <= lines ? entries.size() : lines - 1), width(0) {
+    const f64 lead = EntryMeasure(measure).lead();
+    limit_names(entries, most_width - lead, measure);
+    for (std::size_t i = 0; i < listed; ++i) width = std::max(width, lead + entries[i].name_width);
+    if (listed < entries.size())
+      width = std::max(width, std::min(most_width, note_width(listed, entries.size(), measure)));
+  }
+
+  void put(const PixelPoint& corner, const TextMeasure& measure, GraphLayout& layout) const {
+    const EntryMeasure entry(measure);
+    f64 y = corner.y;
+    for (std::size_t i = 0; i < listed; ++i, y += entry.line)
+      layout.legend.push_back(
+          entry_at(entries[i].subset, entries[i].name, corner.x, y, entries[i].name_width, entry));
+    if (listed < entries.size())
+      layout.legend_notes.push_back(
+          rest_note(listed, entries.size(), {corner.x, y, width, entry.line}, measure));
+  }
+};
+
+void place_beside(const GraphProperties& shown, const TextMeasure& measure,
+                  const std::vector<LooseEntry>& entries, PixelRectangle& room, GraphLayout& layout) {
+  const EntryMeasure entry(measure);
+  const f64 most_width = room.width * kWidthShare - entry.entry_gap;
+  const auto lines = static_cast<std::size_t>(std::max(0.0, room.height / entry.line));
+  if (most_width - entry.lead() < entry.line * 2 || lines == 0) return;
+  const LegendColumn column(entries, lines, most_width, measure);
+  const bool left = shown.LegendLocation == kLegendLeft;
+  column.put({left ? room.x : room.right() - column.width, room.y}, measure, layout);
+  if (left) room.x += column.width + entry.entry_gap / 2;
+  room.width -= column.width + entry.entry_gap / 2;
 }
 
 }  // namespace
@@ -193,14 +290,14 @@ bool stands_beside(const GraphProperties& shown) {
 }
 
 void place_legend(const GraphProperties& shown, const TextMeasure& measure, PixelRectangle& room,
-                  std::vector<LegendEntry>& legend) {
+                  GraphLayout& layout) {
   if (shown.LegendStyle == kLegendInLayers) return;
   const std::vector<LooseEntry> entries = loose_entries(shown, legend_subsets(shown), measure);
   if (entries.empty()) return;
   if (stands_beside(shown))
-    place_beside(shown, measure, entries, room, legend);
+    place_beside(shown, measure, entries, room, layout);
   else
-    place_above_or_below(shown, measure, entries, room, legend);
+    place_above_or_below(shown, measure, entries, room, layout);
 }
 
 void place_legend_in_layers(const GraphProperties& shown, const TextMeasure& measure, GraphLayout& layout) {
@@ -211,24 +308,23 @@ void place_legend_in_layers(const GraphProperties& shown, const TextMeasure& mea
   for (std::size_t slot = 0; slot < layout.layers.size(); ++slot) {
     const PixelRectangle& area = layout.layers[slot].area;
     std::vector<std::size_t> subsets;
-    for (const CurvePlace& place : layout.curves)
-      if (place.slot == slot && std::find(listed.begin(), listed.end(), place.subset) != listed.end())
-        subsets.push_back(place.subset);
+    for (const std::size_t subset : listed)
+      if (subset < layout.curves.size() && layout.curves[subset].slot == slot) subsets.push_back(subset);
+    const f64 most_width = area.width * kInLayerShare - 4 * inset;
+    const auto lines = static_cast<std::size_t>(std::max(0.0, (area.height - 4 * inset) / entry.line));
+    if (subsets.empty() || lines == 0 || most_width < entry.lead()) continue;
+    const PixelPoint corner{area.x + 2 * inset, area.y + 2 * inset};
     std::vector<LooseEntry> entries = loose_entries(shown, subsets, measure);
-    limit_names(entries, area.width * kLongestName - entry.lead() - 4 * inset, measure);
-    const f64 lines = (area.height - 4 * inset) / entry.line;
-    entries.resize(std::min(entries.size(), static_cast<std::size_t>(std::max(0.0, lines))));
-    if (entries.empty()) continue;
-    f64 name_width = 0;
-    f64 y = area.y + 2 * inset;
-    for (const LooseEntry& each : entries) {
-      name_width = std::max(name_width, each.name_width);
-      layout.legend.push_back(
-          entry_at(each.subset, each.name, area.x + 2 * inset, y, each.name_width, entry));
-      y += entry.line;
+    f64 width = most_width;
+    if (lines == 1 && entries.size() > 1) {
+      put_line(std::move(entries), {corner.x, corner.y, width, entry.line}, measure, layout);
+    } else {
+      const LegendColumn column(std::move(entries), lines, most_width, measure);
+      column.put(corner, measure, layout);
+      width = column.width;
     }
-    layout.legend_backs.push_back(
-        {area.x + inset, area.y + inset, entry.lead() + name_width + 2 * inset, y - area.y});
+    const f64 height = entry.line * static_cast<f64>(std::min(lines, subsets.size()));
+    layout.legend_backs.push_back({area.x + inset, area.y + inset, width + 2 * inset, height + 2 * inset});
   }
 }
 

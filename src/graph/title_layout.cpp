@@ -6,8 +6,6 @@
 namespace trendaro {
 namespace {
 
-constexpr f64 kTitleShare = 1.0 / 3;  // of the height
-
 struct TitleLine {
   TitleParts parts;
   TextRole role;
@@ -41,6 +39,46 @@ void place_line(const TitleLine& line, const PixelRectangle& row, const TextMeas
              TextAlignment::Right, line.role, measure, titles);
 }
 
+std::vector<TitleLine> lines_above(const GraphProperties& shown) {
+  std::vector<TitleLine> lines;
+  if (!shown.MainTitle.empty()) lines.push_back({{{}, shown.MainTitle, {}}, TextRole::MainTitle});
+  if (!shown.SubTitle.empty()) lines.push_back({{{}, shown.SubTitle, {}}, TextRole::SubTitle});
+  append_lines(shown.MultiSubTitles, lines);
+  return lines;
+}
+
+f64 height_of(const std::vector<TitleLine>& lines, std::size_t count, const TextMeasure& measure) {
+  f64 height = 0;
+  for (std::size_t i = 0; i < count; ++i) height += measure.height(lines[i].role);
+  return height;
+}
+
+std::size_t fitting_lines(const std::vector<TitleLine>& lines, f64 height, const TextMeasure& measure) {
+  std::size_t count = 0;
+  while (count < lines.size() && height_of(lines, count + 1, measure) <= height) ++count;
+  return count;
+}
+
+// The first `count` lines from the top of the box down. The last one leaves room for a note about `rest`
+// others at its right, and as much at its left.
+void place_lines(const std::vector<TitleLine>& lines, std::size_t count, std::size_t rest,
+                 const PixelRectangle& box, const TextMeasure& measure, std::vector<PlacedText>& titles) {
+  f64 y = box.y;
+  for (std::size_t i = 0; i < count; ++i) {
+    PixelRectangle row{box.x, y, box.width, measure.height(lines[i].role)};
+    y = row.bottom();
+    if (i + 1 == count && rest > 0) {
+      const std::string note = "+ " + std::to_string(rest) + (rest == 1 ? " Zeile" : " Zeilen");
+      const f64 width = std::min(std::ceil(measure.width(TextRole::SubTitle, note)), box.width / 3);
+      place_part(note, {row.right() - width, row.y, width, row.height}, TextAlignment::Right,
+                 TextRole::SubTitle, measure, titles);
+      const f64 gap = std::round(measure.height(TextRole::SubTitle) * 0.5);
+      row = {row.x + width + gap, row.y, std::max(0.0, row.width - 2 * (width + gap)), row.height};
+    }
+    place_line(lines[i], row, measure, titles);
+  }
+}
+
 }  // namespace
 
 TitleParts title_parts(const std::string& line) {
@@ -51,39 +89,32 @@ TitleParts title_parts(const std::string& line) {
   return {line.substr(0, first), line.substr(first + 1, second - first - 1), line.substr(second + 1)};
 }
 
-void place_titles(const GraphProperties& shown, const TextMeasure& measure, PixelRectangle& room,
+void place_titles(const GraphProperties& shown, const TextMeasure& measure, f64 share, PixelRectangle& room,
                   std::vector<PlacedText>& titles) {
-  std::vector<TitleLine> above;
+  const std::vector<TitleLine> above = lines_above(shown);
   std::vector<TitleLine> below;
-  if (!shown.MainTitle.empty()) above.push_back({{{}, shown.MainTitle, {}}, TextRole::MainTitle});
-  if (!shown.SubTitle.empty()) above.push_back({{{}, shown.SubTitle, {}}, TextRole::SubTitle});
-  append_lines(shown.MultiSubTitles, above);
   append_lines(shown.MultiBottomTitles, below);
 
-  f64 budget = room.height * kTitleShare;
-  bool placed_above = false;
-  for (const TitleLine& line : above) {
-    const f64 height = measure.height(line.role);
-    if (height > budget) break;
-    place_line(line, {room.x, room.y, room.width, height}, measure, titles);
-    room.y += height;
-    room.height -= height;
-    budget -= height;
-    placed_above = true;
-  }
-  if (placed_above) {
-    const f64 gap = std::min(budget, measure.height(TextRole::Axis) * 0.5);
-    room.y += gap;
-    room.height -= gap;
-  }
-  const auto fitting = std::min(
-      below.size(), static_cast<std::size_t>(std::max(0.0, budget / measure.height(TextRole::SubTitle))));
-  for (std::size_t i = fitting; i-- > 0;) {
-    const f64 height = measure.height(TextRole::SubTitle);
-    room.height -= height;
-    place_line(below[i], {room.x, room.bottom(), room.width, height}, measure, titles);
-  }
-  if (fitting > 0) room.height -= std::round(measure.height(TextRole::Axis) * 0.4);
+  const f64 budget = room.height * share;
+  const f64 below_need = height_of(below, below.size(), measure);
+  const f64 first_line = height_of(above, std::min<std::size_t>(above.size(), 1), measure);
+  const std::size_t fit_above = fitting_lines(
+      above, std::max({budget / 2, budget - below_need, std::min(budget, first_line)}), measure);
+  const f64 above_height = height_of(above, fit_above, measure);
+  const std::size_t fit_below = fitting_lines(below, budget - above_height, measure);
+  const f64 below_height = height_of(below, fit_below, measure);
+
+  // Where one side shows nothing, the note of the other counts its lines too.
+  const std::size_t rest_above = above.size() - fit_above;
+  const std::size_t rest_below = below.size() - fit_below;
+  place_lines(above, fit_above, rest_above + (fit_below == 0 ? rest_below : 0), room, measure, titles);
+  place_lines(below, fit_below, rest_below + (fit_above == 0 ? rest_above : 0),
+              {room.x, room.bottom() - below_height, room.width, below_height}, measure, titles);
+  const f64 left = budget - above_height - below_height;
+  const f64 gap = fit_above > 0 ? std::min(left, measure.height(TextRole::Axis) * 0.5) : 0;
+  const f64 gap_below = fit_below > 0 ? std::round(measure.height(TextRole::Axis) * 0.4) : 0;
+  room.y += above_height + gap;
+  room.height -= above_height + gap + below_height + gap_below;
 }
 
 }  // namespace trendaro

@@ -28,6 +28,7 @@ void leave_out_texts(AxisLayout& axis) {
 GraphLayout layout_without_texts(const GraphProperties& shown) {
   GraphLayout layout = graph_layout(shown, kSheet.tile.width(), kSheet.tile.height(), FixedMeasure());
   layout.titles.clear();
+  layout.legend_notes.clear();
   leave_out_texts(layout.x_axis);
   for (LayerLayout& layer : layout.layers) {
     leave_out_texts(layer.left);

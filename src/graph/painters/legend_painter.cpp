@@ -66,6 +66,7 @@ void paint_legend(QPainter& painter, const GraphProperties& shown, const GraphLa
     paint_sample(painter, shown, layout, entry);
     paint_text(painter, entry.name, fonts);
   }
+  for (const PlacedText& note : layout.legend_notes) paint_text(painter, note, fonts);
 }
 
 }  // namespace trendaro
