@@ -2,13 +2,15 @@
 
 #include <algorithm>
 #include <cmath>
+#include <optional>
 
 #include "graph/axis_layout.h"
 
 namespace trendaro {
 namespace {
 
-constexpr f64 kMostOfSide = 0.25;  // of the graph, for a margin
+constexpr f64 kMostOfSide = 0.25;           // of the graph, for a margin
+constexpr f64 kSymbolSizes[] = {9, 5, 14};  // medium, small, large; pixels
 
 template <typename T>
 T element(const std::vector<T>& list, std::size_t index) {
@@ -104,36 +106,51 @@ class Placer {
 
  private:
   void add_point(std::size_t entry, i32 kind, const PixelPoint& place, const LayerLayout& layer) {
-    if (kind >= kLineStartKind && kind < kLineEndKind) {
-      first_ = place;
-      style_ = kind - kLineStartKind;
-      return;
-    }
-    if (kind == kFirstCornerKind) first_ = place;
-    if (kind == kSecondCornerKind) second_ = place;
-    if (kind == kFirstCornerKind || kind == kSecondCornerKind || kind == kLineStartKind - 1) return;
+    if (kind == kLineStartKind - 1) return;
+    if (begin_with(kind, place)) return;
+    const bool symbol = kind <= kLastSymbolKind;
+    if (!symbol && !has_begun(kind)) return;
     PlacedAnnotation annotation{AnnotationTable::Points, entry};
     annotation.color = element(shown_.GraphAnnotationColor, entry);
     annotation.clip = layer.area;
     annotation.from = annotation.to = place;
-    if (kind <= kLastSymbolKind) {
+    if (symbol) {
       annotation.shape = kind == 0 ? AnnotationShape::None : AnnotationShape::Symbol;
       annotation.style = kind;
     } else if (kind == kLineEndKind) {
       annotation.shape = AnnotationShape::Line;
-      annotation.from = first_;
+      annotation.from = *line_start_;
       annotation.style = style_;
+      line_start_.reset();
     } else {
       annotation.shape = kind >= kEllipseKind   ? AnnotationShape::Ellipse
                          : kind >= kRoundedKind ? AnnotationShape::RoundedRectangle
                                                 : AnnotationShape::Rectangle;
       annotation.style = (kind - kRectangleKind) % 8;
       if (kind >= kEllipseKind) annotation.style = kind - kEllipseKind;
-      annotation.from = first_;
-      annotation.to = second_;
+      annotation.from = *first_corner_;
+      annotation.to = *second_corner_;
+      first_corner_.reset();
+      second_corner_.reset();
     }
     place_point_text(element(shown_.GraphAnnotationText, entry), annotation);
     placed_.push_back(std::move(annotation));
+  }
+
+  // Whether the entry only begins a line or a shape, which a later one completes.
+  bool begin_with(i32 kind, const PixelPoint& place) {
+    if (kind >= kLineStartKind && kind < kLineEndKind) {
+      line_start_ = place;
+      style_ = kind - kLineStartKind;
+      return true;
+    }
+    if (kind != kFirstCornerKind && kind != kSecondCornerKind) return false;
+    (kind == kFirstCornerKind ? first_corner_ : second_corner_) = place;
+    return true;
+  }
+
+  [[nodiscard]] bool has_begun(i32 kind) const {
+    return kind == kLineEndKind ? line_start_.has_value() : first_corner_ && second_corner_;
   }
 
   // Beside the symbol or the end of the line, above a shape; at the other side where it would leave the
@@ -227,7 +244,8 @@ class Placer {
   const GraphLayout& layout_;
   const TextMeasure& measure_;
   std::vector<PlacedAnnotation> placed_;
-  PixelPoint first_, second_;  // of the line or shape that its later entries complete
+  // Of the line or shape that a later entry completes.
+  std::optional<PixelPoint> line_start_, first_corner_, second_corner_;
   i32 style_ = 0;
 };
 
@@ -252,6 +270,10 @@ LineText line_text(const std::string& text) {
   if (text[text.size() - 2] == '|' && sides.find(text.back()) != std::string_view::npos)
     return {text.substr(0, text.size() - 2), text.back()};
   return {text};
+}
+
+f64 annotation_symbol_size(i32 kind) {
+  return kSymbolSizes[std::clamp((kind - 1) / kSymbolsOfASize, 0, 2)];
 }
 
 std::vector<PlacedAnnotation> place_annotations(const GraphProperties& shown, const GraphLayout& layout,

@@ -12,6 +12,7 @@ namespace trendaro {
 // in medium, small and large. A line begins with kLineStartKind + its style and ends with kLineEndKind; a
 // shape has two corners, then its own kind + style.
 inline constexpr i32 kLastSymbolKind = 36;
+inline constexpr i32 kSymbolsOfASize = 12;
 inline constexpr i32 kLineStartKind = 38;
 inline constexpr i32 kLineEndKind = 45;
 inline constexpr i32 kFirstCornerKind = 46;
@@ -27,6 +28,9 @@ inline constexpr i32 kBoldStyle = 6;
 inline constexpr i32 kTickStyle = 7;
 inline constexpr i32 kGridLineStyle = 8;
 inline constexpr i32 kFilledShape = 7;
+
+// Pixels across the symbol of a kind from 1 on.
+f64 annotation_symbol_size(i32 kind);
 
 enum class AnnotationTable : u8 { Points, HorizontalLines, VerticalLines, XAxis, YAxis };
 enum class AnnotationShape : u8 { None, Symbol, Line, Rectangle, RoundedRectangle, Ellipse };
@@ -44,7 +48,7 @@ struct PlacedAnnotation {
 };
 
 // All annotations on show, none while ShowAnnotations is off. Those of layers that are not on show are left
-// out.
+// out, and so are ends and shapes whose start or corners are missing.
 std::vector<PlacedAnnotation> place_annotations(const GraphProperties& shown, const GraphLayout& layout,
                                                 const TextMeasure& measure);
 

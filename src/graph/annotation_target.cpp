@@ -2,91 +2,93 @@
 
 #include <algorithm>
 #include <cmath>
-#include <optional>
 
 #include "graph/annotation_layout.h"
-#include "graph/pixel_conversion.h"
-#include "graph/rubber_band.h"
 
 namespace trendaro {
 namespace {
 
-constexpr f64 kReach = 6;  // pixels
+constexpr f64 kReach = 6;         // pixels
+constexpr f64 kTextReach = 1;     // around the box of a text
+constexpr f64 kWidestPart = 0.6;  // of a symbol's size, from its centre
 
-// The value at an index, or `other` where the list is shorter.
-template <typename T>
-T at_or(const std::vector<T>& list, std::size_t index, T other) {
-  return index < list.size() ? list[index] : other;
+// Where texts cannot be measured they have no size.
+class NoMeasure : public TextMeasure {
+ public:
+  [[nodiscard]] f64 width(TextRole, std::string_view) const override { return 0; }
+  [[nodiscard]] f64 height(TextRole) const override { return 0; }
+};
+
+bool lies_in(const PixelRectangle& box, PixelPoint place, f64 reach) {
+  return place.x >= box.x - reach && place.x <= box.right() + reach && place.y >= box.y - reach &&
+         place.y <= box.bottom() + reach;
 }
 
-// The place of values in a layer, whose annotations count on its right axis where no curve hangs on the left
-// one. Nothing where the layer is not on show.
-std::optional<GraphPlace> place_in_layer(const GraphLayout& layout, i32 layer, f64 x, f64 y) {
-  const auto found = std::find_if(layout.layers.begin(), layout.layers.end(), [&](const LayerLayout& each) {
-    return static_cast<i32>(each.layer) == layer;
-  });
-  if (found == layout.layers.end()) return std::nullopt;
-  return GraphPlace{x, y, static_cast<i16>(layer), !found->has_left && found->has_right};
+PixelRectangle frame_of(const PlacedAnnotation& shape) {
+  const f64 x = std::min(shape.from.x, shape.to.x);
+  const f64 y = std::min(shape.from.y, shape.to.y);
+  return {x, y, std::abs(shape.to.x - shape.from.x), std::abs(shape.to.y - shape.from.y)};
 }
 
-std::optional<PixelPoint> point_place(const GraphProperties& shown, const GraphLayout& layout,
-                                      std::size_t entry) {
-  if (entry >= shown.GraphAnnotationX.size()) return std::nullopt;
-  const auto place = place_in_layer(layout, at_or(shown.GraphAnnotationAxis, entry, 0),
-                                    shown.GraphAnnotationX[entry], at_or(shown.GraphAnnotationY, entry, 0.0));
-  if (!place) return std::nullopt;
-  const PixelPoint pixel = PEconvpixeltograph(layout, *place);
-  if (!std::isfinite(pixel.x) || !std::isfinite(pixel.y)) return std::nullopt;
-  return pixel;
+f64 distance_to_frame(PixelPoint place, const PixelRectangle& frame) {
+  const PixelPoint corners[] = {{frame.x, frame.y},
+                                {frame.right(), frame.y},
+                                {frame.right(), frame.bottom()},
+                                {frame.x, frame.bottom()}};
+  f64 least = distance_to_line(place, corners[3], corners[0]);
+  for (std::size_t i = 0; i < 3; ++i)
+    least = std::min(least, distance_to_line(place, corners[i], corners[i + 1]));
+  return least;
 }
 
-f64 distance_to_shape(PixelPoint place, PixelPoint corner, PixelPoint opposite) {
-  const PixelPoint across{opposite.x, corner.y};
-  const PixelPoint below{corner.x, opposite.y};
-  return std::min({distance_to_line(place, corner, across), distance_to_line(place, across, opposite),
-                   distance_to_line(place, opposite, below), distance_to_line(place, below, corner)});
+// Along the ray from the centre, which is never shorter than the distance itself. A flat ellipse is a line.
+f64 distance_to_ellipse(PixelPoint place, const PixelRectangle& frame) {
+  const f64 half_width = frame.width / 2;
+  const f64 half_height = frame.height / 2;
+  if (half_width < 1 || half_height < 1) return distance_to_frame(place, frame);
+  const f64 across = place.x - frame.x - half_width;
+  const f64 down = place.y - frame.y - half_height;
+  const f64 part = std::hypot(across / half_width, down / half_height);
+  return part > 0 ? std::abs(1 - 1 / part) * std::hypot(across, down) : std::min(half_width, half_height);
 }
 
-// How far the annotation that entry completes is drawn from the place.
-f64 distance_of_entry(const GraphProperties& shown, const GraphLayout& layout, std::size_t entry,
-                      PixelPoint place) {
-  const i32 kind = at_or(shown.GraphAnnotationType, entry, 0);
-  const auto here = point_place(shown, layout, entry);
-  const auto former = entry >= 1 ? point_place(shown, layout, entry - 1) : std::nullopt;
-  if (kind < kLineStartKind) return here ? std::hypot(place.x - here->x, place.y - here->y) : kReach + 1;
-  if (kind == kLineEndKind) return here && former ? distance_to_line(place, *former, *here) : kReach + 1;
-  if (kind < kRectangleKind || entry < 2) return kReach + 1;
-  const auto first = point_place(shown, layout, entry - 2);
-  const bool corners = at_or(shown.GraphAnnotationType, entry - 2, 0) == kFirstCornerKind &&
-                       at_or(shown.GraphAnnotationType, entry - 1, 0) == kSecondCornerKind;
-  return corners && first && former ? distance_to_shape(place, *first, *former) : kReach + 1;
+bool is_inside(const PlacedAnnotation& shape, const PixelRectangle& frame, PixelPoint place) {
+  if (shape.shape != AnnotationShape::Ellipse) return lies_in(frame, place, 0);
+  return std::hypot((place.x - frame.x) / frame.width * 2 - 1, (place.y - frame.y) / frame.height * 2 - 1) <=
+         1;
 }
 
-GraphTarget point_annotation_at(const GraphProperties& shown, const GraphLayout& layout, PixelPoint place) {
-  for (std::size_t entry = shown.GraphAnnotationX.size(); entry-- > 0;)
-    if (distance_of_entry(shown, layout, entry, place) <= kReach)
-      return {TargetKind::PointAnnotation, static_cast<i32>(entry)};
-  return {};
+bool is_at_shape(const PlacedAnnotation& shape, PixelPoint place) {
+  const PixelRectangle frame = frame_of(shape);
+  if (shape.style >= kFilledShape && is_inside(shape, frame, place)) return true;
+  const bool ellipse = shape.shape == AnnotationShape::Ellipse;
+  return (ellipse ? distance_to_ellipse(place, frame) : distance_to_frame(place, frame)) <= kReach;
 }
 
-GraphTarget horizontal_line_at(const GraphProperties& shown, const GraphLayout& layout, PixelPoint place) {
-  for (std::size_t entry = shown.HorzLineAnnotation.size(); entry-- > 0;) {
-    const i32 number = at_or(shown.HorzLineAnnotationAxis, entry, 0);
-    const auto line =
-        place_in_layer(layout, number, layout.x_axis.scale.minimum, shown.HorzLineAnnotation[entry]);
-    if (!line) continue;
-    const LayerLayout& layer = layout.layers[slot_at(layout, place.y)];
-    const bool same_layer = static_cast<i32>(layer.layer) == number;
-    if (same_layer && std::abs(PEconvpixeltograph(layout, *line).y - place.y) <= kReach)
-      return {TargetKind::HorzLine, static_cast<i32>(entry)};
+bool is_at_stroke(const PlacedAnnotation& annotation, PixelPoint place) {
+  const f64 distance = std::hypot(place.x - annotation.from.x, place.y - annotation.from.y);
+  switch (annotation.shape) {
+    case AnnotationShape::None:
+      return distance <= kReach;
+    case AnnotationShape::Symbol:
+      return distance <= std::max(kReach, annotation_symbol_size(annotation.style) * kWidestPart);
+    case AnnotationShape::Line:
+      return distance_to_line(place, annotation.from, annotation.to) <= kReach;
+    default:
+      return is_at_shape(annotation, place);
   }
-  return {};
 }
 
-GraphTarget vertical_line_at(const GraphProperties& shown, const GraphLayout& layout, PixelPoint place) {
-  for (std::size_t entry = shown.VertLineAnnotation.size(); entry-- > 0;)
-    if (std::abs(pixel_of(layout.x_axis.scale, shown.VertLineAnnotation[entry]) - place.x) <= kReach)
-      return {TargetKind::VertLine, static_cast<i32>(entry)};
+bool is_at(const PlacedAnnotation& annotation, PixelPoint place) {
+  const PlacedText& text = annotation.text;
+  if (text.box.width > 0 && lies_in(text.box, place, kTextReach)) return true;
+  return lies_in(annotation.clip, place, 0) && is_at_stroke(annotation, place);
+}
+
+GraphTarget last_at(const std::vector<PlacedAnnotation>& placed, AnnotationTable table, TargetKind kind,
+                    PixelPoint place) {
+  for (auto each = placed.rbegin(); each != placed.rend(); ++each)
+    if (each->table == table && is_at(*each, place)) return {kind, static_cast<i32>(each->entry)};
   return {};
 }
 
@@ -102,11 +104,15 @@ f64 distance_to_line(PixelPoint place, PixelPoint from, PixelPoint to) {
   return std::hypot(from.x + part * across - place.x, from.y + part * down - place.y);
 }
 
-GraphTarget annotation_at(const GraphProperties& shown, const GraphLayout& layout, PixelPoint place) {
-  if (!shown.ShowAnnotations || !layout.has_axes) return {};
-  GraphTarget target = point_annotation_at(shown, layout, place);
-  if (target.kind == TargetKind::None) target = horizontal_line_at(shown, layout, place);
-  if (target.kind == TargetKind::None) target = vertical_line_at(shown, layout, place);
+GraphTarget annotation_at(const GraphProperties& shown, const GraphLayout& layout, const TextMeasure* measure,
+                          PixelPoint place) {
+  const NoMeasure none;
+  const auto placed = place_annotations(shown, layout, measure != nullptr ? *measure : none);
+  GraphTarget target = last_at(placed, AnnotationTable::Points, TargetKind::PointAnnotation, place);
+  if (target.kind == TargetKind::None)
+    target = last_at(placed, AnnotationTable::HorizontalLines, TargetKind::HorzLine, place);
+  if (target.kind == TargetKind::None)
+    target = last_at(placed, AnnotationTable::VerticalLines, TargetKind::VertLine, place);
   return target;
 }
 

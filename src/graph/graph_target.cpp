@@ -93,16 +93,17 @@ GraphTarget axis_at(const GraphLayout& layout, PixelPoint place) {
   if (!layout.has_axes) return {};
   for (const LayerLayout& layer : layout.layers) {
     if (layer.has_left && contains(axis_box(layer.left, layer.area), place)) return {TargetKind::LeftAxis};
-    if (layer.shows_right && contains(axis_box(layer.right, layer.area), place)) return {TargetKind::RightAxis};
+    if (layer.shows_right && contains(axis_box(layer.right, layer.area), place))
+      return {TargetKind::RightAxis};
   }
   if (contains(axis_box(layout.x_axis, layout.layers.back().area), place)) return {TargetKind::XAxis};
   return {};
 }
 
 GraphTarget inside_layers(const GraphProperties& shown, const GraphLayout& layout, PixelPoint place,
-                          TargetOrder order) {
+                          TargetOrder order, const TextMeasure* measure) {
   const GraphTarget point = data_point_at(shown, layout, place);
-  const GraphTarget annotation = annotation_at(shown, layout, place);
+  const GraphTarget annotation = annotation_at(shown, layout, measure, place);
   const GraphTarget& first = order == TargetOrder::DataFirst ? point : annotation;
   const GraphTarget& second = order == TargetOrder::DataFirst ? annotation : point;
   if (first.kind != TargetKind::None) return first;
@@ -112,12 +113,13 @@ GraphTarget inside_layers(const GraphProperties& shown, const GraphLayout& layou
 }  // namespace
 
 GraphTarget target_at(const GraphProperties& shown, const GraphLayout& layout, PixelPoint place,
-                      TargetOrder order) {
+                      TargetOrder order, const TextMeasure* measure) {
   if (const GraphTarget entry = legend_at(layout, place); entry.kind != TargetKind::None) return entry;
-  if (layout.has_axes && contains(layers_rectangle(layout), place)) {
-    const GraphTarget inside = inside_layers(shown, layout, place, order);
-    if (inside.kind != TargetKind::None) return inside;
-  }
+  // Beside the layers there are the texts of annotations that stand in the margins.
+  const bool inside = layout.has_axes && contains(layers_rectangle(layout), place);
+  const GraphTarget target = inside ? inside_layers(shown, layout, place, order, measure)
+                                    : annotation_at(shown, layout, measure, place);
+  if (target.kind != TargetKind::None) return target;
   const GraphTarget title = title_at(layout, place);
   return title.kind != TargetKind::None ? title : axis_at(layout, place);
 }

@@ -9,9 +9,10 @@ namespace trendaro {
 // Who wins where a data point and an annotation lie at one place.
 enum class TargetOrder : u8 { DataFirst, AnnotationsFirst };
 
-// What of the graph lies under a pixel, with a few pixels of tolerance.
+// What of the graph lies under a pixel, with a few pixels of tolerance. Without `measure` the texts of
+// annotations are no targets.
 GraphTarget target_at(const GraphProperties& shown, const GraphLayout& layout, PixelPoint place,
-                      TargetOrder order);
+                      TargetOrder order, const TextMeasure* measure = nullptr);
 
 // The vertical line of a graph that a pointer at `place` grips, index from 0; -1 for none. Of two lines at
 // one place the left one is gripped from its left and the right one from its right, so that both can be

@@ -120,6 +120,7 @@ void GraphWidget::mirror() {
 
 const GraphLayout& GraphWidget::layout_on_show() {
   refresh();
+  interaction_.measure = &sheet_->fonts;
   return sheet_->layout;
 }
 
@@ -282,7 +283,8 @@ void GraphWidget::keyPressEvent(QKeyEvent* event) {
   if (event->key() == Qt::Key_Escape && interaction_.drag != PointerDrag::None) return give_up();
   const auto key = key_of(*event);
   bool taken = false;
-  const GraphEvents events = key ? press_graph_key(interaction_, graph_, layout_on_show(), *key, taken) : GraphEvents{};
+  const GraphEvents events =
+      key ? press_graph_key(interaction_, graph_, layout_on_show(), *key, taken) : GraphEvents{};
   if (!taken) return QWidget::keyPressEvent(event);
   tell(events);
 }

@@ -49,9 +49,10 @@ bool zooming_allowed(const GraphSurface& graph) {
   return graph.pending.AllowZooming >= kZoomHorizontal && graph.pending.AllowZooming <= kZoomRectangle;
 }
 
-GraphEvents right_click(const GraphSurface& graph, const GraphLayout& layout, PixelPoint place) {
+GraphEvents right_click(const Interaction& interaction, const GraphSurface& graph, const GraphLayout& layout,
+                        PixelPoint place) {
   GraphEvent event = event_at(GraphEventKind::RightClick, layout, place, PointerButton::Right);
-  event.target = target_at(graph.shown(), layout, place, TargetOrder::AnnotationsFirst);
+  event.target = target_at(graph.shown(), layout, place, TargetOrder::AnnotationsFirst, interaction.measure);
   return {event};
 }
 
@@ -61,12 +62,13 @@ GraphEvents follow_pointer(GraphSurface& graph, const GraphLayout& layout, Pixel
 }
 
 // A click where the button went down; a cursor that does not follow the pointer jumps there.
-GraphEvents click(GraphSurface& graph, const GraphLayout& layout, PixelPoint place) {
+GraphEvents click(const Interaction& interaction, GraphSurface& graph, const GraphLayout& layout,
+                  PixelPoint place) {
   GraphEvents events;
   if (graph.pending.CursorMode != kCursorOff && !graph.pending.CursorPromptTracking)
     events = follow_pointer(graph, layout, place);
   GraphEvent event = event_at(GraphEventKind::Click, layout, place, PointerButton::Left);
-  event.target = target_at(graph.shown(), layout, place, TargetOrder::DataFirst);
+  event.target = target_at(graph.shown(), layout, place, TargetOrder::DataFirst, interaction.measure);
   events.push_back(event);
   return events;
 }
@@ -109,7 +111,7 @@ PixelPoint middle_of(const GraphLayout& layout) {
 GraphEvents press_pointer(Interaction& interaction, GraphSurface& graph, const GraphLayout& layout,
                           PixelPoint place, PointerButton button) {
   if (interaction.drag != PointerDrag::None) return {};
-  if (button == PointerButton::Right) return right_click(graph, layout, place);
+  if (button == PointerButton::Right) return right_click(interaction, graph, layout, place);
   interaction.start = interaction.now = place;
   interaction.line = interaction.has_limit_lines ? gripped_line(graph.shown(), layout, place) : -1;
   if (interaction.line >= 0) {
@@ -147,10 +149,10 @@ GraphEvents release_pointer(Interaction& interaction, GraphSurface& graph, const
     case PointerDrag::LimitLine:
       return {line_event(GraphEventKind::ButtonUp, layout, place, interaction.line, button)};
     case PointerDrag::Band:
-      return stayed(interaction, place) ? click(graph, layout, place)
+      return stayed(interaction, place) ? click(interaction, graph, layout, place)
                                         : end_band(interaction, graph, layout, place);
     case PointerDrag::Press:
-      return stayed(interaction, place) ? click(graph, layout, place) : GraphEvents{};
+      return stayed(interaction, place) ? click(interaction, graph, layout, place) : GraphEvents{};
     default:
       return {};
   }
@@ -160,7 +162,7 @@ GraphEvents double_click_pointer(Interaction& interaction, GraphSurface& graph, 
                                  PixelPoint place) {
   interaction.drag = PointerDrag::None;
   GraphEvent event = event_at(GraphEventKind::DoubleClick, layout, place, PointerButton::Left);
-  event.target = target_at(graph.shown(), layout, place, TargetOrder::DataFirst);
+  event.target = target_at(graph.shown(), layout, place, TargetOrder::DataFirst, interaction.measure);
   return {event};
 }
 

@@ -23,8 +23,9 @@ struct Interaction {
   bool has_limit_lines = false;  // the vertical lines of the graph can be gripped
   PointerDrag drag = PointerDrag::None;
   PixelPoint start = {}, now = {};
-  i32 line = -1;  // the gripped line, from 0
-  i16 mode = 0;   // of the rubber band; one of the values of AllowZooming
+  i32 line = -1;                         // the gripped line, from 0
+  i16 mode = 0;                          // of the rubber band; one of the values of AllowZooming
+  const TextMeasure* measure = nullptr;  // of the graph on show; without one, annotations' texts are not hit
 };
 
 using GraphEvents = std::vector<GraphEvent>;

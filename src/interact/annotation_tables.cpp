@@ -29,6 +29,12 @@ constexpr i32 kFirstCorner = 46;
 constexpr i32 kSecondCorner = 47;
 constexpr std::array<i32, 3> kShapeBases = {48, 56, 64};  // rectangle, rounded, ellipse
 
+// Of the ten styles, "Gitter Tick" and "Gitter Linie" are those of whole lines, and "Ausgefüllt" fills
+// shapes.
+constexpr i32 kLastStroke = 6;
+constexpr i32 kFilled = 9;
+constexpr i32 kShapeFill = 7;  // behind a base
+
 constexpr i32 kTextSize = 80;  // percent
 
 void clear_tables(GraphProperties& graph) {
@@ -90,9 +96,19 @@ void add_y_mark(GraphProperties& graph, const AnnotationRecord& record, i32 axis
   layer.YAxisAnnotationColor.push_back(record.Color);
 }
 
+// The kind's distance from its base. The bases lie too close for ten styles: those beyond the strokes would
+// turn into the next kind, so that they count as "Normal".
+i32 line_style(i16 style) {
+  return style >= 0 && style <= kLastStroke ? style : 0;
+}
+
+i32 shape_style(i16 style) {
+  return style == kFilled ? kShapeFill : line_style(style);
+}
+
 // The entry that carries text and colour is the last one of its shape.
 void add_line(GraphProperties& graph, const AnnotationRecord& record, i32 axis) {
-  add_point(graph, kLineStart + record.LineStyle, point_of(record, 0), axis, "", 0);
+  add_point(graph, kLineStart + line_style(record.LineStyle), point_of(record, 0), axis, "", 0);
   add_point(graph, kLineEnd, point_of(record, 1), axis, record.Text, record.Color);
 }
 
@@ -100,7 +116,8 @@ void add_shape(GraphProperties& graph, const AnnotationRecord& record, i32 axis)
   const i32 base = kShapeBases[static_cast<std::size_t>(record.Type - kRectangle)];
   add_point(graph, kFirstCorner, point_of(record, 0), axis, "", 0);
   add_point(graph, kSecondCorner, point_of(record, 1), axis, "", 0);
-  add_point(graph, base + record.LineStyle, point_of(record, 1), axis, record.Text, record.Color);
+  add_point(graph, base + shape_style(record.LineStyle), point_of(record, 1), axis, record.Text,
+            record.Color);
 }
 
 void add_annotation(GraphProperties& graph, const AnnotationRecord& record, i32 axis) {

@@ -74,6 +74,21 @@ TEST_F(AnnotationLayoutTest, TwoEntriesMakeALineAndThreeAShape) {
   EXPECT_DOUBLE_EQ(all[1].to.x, area.x + area.width * 0.8);
 }
 
+TEST_F(AnnotationLayoutTest, WhatLacksItsStartOrCornersIsNotPlaced) {
+  add_point(kLineEndKind, 5, 5, "");
+  add_point(kRectangleKind, 5, 5, "");
+  add_point(kFirstCornerKind, 2, 2, "");
+  add_point(kRectangleKind, 5, 5, "");
+  EXPECT_TRUE(placed().empty());
+  // A second end does not begin where the line before did.
+  add_point(kLineStartKind, 0, 0, "");
+  add_point(kLineEndKind, 10, 10, "");
+  add_point(kLineEndKind, 5, 5, "");
+  const auto all = placed();
+  ASSERT_EQ(all.size(), 1U);
+  EXPECT_EQ(all[0].entry, 5U);
+}
+
 TEST_F(AnnotationLayoutTest, LayersThatAreNotOnShowLeaveTheirsOut) {
   add_point(1, 5, 5, "", -1);
   add_point(1, 5, 5, "", 2);
@@ -155,7 +170,7 @@ TEST_F(AnnotationLayoutTest, ListsOfDifferentLengthAndSenselessKindsDoNoHarm) {
   graph.pending.GraphAnnotationX = {1};
   graph.pending.HorzLineAnnotation = {1, std::numeric_limits<f64>::quiet_NaN()};
   graph.pending.VertLineAnnotation = {std::numeric_limits<f64>::infinity()};
-  EXPECT_EQ(placed().size(), 3U);  // the symbol, the line without a start, the level line
+  EXPECT_EQ(placed().size(), 2U);  // the symbol and the level line
 }
 
 TEST(LineTextTest, TheSideStandsAtEitherEnd) {

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "support/fixed_measure.h"
 #include "support/hand_layout.h"
 
 namespace trendaro {
@@ -12,12 +13,13 @@ class GraphTargetTest : public ::testing::Test {
   GraphTargetTest() { hand_curves(graph); }
 
   GraphTarget at(f64 x, f64 y, TargetOrder order = TargetOrder::DataFirst) {
-    return target_at(graph.pending, layout, {x, y}, order);
+    return target_at(graph.pending, layout, {x, y}, order, &measure);
   }
   void expect_kind(TargetKind kind, f64 x, f64 y) {
     EXPECT_EQ(static_cast<int>(at(x, y).kind), static_cast<int>(kind)) << x << ", " << y;
   }
-  void annotate(i32 kind, f64 x, f64 y) {
+  void annotate(i32 kind, f64 x, f64 y, const std::string& text = "") {
+    graph.pending.GraphAnnotationText.push_back(text);
     graph.pending.ShowAnnotations = true;
     graph.pending.GraphAnnotationType.push_back(kind);
     graph.pending.GraphAnnotationX.push_back(x);
@@ -27,6 +29,7 @@ class GraphTargetTest : public ::testing::Test {
 
   GraphSurface graph{1};
   GraphLayout layout = hand_layout();
+  FixedMeasure measure;
 };
 
 TEST_F(GraphTargetTest, TitlesAxesAndLegend) {
@@ -68,6 +71,59 @@ TEST_F(GraphTargetTest, SymbolsLinesAndShapes) {
   EXPECT_EQ(at(388, 100).index, 5);
   expect_kind(TargetKind::None, 350, 100);
   expect_kind(TargetKind::None, 150, 130);
+}
+
+TEST_F(GraphTargetTest, TheTextOfAnAnnotationIsATarget) {
+  annotate(0, 5, 9, "nur Text");  // from (150, 60) on, 56 wide and 14 high
+  EXPECT_EQ(at(200, 64).index, 0);
+  expect_kind(TargetKind::None, 212, 64);
+  expect_kind(TargetKind::None, 200, 72);
+  annotate(1, 21, 9, "Spitze");  // symbol at (310, 60), text from 317 to 359
+  EXPECT_EQ(at(355, 60).index, 1);
+  EXPECT_EQ(static_cast<int>(target_at(graph.pending, layout, {355, 60}, TargetOrder::AnnotationsFirst).kind),
+            static_cast<int>(TargetKind::None));
+}
+
+TEST_F(GraphTargetTest, ATextInTheMarginIsATarget) {
+  graph.pending.ShowAnnotations = true;
+  graph.pending.HorzLineAnnotation = {8};  // 70
+  graph.pending.HorzLineAnnotationAxis = {0};
+  graph.pending.HorzLineAnnotationText = {"max|R"};
+  layout.room = {30, 40, 430, 290};
+  // 4 pixels beside the room, 21 wide.
+  EXPECT_EQ(static_cast<int>(at(480, 70).kind), static_cast<int>(TargetKind::HorzLine));
+  expect_kind(TargetKind::None, 490, 70);
+  expect_kind(TargetKind::RightAxis, 445, 70);
+}
+
+TEST_F(GraphTargetTest, AnEllipseIsHitOnItsArc) {
+  annotate(46, 21, 9);  // from (310, 60)
+  annotate(47, 29, 1);  // to (390, 140): centre (350, 100), radius 40
+  annotate(64, 29, 1);
+  EXPECT_EQ(at(322, 72).index, 2);  // 39.6 from the centre
+  EXPECT_EQ(at(350, 141).index, 2);
+  expect_kind(TargetKind::None, 312, 62);
+  expect_kind(TargetKind::None, 350, 100);
+}
+
+TEST_F(GraphTargetTest, AFilledShapeIsHitAllOver) {
+  annotate(46, 21, 9);
+  annotate(47, 29, 1);
+  annotate(71, 29, 1);
+  EXPECT_EQ(at(350, 110).index, 2);
+  expect_kind(TargetKind::None, 312, 62);
+  graph.pending.GraphAnnotationType.back() = 55;  // a filled rectangle
+  EXPECT_EQ(at(312, 62).index, 2);
+  graph.pending.GraphAnnotationType.back() = 63;  // a filled rounded one
+  EXPECT_EQ(at(350, 110).index, 2);
+}
+
+TEST_F(GraphTargetTest, ALargeSymbolIsHitOnItsEdge) {
+  annotate(30, 5, 9);  // a square of 14 around (150, 60)
+  expect_kind(TargetKind::PointAnnotation, 158, 60);
+  expect_kind(TargetKind::None, 160, 60);
+  graph.pending.GraphAnnotationType.back() = 6;
+  expect_kind(TargetKind::None, 158, 60);
 }
 
 TEST_F(GraphTargetTest, WholeLinesAndTheLayerOfTheirs) {

@@ -1,5 +1,7 @@
 #include "interact/annotation_tables.h"
 
+#include <array>
+
 #include <gtest/gtest.h>
 
 #include "app/model.h"
@@ -49,6 +51,27 @@ TEST_F(AnnotationTablesTest, SymbolIsOnePoint) {
   EXPECT_EQ(graph.AnnotationTextSize, 80);
   EXPECT_EQ(graph.AxisAnnotationTextSize, 80);
   EXPECT_EQ(graph.LineAnnotationTextSize, 80);
+}
+
+TEST_F(AnnotationTablesTest, NoStyleTurnsALineOrShapeIntoAnotherKind) {
+  const Kinds lines = {38, 39, 40, 41, 42, 43, 44, 38, 38, 38};
+  const Kinds distances = {0, 1, 2, 3, 4, 5, 6, 0, 0, 7};
+  for (i16 style = 0; style < 10; ++style) {
+    const auto index = static_cast<std::size_t>(style);
+    model.AnnotationCount = 0;
+    model.Annotations.clear();
+    for (const u8 type : std::array<u8, 4>{5, 6, 7, 8}) add(type).LineStyle = style;
+    rebuild();
+    EXPECT_EQ(graph.GraphAnnotationType, (Kinds{lines[index], 45, 46, 47, 48 + distances[index], 46, 47,
+                                                56 + distances[index], 46, 47, 64 + distances[index]}));
+  }
+}
+
+TEST_F(AnnotationTablesTest, AStyleThatIsNoneCountsAsNormal) {
+  add(5).LineStyle = -3;
+  add(6).LineStyle = 32767;
+  rebuild();
+  EXPECT_EQ(graph.GraphAnnotationType, (Kinds{38, 45, 46, 47, 48}));
 }
 
 TEST_F(AnnotationTablesTest, WholeLinesHaveTablesOfTheirOwn) {

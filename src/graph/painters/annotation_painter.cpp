@@ -13,11 +13,9 @@
 namespace trendaro {
 namespace {
 
-constexpr f64 kSymbolSizes[] = {9, 5, 14};  // medium, small, large; logical pixels
 constexpr f64 kCornerRadius = 7;
 constexpr f64 kFillOpacity = 0.25;
 constexpr f64 kGridShare = 0.3;
-constexpr i32 kSymbolsOfASize = 12;
 
 QPen pen_of(const GraphProperties& shown, const PlacedAnnotation& annotation) {
   const QColor color = graph_color(annotation.color);
@@ -91,7 +89,7 @@ void paint_mark(QPainter& painter, const PlacedAnnotation& annotation, const QPe
       break;
     case AnnotationShape::Symbol: {
       const i32 symbol = annotation.style - 1;
-      const f64 size = kSymbolSizes[std::clamp(symbol / kSymbolsOfASize, 0, 2)];
+      const f64 size = annotation_symbol_size(annotation.style);
       paint_symbol(painter, make_symbol(symbol % kSymbolsOfASize, size),
                    {annotation.from.x, annotation.from.y}, pen.color());
       break;
