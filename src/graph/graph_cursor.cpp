@@ -115,7 +115,8 @@ CursorMark cursor_mark(const GraphSurface& graph, const GraphLayout& layout) {
   const bool inside_y = lies_between(place->y, area.y, area.bottom());
   mark.slot = curve->slot;
   if (mode != kCursorSquare && inside_x) mark.vertical = PixelRectangle{place->x, all.y, 0, all.height};
-  if (mode == kCursorCross && inside_y) mark.horizontal = PixelRectangle{area.x, place->y, area.width, 0};
+  if (mode == kCursorCross && inside_x && inside_y)
+    mark.horizontal = PixelRectangle{area.x, place->y, area.width, 0};
   if (mode == kCursorSquare && inside_x && inside_y) mark.square = place;
   return mark;
 }

@@ -15,7 +15,8 @@ inline constexpr i16 kCursorSquare = 3;
 
 // The cursor needs no PEactions: its properties of `pending` count at once.
 
-// The strokes of the cursor, in pixels. Nothing where no cursor is on or its point is not on show.
+// The strokes of the cursor, in pixels. Nothing where no cursor is on or its point stands left or right of
+// what is on show; the upright stroke alone where it stands above or below.
 struct CursorMark {
   std::optional<PixelRectangle> vertical;    // a line: width 0
   std::optional<PixelRectangle> horizontal;  // a line: height 0

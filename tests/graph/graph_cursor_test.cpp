@@ -123,7 +123,14 @@ TEST_F(GraphCursorTest, NoStrokesWithoutACursorOrOutsideOfTheSection) {
   graph.pending.CursorMode = kCursorCross;
   layout.x_axis.scale = {10, 20, false, 100, 400};
   EXPECT_FALSE(cursor_mark(graph, layout).vertical);
-  EXPECT_TRUE(cursor_mark(graph, layout).horizontal);
+  EXPECT_FALSE(cursor_mark(graph, layout).horizontal);
+}
+
+TEST_F(GraphCursorTest, AboveTheSectionTheUprightStrokeStays) {
+  graph.pending.CursorPoint = 1;  // at y = 10
+  layout.layers[0].left.scale = {0, 5, false, 150, 50};
+  EXPECT_TRUE(cursor_mark(graph, layout).vertical);
+  EXPECT_FALSE(cursor_mark(graph, layout).horizontal);
 }
 
 TEST_F(GraphCursorTest, AnEmptyGraphHasNoCursor) {
