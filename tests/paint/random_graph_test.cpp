@@ -9,8 +9,10 @@
 
 #include <gtest/gtest.h>
 
+#include "graph/graph_cursor.h"
 #include "graph/graph_painter.h"
 #include "graph/graph_surface.h"
+#include "graph/graph_target.h"
 #include "graph/plot_methods.h"
 
 namespace trendaro {
@@ -46,13 +48,35 @@ int setting(const char* name, int otherwise) {
   return value > 0 ? value : otherwise;
 }
 
-void draw(const GraphSurface& graph, RandomValues& values) {
+// A user who points anywhere, keys included.
+void use(GraphSurface& graph, const GraphSheet& sheet, RandomValues& values) {
+  const auto anywhere = [&](f64 length) { return static_cast<f64>(values.below(1000)) / 1000 * length; };
+  for (int i = 0; i < 4; ++i) {
+    const PixelPoint place{anywhere(sheet.layout.width), anywhere(sheet.layout.height)};
+    const GraphTarget target =
+        target_at(graph.shown(), sheet.layout, place,
+                  values.one_in(2) ? TargetOrder::DataFirst : TargetOrder::AnnotationsFirst, &sheet.fonts);
+    EXPECT_EQ(target.index >= 0, target.kind == TargetKind::PointAnnotation ||
+                                     target.kind == TargetKind::HorzLine ||
+                                     target.kind == TargetKind::VertLine);
+    gripped_line(graph.shown(), sheet.layout, place);
+    snap_cursor(graph, sheet.layout, place);
+    step_cursor(graph, sheet.layout, static_cast<CursorStep>(values.below(8)));
+    const CursorMark mark = cursor_mark(graph, sheet.layout);
+    EXPECT_LT(mark.slot, sheet.layout.layers.size());
+  }
+}
+
+void draw(GraphSurface& graph, RandomValues& values) {
   QImage image(1 + static_cast<int>(values.below(500)), 1 + static_cast<int>(values.below(300)),
                QImage::Format_RGB32);
   image.setDevicePixelRatio(values.one_in(3) ? 1.5 : 1);
   image.fill(Qt::magenta);
   QPainter painter(&image);
-  paint_graph(painter, graph.shown(), image.deviceIndependentSize());
+  const GraphSheet sheet(graph.shown(), image.deviceIndependentSize());
+  paint_graph_base(painter, sheet);
+  paint_graph_overlay(painter, sheet);
+  use(graph, sheet, values);
 }
 
 TEST(RandomGraphTest, AnySettingsAreDrawn) {

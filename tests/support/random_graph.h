@@ -57,8 +57,13 @@ class RandomValues {
   template <typename T>
   T integer() {
     if (one_in(12)) return one_in(2) ? std::numeric_limits<T>::min() : std::numeric_limits<T>::max();
+    if (one_in(3)) return kKinds[below(std::size(kKinds))];
     return static_cast<T>(static_cast<int>(below(22)) - 2);
   }
+
+  // Kinds of annotations with their fills, symbols, places of tables, sizes in percent, methods on the right.
+  static constexpr i16 kKinds[] = {36, 38,  44,  45,  46,  47, 48, 55,  56,  57,  63,  64,  71,   72,   73,
+                                   80, 100, 101, 102, 200, 30, 6,  500, 300, 103, 105, 999, 1000, 1002, 1017};
 
   std::mt19937 random_;
 };
