@@ -106,5 +106,9 @@ TEST(GoldenPictureTest, LegendsAndFrames) {
   expect_as_kept(sample_texts(), 1, "texts");
 }
 
+TEST(GoldenPictureTest, FurtherSettings) {
+  expect_as_kept(sample_settings(), 1, "settings");
+}
+
 }  // namespace
 }  // namespace trendaro

@@ -255,6 +255,77 @@ void add_legends(SampleGraphs& graphs) {
   }
 }
 
+void add_symbol_sizes(SampleGraphs& graphs) {
+  constexpr std::pair<const char*, i16> kSizes[] = {{"Symbole groß", 2}, {"Symbole micro", 3}};
+  for (const auto& [title, size] : kSizes) {
+    GraphSurface& graph = add(graphs, title);
+    graph.pending.DataPointSize = size;
+    std::vector<Curve> curves;
+    for (int i = 0; i < 6; ++i) curves.push_back([i](f64 x) { return 6 - i + 0.3 * std::sin(x); });
+    give_curves(graph, 0, 10, 16, curves);
+    graph.pending.SubsetPointTypes = {1, 3, 4, 7, 8, 73};
+    for (i32& method : graph.pending.SubsetPlotMethods) method = kMethodPoints;
+    PEactions(graph, kTakeOverAndRedraw);
+  }
+}
+
+void add_axis_settings(SampleGraphs& graphs) {
+  GraphSurface& inverted = add(graphs, "x-Achse invertiert");
+  inverted.pending.InvertedXAxis = true;
+  give_curves(inverted, 0, 10, 300, {[](f64 x) { return x * std::sin(x); }});
+
+  GraphSurface& automatic = add(graphs, "Von selbst logarithmisch");
+  automatic.pending.layers[0].YAxisScaleControl = 0;
+  give_curves(automatic, 0, 10, 300, {[](f64 x) { return std::pow(10.0, x - 3); }});
+
+  GraphSurface& manual = add(graphs, "Eigene Abstände");
+  manual.pending.ManualXAxisTicknLine = true;
+  manual.pending.ManualXAxisTick = 0.5;
+  manual.pending.ManualXAxisLine = 2.5;
+  manual.pending.layers[0].ManualYAxisTicknLine = true;
+  manual.pending.layers[0].ManualYAxisTick = 0.1;
+  manual.pending.layers[0].ManualYAxisLine = 0.5;
+  give_curves(manual, 0, 10, 300, {[](f64 x) { return std::sin(x); }});
+
+  GraphSurface& power = add(graphs, "Zehnerpotenz am Titel");
+  power.pending.AutoScaleData = true;
+  power.pending.XAxisLabel = "Zeit/s";
+  power.pending.layers[0].YAxisLabel = "N";
+  give_curves(power, 0, 50000, 300, {[](f64 x) { return 1e-4 * std::sin(x / 7000); }});
+}
+
+void add_shapes(SampleGraphs& graphs) {
+  GraphSurface& graph = add(graphs, "Formen");
+  give_curves(graph, 0, 9, 300, {[](f64 x) { return 3 + std::sin(x); }});
+  graph.pending.ShowAnnotations = true;
+  f64 x = 0.5;
+  for (const i32 kind : {kRectangleKind, kRoundedKind, kEllipseKind})
+    for (const i32 style : {1, kFilledShape}) {
+      add_annotation(graph, kFirstCornerKind, x, 3.6, "", 0);
+      add_annotation(graph, kSecondCornerKind, x + 1, 2.4, "", 0);
+      add_annotation(graph, kind + style, 0, 0, style == 1 ? "" : "gefüllt", 0xB05010);
+      x += 1.4;
+    }
+  PEactions(graph, kTakeOverAndRedraw);
+}
+
+void add_crowds(SampleGraphs& graphs) {
+  GraphSurface& names = add(graphs, "Viele lange Namen");
+  std::vector<Curve> curves;
+  for (int i = 0; i < 24; ++i) curves.push_back([i](f64 x) { return std::sin(x + i / 4.0); });
+  give_curves(names, 0, 10, 200, curves);
+  for (std::size_t i = 0; i < curves.size(); ++i)
+    names.pending.SubsetLabels[i] = "Schwingweg gefiltert 10 Hz bis " + std::to_string(100 + 10 * i);
+  PEactions(names, kTakeOverAndRedraw);
+
+  GraphSurface& lines = add(graphs, "Viele Titelzeilen");
+  for (i32 i = 0; i < 10; ++i) {
+    set_element(lines.pending.MultiSubTitles, i, "oben " + std::to_string(i + 1));
+    set_element(lines.pending.MultiBottomTitles, i, "links|unten " + std::to_string(i + 1) + "|rechts");
+  }
+  give_curves(lines, 0, 10, 200, {[](f64 x) { return std::sin(x); }});
+}
+
 }  // namespace
 
 SampleGraphs sample_methods() {
@@ -278,6 +349,15 @@ SampleGraphs sample_texts() {
   add_texts(graphs);
   add_legends(graphs);
   add_annotations(graphs);
+  return graphs;
+}
+
+SampleGraphs sample_settings() {
+  SampleGraphs graphs;
+  add_symbol_sizes(graphs);
+  add_axis_settings(graphs);
+  add_shapes(graphs);
+  add_crowds(graphs);
   return graphs;
 }
 

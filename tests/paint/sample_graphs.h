@@ -15,5 +15,7 @@ SampleGraphs sample_methods();
 SampleGraphs sample_axes();
 // Titles, legends at every place, annotations and a table, a graph without curves.
 SampleGraphs sample_texts();
+// Sizes of symbols, further settings of axes, shapes, and more names and lines than there is room for.
+SampleGraphs sample_settings();
 
 }  // namespace trendaro
