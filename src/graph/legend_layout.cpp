@@ -123,16 +123,18 @@ std::size_t rows_of(std::size_t entries, std::size_t columns) {
 }
 
 // A table of all entries for a number of rows, as far as names that are still telling allow. Two long names
-// find room beside each other in any case.
+// find room beside each other.
 LegendTable legend_table(std::vector<LooseEntry>& entries, f64 width, std::size_t rows,
                          const TextMeasure& measure) {
   const EntryMeasure entry(measure);
-  const f64 half = share_of_column(width, 2, entry);
-  limit_names(entries, half, measure);
+  const auto telling = [&](std::size_t columns) {
+    return std::min(share_of_column(width, 1, entry),
+                    std::max(share_of_column(width, columns, entry), kTellingName * entry.line));
+  };
+  limit_names(entries, telling(std::min<std::size_t>(entries.size(), 2)), measure);
   const LegendTable table = fitting_table(entries, width, entry);
   if (rows_of(entries.size(), table.columns) <= rows) return table;
-  const f64 share = share_of_column(width, rows_of(entries.size(), rows), entry);
-  limit_names(entries, std::min(half, std::max(share, kTellingName * entry.line)), measure);
+  limit_names(entries, telling(std::max<std::size_t>(rows_of(entries.size(), rows), 2)), measure);
   return fitting_table(entries, width, entry);
 }
 
@@ -216,7 +218,7 @@ void place_above_or_below(const GraphProperties& shown, const TextMeasure& measu
   const EntryMeasure entry(measure);
   const f64 gap = std::round(entry.line * 0.4);
   const f64 budget = room.height * kHeightShare - gap;
-  if (budget < entry.line) return;
+  if (budget < entry.line || room.width < entry.lead() + kShortestName * entry.line) return;
   const auto most_rows = static_cast<std::size_t>(budget / entry.line);
   const bool top = shown.LegendLocation == kLegendTop;
   const auto take_rows = [&](std::size_t rows) {

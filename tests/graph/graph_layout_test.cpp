@@ -433,6 +433,15 @@ TEST(LegendLayoutTest, LongNamesStandInTwoColumnsAndAreToldApartByTheirEnds) {
   EXPECT_TRUE(layout.legend_notes.empty());
 }
 
+TEST(LegendLayoutTest, ANarrowGraphCutsANameToItsWholeWidth) {
+  // 84 less 28 for the sample are 56, eight characters.
+  const GraphLayout layout = layout_of(graph_with_long_names(1), 100, 400);
+  ASSERT_EQ(layout.legend.size(), 1U);
+  EXPECT_EQ(layout.legend[0].name.text, "Schw…100");
+  // Narrower than a sample and three lines of text there is no legend.
+  EXPECT_TRUE(layout_of(graph_with_long_names(1), 85, 400).legend.empty());
+}
+
 TEST(LegendLayoutTest, ManyCurvesGetMoreColumnsWithShorterNames) {
   // A quarter of 384 less a gap of 6 holds 6 lines, so 24 curves need 4 columns.
   const GraphLayout layout = layout_of(graph_with_long_names(24), 900, 400);
