@@ -14,6 +14,9 @@
 namespace trendaro {
 namespace {
 
+// Columns for which memory is asked ahead of the one at work.
+constexpr std::size_t kAhead = 16;
+
 struct OutlineTask {
   const CurveSamples& samples;
   const AxisScale& x_scale;
@@ -53,13 +56,23 @@ void add_extremes(const OutlineTask& task, std::size_t first, std::size_t last,
 // Where the samples of the columns begin and end, without columns that have none.
 std::vector<std::size_t> column_stops(const OutlineTask& task, const PixelRectangle& area) {
   const CurveSamples& samples = task.samples;
-  const std::vector<f64> edges = column_edges(task.x_scale, area, task.detail.column_width, samples.falling);
-  std::vector<std::size_t> stops = {first_reaching(samples, 0, edges.front())};
-  for (std::size_t edge = 1; edge < edges.size() && stops.back() < samples.count; ++edge) {
-    const std::size_t stop = first_reaching(samples, stops.back(), edges[edge]);
+  const std::vector<f64> limits = column_edges(task.x_scale, area, task.detail.column_width, samples.falling);
+  for (std::size_t column = 0; column < std::min(kAhead + 1, limits.size()); ++column)
+    ask_for_limit(samples, limits[column]);
+  std::vector<std::size_t> stops = {first_reaching(samples, 0, limits.front())};
+  stops.reserve(limits.size());
+  for (std::size_t column = 1; column < limits.size() && stops.back() < samples.count; ++column) {
+    if (column + kAhead < limits.size()) ask_for_limit(samples, limits[column + kAhead]);
+    const std::size_t stop = first_reaching(samples, stops.back(), limits[column]);
     if (stop > stops.back()) stops.push_back(stop);
   }
   return stops;
+}
+
+void ask_for_run(const CurveSamples& samples, const std::optional<RunExtremes>& run) {
+  if (!run) return;
+  for (const std::size_t index : {run->first, run->lowest, run->highest, run->last})
+    ask_for_sample(samples, index);
 }
 
 // Of a curve whose x goes one way.
@@ -69,7 +82,9 @@ CurveOutline ordered_outline(const OutlineTask& task, const PixelRectangle& area
   const std::vector<std::optional<RunExtremes>> runs = extremes_of_runs(task.samples, stops);
   OutlineBuilder builder;
   add_each(task, stops.front() - std::min(stops.front(), neighbours), stops.front(), builder);
+  for (std::size_t run = 0; run < std::min(kAhead, runs.size()); ++run) ask_for_run(task.samples, runs[run]);
   for (std::size_t run = 0; run < runs.size(); ++run) {
+    if (run + kAhead < runs.size()) ask_for_run(task.samples, runs[run + kAhead]);
     if (stops[run + 1] - stops[run] <= most_per_column)
       add_each(task, stops[run], stops[run + 1], builder);
     else

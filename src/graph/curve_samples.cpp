@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <cmath>
 
+#include "graph/ask_for_memory.h"
+
 namespace trendaro {
 namespace {
 
@@ -129,6 +131,18 @@ std::size_t drawn_end(const CurveSamples& samples, std::size_t first, std::size_
   while (first < last && !samples.drawn(last - 1))
     last -= std::max<std::size_t>(1, gap_before(samples, first, last));
   return last;
+}
+
+void ask_for_sample(const CurveSamples& samples, std::size_t index) {
+  ask_for_memory(samples.y + index, 1);
+  if (samples.x_single != nullptr)
+    ask_for_memory(samples.x_single + index, 1);
+  else
+    ask_for_memory(samples.x_double + index, 1);
+}
+
+void ask_for_limit(const CurveSamples& samples, f64 limit) {
+  if (samples.count > 0) ask_for_sample(samples, even_guess(samples, limit));
 }
 
 std::size_t first_reaching(const CurveSamples& samples, std::size_t from, f64 limit) {

@@ -37,6 +37,12 @@ std::size_t first_drawn(const CurveSamples& samples, std::size_t first, std::siz
 // One behind the last drawn sample before `last`; `first` where none is from there on.
 std::size_t drawn_end(const CurveSamples& samples, std::size_t first, std::size_t last);
 
+// Has the coordinates of a sample of the curve brought near, without waiting for them.
+void ask_for_sample(const CurveSamples& samples, std::size_t index);
+
+// Has brought near what `first_reaching` looks at first.
+void ask_for_limit(const CurveSamples& samples, f64 limit);
+
 // The first drawn sample from `from` on whose x has reached `limit`: is not below it, or not above it where x
 // falls. `count` where there is none. x must rise or fall. Takes few looks where x is evenly spaced,
 // elsewhere time that grows with the logarithm of the curve.

@@ -37,30 +37,23 @@ class RangeSearch {
   [[nodiscard]] ValueRange<T> range() const { return {low_.value, high_.value}; }
 
   // The first of the values with that extreme.
-  [[nodiscard]] std::size_t lowest() { return place_of(low_, &RangeLevel<T>::low); }
-  [[nodiscard]] std::size_t highest() { return place_of(high_, &RangeLevel<T>::high); }
+  [[nodiscard]] std::size_t lowest() const { return place_of(low_); }
+  [[nodiscard]] std::size_t highest() const { return place_of(high_); }
 
-  // The steps of the way to the places: `ask` has the memory brought near that the next one reads, `narrow`
-  // looks up in which entry of a level an extreme lies.
+  // Has the memory brought near that the places are found in.
   void ask() const {
-    ask_for(low_, &RangeLevel<T>::low);
-    ask_for(high_, &RangeLevel<T>::high);
-  }
-  void narrow() {
-    narrow(low_, &RangeLevel<T>::low);
-    narrow(high_, &RangeLevel<T>::high);
+    if (range().empty()) return;
+    ask_for_memory(values_->data() + low_.first, low_.last - low_.first);
+    ask_for_memory(values_->data() + high_.first, high_.last - high_.first);
   }
 
  private:
-  // Where the best value so far was met: among `count` entries of a level or, with `height` 0, values.
+  // The best value so far is the first such one from `first` to `last` - 1.
   struct Best {
     T value;
-    std::size_t height = 0;  // 1 is the finest level
     std::size_t first = std::numeric_limits<std::size_t>::max();
-    std::size_t count = 0;
-    std::size_t place = std::numeric_limits<std::size_t>::max();  // of the first value
+    std::size_t last = std::numeric_limits<std::size_t>::max();
   };
-  using End = std::vector<T, SampleAllocator<T>> RangeLevel<T>::*;
 
   // How many of the entries of `length` end before `last`; the last one of all may be shorter.
   static std::size_t entries_before(std::size_t last, std::size_t count, std::size_t length) {
@@ -84,9 +77,21 @@ class RangeSearch {
   void look_at_entries(std::size_t level, std::size_t length, std::size_t from, std::size_t to) {
     if (from >= to) return;
     const RangeLevel<T>& entries = (*levels_)[level];
-    const ValueRange<T> range{least_of(&entries.low[from], to - from),
-                              greatest_of(&entries.high[from], to - from)};
-    take(range, {.value = 0, .height = level + 1, .first = from, .count = to - from, .place = from * length});
+    const std::size_t count = to - from;
+    const ValueRange<T> range{least_of(&entries.low[from], count), greatest_of(&entries.high[from], count)};
+    if (range.empty()) return;
+    if (may_be_lower(range, from * length))
+      take_block(entries.lowest_at(from + first_equal_of(&entries.low[from], count, range.low)), range.low,
+                 low_);
+    if (may_be_higher(range, from * length))
+      take_block(entries.highest_at(from + first_equal_of(&entries.high[from], count, range.high)),
+                 range.high, high_);
+  }
+
+  void take_block(std::size_t block, T value, Best& best) const {
+    best = {.value = value,
+            .first = block * kIndexBlock,
+            .last = std::min(values_->count(), (block + 1) * kIndexBlock)};
   }
 
   // Values of one block.
@@ -97,52 +102,21 @@ class RangeSearch {
 
   void look_at_values(std::size_t first, std::size_t last) {
     const ValueRange<T> range = values_->range(first, last);
-    take(range, {.value = 0, .height = 0, .first = first, .count = last - first, .place = first});
-  }
-
-  void take(const ValueRange<T>& range, Best best) {
     if (range.empty()) return;
-    if (may_be_lower(range, best.place)) {
-      low_ = best;
-      low_.value = range.low;
-    }
-    if (may_be_higher(range, best.place)) {
-      high_ = best;
-      high_.value = range.high;
-    }
+    if (may_be_lower(range, first)) low_ = {.value = range.low, .first = first, .last = last};
+    if (may_be_higher(range, first)) high_ = {.value = range.high, .first = first, .last = last};
   }
 
   // Of equal values the first one is the best.
   [[nodiscard]] bool may_be_lower(const ValueRange<T>& range, std::size_t from) const {
-    return range.low < low_.value || (range.low == low_.value && from < low_.place);
+    return range.low < low_.value || (range.low == low_.value && from < low_.first);
   }
   [[nodiscard]] bool may_be_higher(const ValueRange<T>& range, std::size_t from) const {
-    return range.high > high_.value || (range.high == high_.value && from < high_.place);
+    return range.high > high_.value || (range.high == high_.value && from < high_.first);
   }
 
-  // From entries to what stands behind the first of them that has the value.
-  void narrow(Best& best, End end) {
-    if (best.height == 0) return;
-    const std::size_t level = --best.height;
-    const auto& entries = (*levels_)[level].*end;
-    const std::size_t entry = best.first + first_equal_of(&entries[best.first], best.count, best.value);
-    const std::size_t fan = level == 0 ? kIndexBlock : kIndexFan;
-    const std::size_t all = level == 0 ? values_->count() : (*levels_)[level - 1].size();
-    best.first = entry * fan;
-    best.count = std::min(fan, all - best.first);
-  }
-
-  [[nodiscard]] std::size_t place_of(Best& best, End end) {
-    while (best.height > 0) narrow(best, end);
-    return values_->first_with(best.first, best.first + best.count, best.value);
-  }
-
-  void ask_for(const Best& best, End end) const {
-    if (best.count == 0) return;
-    if (best.height == 0)
-      ask_for_memory(values_->data() + best.first, best.count);
-    else
-      ask_for_memory(&((*levels_)[best.height - 1].*end)[best.first], best.count);
+  [[nodiscard]] std::size_t place_of(const Best& best) const {
+    return values_->first_with(best.first, best.last, best.value);
   }
 
   const RangeLevels<T>* levels_;
@@ -172,20 +146,20 @@ void ask_for_end(const RangeLevels<T>& levels, const Values& values, std::size_t
 template <typename T, typename Values, typename Use>
 void search_runs(const RangeLevels<T>& levels, const Values& values, std::span<const std::size_t> stops,
                  Use use) {
-  constexpr std::size_t kTogether = 32;
+  constexpr std::size_t kTogether = 16;
   std::vector<RangeSearch<T, Values>> searches;
   searches.reserve(kTogether);
+  const auto ask_for_ends = [&](std::size_t first) {
+    for (const std::size_t stop : stops.subspan(first, std::min(kTogether, stops.size() - first)))
+      ask_for_end(levels, values, stop);
+  };
+  ask_for_ends(0);
   for (std::size_t first = 0; first + 1 < stops.size(); first += kTogether) {
     const std::size_t last = std::min(first + kTogether, stops.size() - 1);
-    for (std::size_t run = first; run <= last; ++run) ask_for_end(levels, values, stops[run]);
+    ask_for_ends(last);
     searches.clear();
     for (std::size_t run = first; run < last; ++run)
-      searches.emplace_back(levels, values, stops[run], stops[run + 1]);
-    for (std::size_t level = 0; level < levels.size(); ++level)
-      for (auto& search : searches) {
-        search.narrow();
-        search.ask();
-      }
+      searches.emplace_back(levels, values, stops[run], stops[run + 1]).ask();
     for (std::size_t run = first; run < last; ++run) use(run, searches[run - first]);
   }
 }

@@ -94,6 +94,25 @@ TEST(CurveIndexTest, CoarsestLevelIsSmall) {
   EXPECT_EQ(levels[2].size(), 2u);
 }
 
+TEST(CurveIndexTest, CoarserLevelsTellTheFirstBlocksWithTheirExtremes) {
+  GraphProperties properties;
+  const std::size_t points = 64 * 16 * 17;
+  std::vector<f32> y(points, 2);
+  y[64 * 20 + 5] = y[64 * 40] = -1;
+  y[64 * 30 + 63] = y[64 * 31] = 9;
+  set_curves(properties, static_cast<i32>(points), std::vector<f32>(points, 1), y);
+  const auto index = build_curve_index(properties);
+  const auto& levels = index->curves[0].y_levels;
+  ASSERT_EQ(levels.size(), 3u);
+  EXPECT_EQ(levels[0].lowest_at(20), 20u);
+  EXPECT_EQ(levels[1].lowest_at(1), 20u);
+  EXPECT_EQ(levels[1].highest_at(1), 30u);
+  EXPECT_EQ(levels[1].lowest_at(2), 40u);
+  EXPECT_EQ(levels[1].highest_at(2), 32u);
+  EXPECT_EQ(levels[2].lowest_at(0), 20u);
+  EXPECT_EQ(levels[2].highest_at(0), 30u);
+}
+
 TEST(CurveIndexTest, AnyRunHasTheExtentOfAPlainScan) {
   std::mt19937 random(7);
   for (const std::size_t points : {1u, 63u, 64u, 65u, 1000u, 1024u, 1025u, 20000u, 64u * 16 * 17 + 5}) {
