@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "graph/ask_for_memory.h"
 #include "graph/graph_properties.h"
 #include "graph/lanes.h"
 
@@ -85,18 +86,27 @@ struct BlockExtremes {
 
 template <typename T>
 BlockExtremes<T> extremes_of_block(const T* block, T null) {
-  Lanes<T> low = load_lanes(block);
-  Lanes<T> high = low;
-  Lanes<T> sum = low - low;
-  for (std::size_t i = 0; i < kIndexBlock; i += Lanes<T>::size()) {
+  using std::experimental::max;
+  using std::experimental::min;
+  constexpr std::size_t kStep = Lanes<T>::size();
+  // Two of each, so that a step does not wait for the one before it.
+  Lanes<T> low = load_lanes(block), other_low = low;
+  Lanes<T> high = low, other_high = low;
+  Lanes<T> sum = low - low, other_sum = sum;
+  for (std::size_t i = 0; i < kIndexBlock; i += 2 * kStep) {
     const Lanes<T> values = load_lanes(block + i);
-    low = std::experimental::min(low, values);
-    high = std::experimental::max(high, values);
+    const Lanes<T> others = load_lanes(block + i + kStep);
+    low = min(low, values);
+    other_low = min(other_low, others);
+    high = max(high, values);
+    other_high = max(other_high, others);
     sum += values;
+    other_sum += others;
   }
-  const BlockExtremes<T> extremes{hmin(low), hmax(high), false};
+  const BlockExtremes<T> extremes{hmin(min(low, other_low)), hmax(max(high, other_high)), false};
   // What is infinite or NaN stays so in the sum, and a null value lies between the extremes.
-  if (std::isfinite(reduce(sum)) && !(extremes.low <= null && null <= extremes.high)) return extremes;
+  if (std::isfinite(reduce(sum + other_sum)) && !(extremes.low <= null && null <= extremes.high))
+    return extremes;
   typename Lanes<T>::mask_type gaps(false);
   for (std::size_t i = 0; i < kIndexBlock; i += Lanes<T>::size())
     gaps = gaps || gaps_in(load_lanes(block + i), null);
@@ -164,6 +174,8 @@ class FinestLevels {
   }
 
  private:
+  static constexpr std::size_t kBlocksAhead = 12;  // measured: 8 and 24 are slower
+
   // False where x goes both ways and its levels were not wanted.
   bool walk(bool with_x) {
     const std::size_t blocks = (points_ + kIndexBlock - 1) / kIndexBlock;
@@ -174,6 +186,7 @@ class FinestLevels {
     if (with_x) extents_.x_levels.emplace_back().reserve(blocks);
     for (std::size_t first = 0; first < points_; first += kIndexBlock) {
       const std::size_t last = std::min(points_, first + kIndexBlock);
+      ask_for_block(first + kBlocksAhead * kIndexBlock);
       const BlockExtent block = last - first == kIndexBlock ? extent_of_block(view_, first, order_)
                                                             : extent_of_few(view_, first, last, order_);
       if (!with_x && !order_.rises && !order_.falls) return false;
@@ -184,6 +197,13 @@ class FinestLevels {
       if (block.has_gap && first_gap_ == points_) first_gap_ = first_gap_from(first);
     }
     return true;
+  }
+
+  // Has a block that comes later brought near; the processor alone does not look as far ahead.
+  void ask_for_block(std::size_t first) const {
+    if (first + kIndexBlock > points_) return;
+    ask_for_memory(view_.y + first, kIndexBlock);
+    ask_for_memory(view_.x + first, kIndexBlock);
   }
 
   [[nodiscard]] bool counts_at(std::size_t point) const {
