@@ -1,82 +1,13 @@
-#include <QLineEdit>
-#include <QMouseEvent>
+#include "window/zoom_window.h"
+
 #include <QScrollBar>
-#include <cmath>
 
 #include <gmock/gmock.h>
-
-#include "app/memory_host.h"
-#include "graph/graph_scale.h"
-#include "graph/graph_widget.h"
-#include "support/zoom_recording.h"
-#include "window/window_fixture.h"
 
 namespace trendaro {
 namespace {
 
 using testing::IsEmpty;
-
-// The window with a recording of 200 s, 100 samples a second, driven by mouse and keys.
-class ZoomWindowTest : public WindowTest {
- protected:
-  ZoomWindowTest() {
-    model.Host = &memory;
-    model.Kernel = &memory;
-  }
-
-  void show_envelope() {
-    write_file(folder.file("lauf.ME1"), ZoomRecording{}.original().bytes());
-    write_file(folder.file("lauf.ST1"), ZoomRecording{}.envelope().bytes());
-    show_first_signal("lauf.ST1");
-    model.controls["PointsBox"].text = "10000";
-  }
-  void show_plain() {
-    write_file(folder.file("lauf.ME1"), ZoomRecording{.rows = 2000}.original().bytes());
-    show_first_signal("lauf.ME1");
-  }
-  void show_first_signal(const std::string& name) {
-    open_window();
-    window->run([&] { open_file(model, folder.file(name)); });
-    click_cell(1, 1);
-    ASSERT_EQ(model.NofPlots, 1);
-  }
-
-  GraphWidget* graph() { return find<GraphWidget>("PESG"); }
-  GraphWidget* survey() { return find<GraphWidget>("PESGSurvey"); }
-
-  // A place in the middle of the layers at `x` seconds.
-  static QPoint at(GraphWidget* widget, f64 x) {
-    const GraphLayout& layout = widget->layout_on_show();
-    const PixelRectangle& area = layout.layers.front().area;
-    return {static_cast<int>(std::lround(pixel_of(layout.x_axis.scale, x))),
-            static_cast<int>(area.y + area.height / 2)};
-  }
-  static f64 seconds_in_a_pixel(GraphWidget* widget) {
-    const AxisScale& scale = widget->layout_on_show().x_axis.scale;
-    return (scale.maximum - scale.minimum) / (scale.last - scale.first);
-  }
-  static void press(GraphWidget* widget, QPoint place) {
-    QTest::mousePress(widget, Qt::LeftButton, Qt::NoModifier, place);
-  }
-  static void move(GraphWidget* widget, QPoint place) {
-    QMouseEvent event(QEvent::MouseMove, place, widget->mapToGlobal(place), Qt::NoButton, Qt::LeftButton,
-                      Qt::NoModifier);
-    QApplication::sendEvent(widget, &event);
-  }
-  static void release(GraphWidget* widget, QPoint place) {
-    QTest::mouseRelease(widget, Qt::LeftButton, Qt::NoModifier, place);
-  }
-  static void drag(GraphWidget* widget, f64 from, f64 to) {
-    const QPoint end = at(widget, to);
-    press(widget, at(widget, from));
-    move(widget, (at(widget, from) + end) / 2);
-    move(widget, end);
-    release(widget, end);
-  }
-  QString readout() { return find<QLineEdit>("ZoomPointsBox")->text(); }
-
-  MemoryHost memory{user, 96, 100000};
-};
 
 TEST_F(ZoomWindowTest, RubberBandBringsOriginalSamplesIn) {
   show_envelope();
