@@ -175,6 +175,7 @@ int run_render(const RenderCommand& command, std::ostream& errors) {
     if (!add_file(model, shell, file, errors)) return 1;
   set_x_range(model.PESG, command);
   read_columns(model, command);
+  if (shell.failed()) return 1;
   if (save_picture(model.PESG.shown(), command.output, QSize(command.width, command.height))) return 0;
   errors << "Die Datei kann nicht geschrieben werden: " << command.output << '\n';
   return 1;
