@@ -48,14 +48,18 @@ bool samples_fill_section(const Model& model) {
   return samples.x_high - samples.x_low >= section.width() / 2;
 }
 
+// A section outlasts the zoom of the graph, which a released mode takes back.
+bool section_stands(const Model& model) {
+  const GraphProperties& graph = model.PESG.pending;
+  return graph.ZoomActive || (is_limited(model) && graph.ZoomMinX < graph.ZoomMaxX);
+}
+
 // Limits that curves had before stay: a change of the time unit has carried them over already.
 void zoom_compressed_curves(Model& model, bool were_of_section) {
   const GraphProperties& graph = model.PESG.pending;
-  if (were_of_section) {
-    if (!graph.ZoomActive) hold_shared_section(model);
-  } else if (graph.ZoomActive) {
+  if (!were_of_section && section_stands(model))
     model.ZoomScaleLimits[0] = {graph.ZoomMinX, graph.ZoomMaxX, 0, 0};
-  }
+  if (!graph.ZoomActive) hold_shared_section(model);
 }
 
 }  // namespace
@@ -70,10 +74,13 @@ bool compresses_curves(const Model& model) {
   return model.DisplayCompression && curve_on_show(model, true);
 }
 
-bool hold_sparse_section(Model& model) {
-  if (model.PESG.pending.ManualScaleControlX != 0 || samples_fill_section(model)) return false;
+void hold_sparse_section(Model& model) {
+  GraphProperties& graph = model.PESG.pending;
+  if (graph.ManualScaleControlX != 0 || samples_fill_section(model)) return;
   hold_automatic_x(model);
-  return true;
+  graph.ManualMinX = model.ZoomScaleLimits[0][0];
+  graph.ManualMaxX = model.ZoomScaleLimits[0][1];
+  PEactions(model.PESG, kRedrawFromSettings);
 }
 
 void settle_section(Model& model) {

@@ -12,8 +12,8 @@ bool compresses_curves(const Model& model);
 void settle_section(Model& model);
 
 // Behind a redraw of a section whose samples reach over less than half of it: an automatic x axis, which has
-// scaled itself to those few samples, keeps to the section from the next redraw on. False where it need not.
-bool hold_sparse_section(Model& model);
+// scaled itself to those few samples, shows the section instead and keeps to it.
+void hold_sparse_section(Model& model);
 
 // From here on compressed curves are whole and hold no axis, until another zoom has limits.
 void forget_section(Model& model);

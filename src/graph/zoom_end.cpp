@@ -143,7 +143,7 @@ void end_main_zoom(Model& model) {
     graph.ZoomActive = false;
     model.PESG.curves_of_section = true;
     RedrawKMGraph(model, false);
-    if (hold_sparse_section(model)) RedrawKMGraph(model, false);
+    hold_sparse_section(model);
   } else if (!vertical) {
     redraw_section(model);
   } else if (other_layers) {

@@ -112,11 +112,14 @@ void take_over(GraphProperties& properties, const Lines& lines) {
   });
 }
 
-// The axis that a curve hangs on is its plot's choice, as its layer is.
+// The axis that a curve hangs on is its plot's choice, as its layer is. Curves that the file does not know
+// keep their method, and where none stood ahead of the load a curve hangs on the left axis.
 void keep_sides(const std::vector<i32>& former, std::vector<i32>& methods) {
-  for (std::size_t curve = 0; curve < std::min(former.size(), methods.size()); ++curve)
-    methods[curve] =
-        method_without_side(methods[curve]) + (former[curve] >= kRightAxisMethod ? kRightAxisMethod : 0);
+  for (std::size_t curve = 0; curve < methods.size(); ++curve) {
+    const bool right = curve < former.size() && former[curve] >= kRightAxisMethod;
+    methods[curve] = method_without_side(methods[curve]) + (right ? kRightAxisMethod : 0);
+  }
+  for (std::size_t curve = methods.size(); curve < former.size(); ++curve) methods.push_back(former[curve]);
 }
 
 // The whole file; nothing when it cannot be read or is larger than any template.

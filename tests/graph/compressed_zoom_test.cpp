@@ -1,4 +1,5 @@
 #include <array>
+#include <filesystem>
 #include <tuple>
 #include <utility>
 
@@ -80,6 +81,15 @@ TEST_F(CompressedZoomTest, SectionOfASampleOrNoneIsNotLeftByAnAutomaticAxis) {
   reset_zoom(model);
   EXPECT_EQ(model.PESG.pending.ManualScaleControlX, 0);
   EXPECT_GT(model.PESG.shown().ManualMaxX, 199);
+}
+
+TEST_F(CompressedZoomTest, FileThatHasGoneIsToldOnceForABand) {
+  model.CurveCacheOff = true;
+  mark(2);
+  std::filesystem::remove(folder.file("lauf.ME1"));
+  shell.calls.clear();
+  band(50, 60);
+  EXPECT_EQ(shell.messages().size(), 1u);
 }
 
 TEST_F(CompressedZoomTest, SectionOfManySamplesLeavesAnAutomaticAxisToThem) {

@@ -66,6 +66,16 @@ class LineSectionTest : public ZoomFixture {
     EXPECT_GT(graph.layers[0].ManualMaxY, 9900);
     expect_automatic_scale();
   }
+  // The compressed signal, in the slot behind the envelope's, begins with the section.
+  void expect_curve_of_section(f64 low) {
+    ASSERT_TRUE(model.DisplayCompression);
+    const GraphProperties& graph = model.PESG.shown();
+    ASSERT_EQ(graph.SubsetCount, 2);
+    const auto first = static_cast<std::size_t>(graph.PointCount);
+    EXPECT_GE((*graph.XData)[first], low);
+    EXPECT_LE((*graph.XData)[first], low + 1);
+    EXPECT_NE((*graph.YData)[first], graph.NullDataValue);
+  }
   void take_back_and_reset() {
     ASSERT_TRUE(undo());
     expect_whole_recording();
@@ -93,11 +103,30 @@ class LineSectionTest : public ZoomFixture {
 
 TEST_F(LineSectionTest, CompressedPlainSignalShowsInASectionOfTheLimitLines) {
   show_plain_between_limit_lines();
-  const GraphProperties& graph = model.PESG.shown();
-  const auto first = static_cast<std::size_t>(graph.PointCount);  // the slot behind the envelope's
-  EXPECT_GE((*graph.XData)[first], 150);
-  EXPECT_LE((*graph.XData)[first], 151);
-  EXPECT_NE((*graph.YData)[first], graph.NullDataValue);
+  expect_curve_of_section(150);
+}
+
+TEST_F(LineSectionTest, SignalMarkedBehindAReleasedModeShowsTheSection) {
+  mark(2);
+  drag_left_line(150);
+  click_tool(model, "TB_ZOOMHORZ");  // released
+  ASSERT_FALSE(model.PESG.pending.ZoomActive);
+  mark(add_plain(20000));
+  expect_curve_of_section(150);
+}
+
+TEST_F(LineSectionTest, SignalMarkedBehindAScrolledAndReleasedBandShowsTheLastSection) {
+  mark(2);
+  click_tool(model, "TB_ZOOMHORZ");
+  box("PointsBox") = "100";
+  set_limits(50, 100);
+  end_main_zoom(model);
+  box("StepBox") = "2000";
+  click_tool(model, "TB_SCROLLRIGHT");
+  ASSERT_NEAR(model.ZoomXMin, 70, 1e-9);
+  click_tool(model, "TB_ZOOMHORZ");
+  mark(add_plain(20000));
+  expect_curve_of_section(70);
 }
 
 TEST_F(LineSectionTest, RectangleIntoASectionOfTheLimitLinesIsTakenBackAndReset) {

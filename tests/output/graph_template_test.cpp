@@ -73,7 +73,9 @@ TEST_F(GraphTemplateTest, StartValuesComeBackOverOthers) {
   GraphSurface loaded(1);
   loaded.pending = filled_graph(3);
   EXPECT_EQ(PEloadfromfile(loaded, path), kPropertyDone);
-  expect_look_of(loaded.pending, GraphProperties(), filled_graph(3));
+  GraphProperties start;
+  start.SubsetPlotMethods = filled_graph(3).SubsetPlotMethods;  // of curves that the look does not know
+  expect_look_of(loaded.pending, start, filled_graph(3));
 }
 
 TEST_F(GraphTemplateTest, LoadedSettingsWaitForTheNextAction) {
@@ -95,6 +97,20 @@ TEST_F(GraphTemplateTest, CurvesStayOnTheirAxes) {
   PEactions(right, kTakeOverAndRedraw);
   EXPECT_EQ(right.shown().SubsetPlotMethods, (std::vector<i32>{1000 + 4, 3, 2}));
   EXPECT_TRUE(right.shown().layers[0].ShowRYAxis);
+}
+
+TEST_F(GraphTemplateTest, CurvesBeyondAShorterLookKeepTheirMethodAndNewOnesHangOnTheLeft) {
+  const auto loaded_over = [&](std::vector<i32> in_file, std::vector<i32> former) {
+    GraphSurface file(1), graph(2);
+    file.pending.SubsetPlotMethods = std::move(in_file);
+    EXPECT_EQ(PEsavetofile(file, path), kPropertyDone);
+    graph.pending.SubsetPlotMethods = std::move(former);
+    EXPECT_EQ(PEloadfromfile(graph, path), kPropertyDone);
+    return graph.pending.SubsetPlotMethods;
+  };
+  EXPECT_EQ(loaded_over({4}, {1000, 1000}), (std::vector<i32>{1004, 1000}));
+  EXPECT_EQ(loaded_over({}, {1000, 2}), (std::vector<i32>{1000, 2}));
+  EXPECT_EQ(loaded_over({1003}, {}), (std::vector<i32>{3}));
 }
 
 TEST_F(GraphTemplateTest, FileCutAtAnyByteChangesNothing) {

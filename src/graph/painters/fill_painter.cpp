@@ -48,7 +48,7 @@ f64 bar_room(const CurveOutline& outline) {
   return std::max(1.0, distance * kBarPart);
 }
 
-// The levels of the labelled ticks and the edges, from top to bottom.
+// The levels of the major ticks and the edges, from top to bottom.
 std::vector<f64> band_levels(const PaintTask& task) {
   const LayerLayout& layer = task.layout.layers[task.place.slot];
   std::vector<f64> levels = task.place.right ? layer.right.major : layer.left.major;
