@@ -130,7 +130,7 @@ void compare_hand_over() {
   GraphSurface graph(1);
   give_curves(graph, kLong, 1);
   compare(
-      "hand-over of 100 M points / scan of x and y", 2.5, 5,
+      "hand-over of 100 M points / scan of x and y", 2.5, kRuns,
       [&] {
         graph.pending.curve_index = nullptr;
         PEactions(graph, kTakeOverAndRedraw);
