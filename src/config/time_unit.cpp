@@ -33,16 +33,21 @@ void carry_over(Model& model, i16 old_unit, std::initializer_list<f64*> limits) 
   for (f64* limit : limits) *limit = limit_in_unit(*limit, old_unit, model.TimeUnit, date);
 }
 
+void carry_zoom_of(GraphSurface& graph, Model& model, i16 old_unit) {
+  carry_over(model, old_unit, {&graph.pending.ZoomMinX, &graph.pending.ZoomMaxX});
+}
+
 // A compressed curve is worked out for these limits by the redraw.
 void carry_compressed_section_over(Model& model, i16 old_unit) {
   auto& section = model.ZoomScaleLimits[0];
   UnzoomedScale& whole = model.unzoomed_scale;
   carry_over(model, old_unit, {&section[0], &section[1], &whole.low_x, &whole.high_x});
+  if (model.HasFullDataPlot) carry_zoom_of(model.PESG, model, old_unit);
 }
 
 void carry_zoom_over(Model& model, i16 old_unit) {
-  for (GraphSurface* graph : {&model.PESG, &model.PESGSurvey})
-    carry_over(model, old_unit, {&graph->pending.ZoomMinX, &graph->pending.ZoomMaxX});
+  if (!model.HasFullDataPlot) carry_zoom_of(model.PESG, model, old_unit);
+  carry_zoom_of(model.PESGSurvey, model, old_unit);
   const GraphProperties& survey = model.PESGSurvey.pending;
   if (model.SurveyZoom)
     model.SurveyZoomMarginX = edge_margin({survey.ZoomMinX, survey.ZoomMaxX}, survey.AutoPadPercent);

@@ -78,6 +78,7 @@ void hold_sparse_section(Model& model) {
   GraphProperties& graph = model.PESG.pending;
   if (graph.ManualScaleControlX != 0 || samples_fill_section(model)) return;
   hold_automatic_x(model);
+  model.unzoomed_scale.overwritten = true;
   graph.ManualMinX = model.ZoomScaleLimits[0][0];
   graph.ManualMaxX = model.ZoomScaleLimits[0][1];
   PEactions(model.PESG, kRedrawFromSettings);

@@ -6,6 +6,7 @@
 #include <gtest/gtest.h>
 
 #include "app/commands.h"
+#include "config/time_unit.h"
 #include "graph/main_redraw.h"
 #include "graph/zoom_end.h"
 #include "graph/zoom_scroll.h"
@@ -81,6 +82,27 @@ TEST_F(CompressedZoomTest, SectionOfASampleOrNoneIsNotLeftByAnAutomaticAxis) {
   reset_zoom(model);
   EXPECT_EQ(model.PESG.pending.ManualScaleControlX, 0);
   EXPECT_GT(model.PESG.shown().ManualMaxX, 199);
+}
+
+TEST_F(CompressedZoomTest, CompressionThatComesWithAnotherUnitKeepsTheSection) {
+  for (const bool released : {false, true}) {
+    SCOPED_TRACE(released);
+    model.controls["mnuUseCompression"].ticked = false;
+    model.DisplayCompression = false;
+    mark(2);
+    ASSERT_FALSE(model.DisplayCompression);
+    click_tool(model, "TB_ZOOMHORZ");
+    band(50, 60);
+    if (released) click_tool(model, "TB_ZOOMHORZ");
+    model.controls["mnuUseCompression"].ticked = true;
+    choose_time_unit(model, 0);  // milliseconds
+    ASSERT_TRUE(model.DisplayCompression);
+    EXPECT_NEAR((*model.PESG.shown().XData)[0], 50000, 100);
+    choose_time_unit(model, 1);
+    EXPECT_NEAR((*model.PESG.shown().XData)[0], 50, 0.1);
+    reset_zoom(model);
+    click_check_cell(model, 2, 0);
+  }
 }
 
 TEST_F(CompressedZoomTest, FileThatHasGoneIsToldOnceForABand) {

@@ -108,11 +108,13 @@ TEST_F(LineSectionTest, CompressedPlainSignalShowsInASectionOfTheLimitLines) {
 
 TEST_F(LineSectionTest, SignalMarkedBehindAReleasedModeShowsTheSection) {
   mark(2);
+  box("PointsBox") = "100";
   drag_left_line(150);
   click_tool(model, "TB_ZOOMHORZ");  // released
   ASSERT_FALSE(model.PESG.pending.ZoomActive);
   mark(add_plain(20000));
   expect_curve_of_section(150);
+  EXPECT_EQ(model.PESG.shown().ManualMinX, 150);
 }
 
 TEST_F(LineSectionTest, SignalMarkedBehindAScrolledAndReleasedBandShowsTheLastSection) {
@@ -127,6 +129,7 @@ TEST_F(LineSectionTest, SignalMarkedBehindAScrolledAndReleasedBandShowsTheLastSe
   click_tool(model, "TB_ZOOMHORZ");
   mark(add_plain(20000));
   expect_curve_of_section(70);
+  EXPECT_NEAR(model.PESG.shown().ManualMinX, 70, 1e-9);
 }
 
 TEST_F(LineSectionTest, RectangleIntoASectionOfTheLimitLinesIsTakenBackAndReset) {

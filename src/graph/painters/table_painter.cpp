@@ -17,7 +17,7 @@ void paint_frame(QPainter& painter, const PixelRectangle& box, const QPen& pen) 
   draw_upright_line(painter, box.right(), box.y, box.bottom(), 1, pen);
 }
 
-// A cell in the colour of a curve that could not be read on the table is painted in a stronger shade of it.
+// A cell that could not be read on the table in its colour is painted in a stronger shade of it.
 void paint_cell(QPainter& painter, PlacedText cell, const QColor& back, const GraphFonts& fonts) {
   cell.color = color_number(readable_on(graph_color(cell.color), back));
   paint_text(painter, cell, fonts);
