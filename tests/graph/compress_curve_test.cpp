@@ -1,5 +1,6 @@
 #include "graph/compress_curve.h"
 
+#include <algorithm>
 #include <cmath>
 #include <random>
 
@@ -7,6 +8,7 @@
 #include <gtest/gtest.h>
 
 #include "app/model.h"
+#include "support/odd_curve.h"
 #include "support/recording_shell.h"
 
 namespace trendaro {
@@ -45,6 +47,16 @@ class CompressCurveTest : public testing::Test {
   void zoom(f64 low, f64 high) {
     model.Zoomed = true;
     model.ZoomScaleLimits[0] = {low, high, 0, 0};
+  }
+
+  // Of samples half a unit apart: 0 no zoom, 1 a window without a sample, 2 with one, 3 with all, 4 any.
+  void choose_window(int kind, const std::vector<f64>& x, std::mt19937& random) {
+    const f64 place = x[random() % x.size()];
+    model.Zoomed = false;
+    if (kind == 1) zoom(place + 0.1, place + 0.4);
+    if (kind == 2) zoom(place - 0.1, place + 0.1);
+    if (kind == 3) zoom(x.front() - 1, x.back() + 1);
+    if (kind == 4) zoom(place, place + static_cast<f64>(random() % 10000));
   }
 
   // The same from samples that pass in runs.
@@ -225,19 +237,17 @@ TEST_F(CompressCurveTest, RandomCurvesEqualAPlainWalk) {
   }
 }
 
-// Long enough that blocks are looked through with vectors, looked up in an index, and come in runs.
-TEST_F(CompressCurveTest, LongRandomCurvesEqualAPlainWalk) {
+// Long enough that blocks are looked through with vectors, looked up in an index, and come in runs. The
+// windows hold no sample, one, all and any number of them.
+TEST_F(CompressCurveTest, LongOddCurvesEqualAPlainWalkInAnyWindow) {
   std::mt19937 random(12);
-  for (int round = 0; round < 60; ++round) {
-    const std::size_t n = random() % 20000;
-    std::vector<f64> y(n), x(n);
-    for (f64& value : y) value = static_cast<f64>(random() % 500);
-    for (std::size_t gap = n / 100; gap > 0; --gap) y[random() % n] = std::nan("");
+  for (int round = 0; round < 100; ++round) {
+    const std::size_t n = 1 + random() % 20000;
+    const std::vector<f64> y = odd_curve(random, n);
     const TimeLine line{.step = 0.5, .start = -100};
+    std::vector<f64> x(n);
     for (std::size_t i = 0; i < n; ++i) x[i] = line.at(i);
-    model.Zoomed = round % 3 == 0;
-    const f64 low = static_cast<f64>(random() % 10000) - 200;
-    model.ZoomScaleLimits[0] = {low, low + static_cast<f64>(random() % 10000), 0, 0};
+    choose_window(round % 5, x, random);
     const i32 factor = static_cast<i32>(2 + random() % 3000);
     const std::size_t slot = random() % 200;
     const auto index = build_sample_index(y);
@@ -247,6 +257,10 @@ TEST_F(CompressCurveTest, LongRandomCurvesEqualAPlainWalk) {
         compress(PlainCurve{.y = y, .x = nullptr, .line = line, .index = index.get()}, factor, slot, -1),
         expected, round);
     if (!model.Zoomed) expect_same(pass(y, line, factor, slot, -1, 1 + random() % 3000), expected, round);
+    std::ranges::shuffle(x, random);
+    const std::span<const f64> channel = x;
+    expect_same(compress(PlainCurve{.y = y, .x = &channel, .line = line}, factor, slot, -1),
+                plainly(y, x, factor, slot, -1), round);
   }
 }
 
