@@ -13,8 +13,8 @@
 #include "app/memory_host.h"
 #include "app/program_window.h"
 #include "app/status_bar.h"
-#include "app/toolkit_notes.h"
 #include "app/window_shell.h"
+#include "app/window_toolkit_notes.h"
 
 namespace trendaro {
 namespace {

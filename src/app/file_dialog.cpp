@@ -8,7 +8,7 @@
 #include <QStyledItemDelegate>
 #include <QTreeView>
 
-#include "app/qt_text.h"
+#include "app/window_text.h"
 
 namespace trendaro {
 namespace {

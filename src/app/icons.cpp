@@ -2,7 +2,7 @@
 
 #include <QFile>
 
-#include "app/qt_text.h"
+#include "app/window_text.h"
 
 // A static library's resources are linked only where they are named, and the macro must stand outside of
 // every namespace.

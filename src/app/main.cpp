@@ -3,12 +3,12 @@
 
 #include <unistd.h>
 
-#include "app/automation_program.h"
+#include "app/bus_automation_program.h"
 #include "app/command_line.h"
 #include "app/command_output.h"
 #include "app/info_command.h"
 #include "app/reduce_command.h"
-#include "app/render_command.h"
+#include "app/render_picture.h"
 #include "app/run_time_error.h"
 #include "app/section_command.h"
 #include "app/values_command.h"

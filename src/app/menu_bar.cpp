@@ -10,7 +10,7 @@
 #include "app/commands.h"
 #include "app/controls.h"
 #include "app/mnemonics.h"
-#include "app/qt_text.h"
+#include "app/window_text.h"
 
 namespace trendaro {
 namespace {

@@ -10,7 +10,7 @@
 #include <algorithm>
 
 #include "app/file_dialog.h"
-#include "app/qt_text.h"
+#include "app/window_text.h"
 
 namespace trendaro {
 namespace {

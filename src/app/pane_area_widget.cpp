@@ -6,7 +6,7 @@
 #include "app/model.h"
 #include "app/pane_separator_widget.h"
 #include "app/panes.h"
-#include "app/qt_text.h"
+#include "app/window_text.h"
 #include "datasource/channel_grid.h"
 #include "graph/graph_widget.h"
 

@@ -8,8 +8,8 @@
 
 #include "app/controls.h"
 #include "app/icons.h"
-#include "app/qt_text.h"
 #include "app/toolbar.h"
+#include "app/window_text.h"
 
 namespace trendaro {
 namespace {

@@ -12,8 +12,8 @@
 #include "app/program_folder.h"
 #include "app/program_window.h"
 #include "app/splash_window.h"
-#include "app/toolkit_notes.h"
 #include "app/window_place.h"
+#include "app/window_toolkit_notes.h"
 
 namespace trendaro {
 namespace {

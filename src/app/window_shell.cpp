@@ -10,8 +10,8 @@
 
 #include "app/database_dialog.h"
 #include "app/message_boxes.h"
-#include "app/qt_text.h"
 #include "app/status_bar.h"
+#include "app/window_text.h"
 #include "files/channel_info_dialog.h"
 #include "files/channel_info_print.h"
 #include "output/about_window.h"

@@ -11,8 +11,8 @@
 #include <algorithm>
 
 #include "app/pane_layout.h"
-#include "app/qt_text.h"
 #include "app/raised.h"
+#include "app/window_text.h"
 #include "datasource/channel_delegate.h"
 #include "datasource/channel_search.h"
 

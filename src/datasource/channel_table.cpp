@@ -3,7 +3,7 @@
 #include <algorithm>
 
 #include "app/icons.h"
-#include "app/qt_text.h"
+#include "app/window_text.h"
 
 namespace trendaro {
 namespace {

@@ -10,7 +10,7 @@
 #include <QVBoxLayout>
 #include <algorithm>
 
-#include "app/qt_text.h"
+#include "app/window_text.h"
 
 namespace trendaro {
 namespace {

@@ -6,7 +6,7 @@
 #include <QTextDocument>
 #include <QTextTable>
 
-#include "app/qt_text.h"
+#include "app/window_text.h"
 
 namespace trendaro {
 namespace {

@@ -7,9 +7,9 @@
 #include <gtest/gtest.h>
 
 #include "app/bus_service.h"
+#include "app/bus_wrapper_object.h"
 #include "app/memory_host.h"
 #include "app/quiet_shell.h"
-#include "app/wrapper_object.h"
 #include "bus/robot_program.h"
 
 namespace trendaro {

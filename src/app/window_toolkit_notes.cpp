@@ -1,4 +1,4 @@
-#include "app/toolkit_notes.h"
+#include "app/window_toolkit_notes.h"
 
 #include <QString>
 #include <cstdio>

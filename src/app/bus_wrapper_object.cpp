@@ -1,4 +1,4 @@
-#include "app/wrapper_object.h"
+#include "app/bus_wrapper_object.h"
 
 #include <QDBusConnectionInterface>
 #include <QDBusMessage>

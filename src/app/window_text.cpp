@@ -1,4 +1,4 @@
-#include "app/qt_text.h"
+#include "app/window_text.h"
 
 namespace trendaro {
 

@@ -1,4 +1,4 @@
-#include "app/render_command.h"
+#include "app/render_picture.h"
 
 #include <QImage>
 #include <cmath>

@@ -1,4 +1,4 @@
-#include "app/render_command.h"
+#include "app/render_picture.h"
 
 #include <QGuiApplication>
 #include <cmath>
@@ -13,7 +13,7 @@
 #include "app/model.h"
 #include "app/quiet_shell.h"
 #include "app/startup.h"
-#include "app/toolkit_notes.h"
+#include "app/window_toolkit_notes.h"
 #include "datasource/mark.h"
 #include "graph/main_redraw.h"
 #include "graph/window_reading.h"

@@ -1,4 +1,4 @@
-#include "app/automation_program.h"
+#include "app/bus_automation_program.h"
 
 #include <QApplication>
 #include <QTimer>
@@ -7,11 +7,11 @@
 #include <utility>
 
 #include "app/bus_host.h"
+#include "app/bus_wrapper_object.h"
 #include "app/program_window.h"
 #include "app/run_time_error.h"
-#include "app/toolkit_notes.h"
 #include "app/window_place.h"
-#include "app/wrapper_object.h"
+#include "app/window_toolkit_notes.h"
 
 namespace trendaro {
 namespace {
