@@ -101,12 +101,16 @@ LegendTable table_of(const std::vector<LooseEntry>& entries, std::size_t columns
   return table;
 }
 
+std::size_t rows_of(std::size_t entries, std::size_t columns) {
+  return (entries + columns - 1) / columns;
+}
+
 // The widest table that fits, and then no wider than its number of rows asks for.
 LegendTable fitting_table(const std::vector<LooseEntry>& entries, f64 width, const EntryMeasure& entry) {
   const auto most = static_cast<std::size_t>(std::max(1.0, width / (entry.lead() + entry.entry_gap)));
   for (std::size_t columns = std::min(entries.size(), most); columns > 1; --columns) {
     if (table_of(entries, columns).width(entry) > width) continue;
-    const std::size_t rows = (entries.size() + columns - 1) / columns;
+    const std::size_t rows = rows_of(entries.size(), columns);
     return table_of(entries, (entries.size() + rows - 1) / rows);
   }
   return table_of(entries, 1);
@@ -116,10 +120,6 @@ LegendTable fitting_table(const std::vector<LooseEntry>& entries, f64 width, con
 f64 share_of_column(f64 width, std::size_t columns, const EntryMeasure& entry) {
   const auto count = static_cast<f64>(columns);
   return (width - entry.entry_gap * (count - 1)) / count - entry.lead();
-}
-
-std::size_t rows_of(std::size_t entries, std::size_t columns) {
-  return (entries + columns - 1) / columns;
 }
 
 // A table of all entries for a number of rows, as far as names that are still telling allow. Two long names

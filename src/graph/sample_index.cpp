@@ -38,7 +38,7 @@ BlockRange range_of_block(std::span<const f64> block) {
   return {range_of(block), false};
 }
 
-// The samples of a block that is the first of `group` or behind it; the first one has the index `first`.
+// Of a block whose first sample has the index `first`.
 SampleExtremes extremes_of_block(std::span<const f64> block, std::size_t first, bool& all_finite) {
   const BlockRange found = range_of_block(block);
   all_finite = found.all_finite;

@@ -67,14 +67,6 @@ class ChannelMarkTest : public ZoomFixture {
     EXPECT_EQ(graph.ZoomMaxX, high);
   }
 
-  // As the rubber band of a pressed rectangle leaves it.
-  void rectangle(f64 low, f64 high) {
-    click_tool(model, "TB_ZOOMRECT");
-    LayerProperties& layer = model.PESG.pending.layers[0];
-    layer.ZoomMinY = layer.ZoomMinRY = 10;
-    layer.ZoomMaxY = layer.ZoomMaxRY = 20;
-    band(low, high);
-  }
   FailingHost failing{shell, 96, 100000};
 };
 

@@ -35,15 +35,6 @@ class LineSectionTest : public ZoomFixture {
     mark(plain_row);
     ASSERT_TRUE(model.DisplayCompression);
   }
-  // As the rubber band of a pressed rectangle leaves it.
-  void rectangle(f64 low, f64 high) {
-    click_tool(model, "TB_ZOOMRECT");
-    LayerProperties& layer = model.PESG.pending.layers[0];
-    layer.ZoomMinY = layer.ZoomMinRY = 10;
-    layer.ZoomMaxY = layer.ZoomMaxRY = 20;
-    set_limits(low, high);
-    end_main_zoom(model);
-  }
   // The last point of a curve, counted from 0, that is no null value.
   [[nodiscard]] f64 last_x_of_curve(std::size_t curve) const {
     const GraphProperties& graph = model.PESG.shown();

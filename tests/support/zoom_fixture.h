@@ -61,6 +61,15 @@ class ZoomFixture : public testing::Test {
     model.PESG.pending.ZoomMaxX = high;
     model.PESG.pending.ZoomActive = true;
   }
+  // As the rubber band of a pressed rectangle leaves it.
+  void rectangle(f64 low, f64 high) {
+    click_tool(model, "TB_ZOOMRECT");
+    LayerProperties& layer = model.PESG.pending.layers[0];
+    layer.ZoomMinY = layer.ZoomMinRY = 10;
+    layer.ZoomMaxY = layer.ZoomMaxRY = 20;
+    set_limits(low, high);
+    end_main_zoom(model);
+  }
   // As the key of the graph does.
   bool undo() {
     if (!undo_zoom(model.PESG)) return false;

@@ -5,6 +5,7 @@
 
 #include "graph/graph_widget.h"
 #include "support/zoom_recording.h"
+#include "window/graph_pointer.h"
 #include "window/window_fixture.h"
 
 namespace trendaro {
@@ -27,25 +28,9 @@ class GraphNavigationTest : public WindowTest {
   GraphWidget* detail() { return find<GraphWidget>("PESG"); }
   GraphWidget* survey() { return find<GraphWidget>("PESGSurvey"); }
 
-  static QPoint at(GraphWidget* graph, f64 x) {
-    const GraphLayout& layout = graph->layout_on_show();
-    const PixelRectangle& area = layout.layers.at(0).area;
-    return {static_cast<int>(std::lround(pixel_of(layout.x_axis.scale, x))),
-            static_cast<int>(area.y + area.height / 2)};
-  }
-  // Graph units in a pixel across.
-  static f64 unit(GraphWidget* graph) {
-    const AxisScale& scale = graph->layout_on_show().x_axis.scale;
-    return (scale.maximum - scale.minimum) / (scale.last - scale.first);
-  }
-  static void move(GraphWidget* graph, QPoint place) {
-    QMouseEvent event(QEvent::MouseMove, place, graph->mapToGlobal(place), Qt::NoButton, Qt::LeftButton,
-                      Qt::NoModifier);
-    QApplication::sendEvent(graph, &event);
-  }
   static void pull(GraphWidget* graph, QPoint from, QPoint to) {
     QTest::mousePress(graph, Qt::LeftButton, Qt::NoModifier, from);
-    move(graph, to);
+    move_pointer(graph, to);
     QTest::mouseRelease(graph, Qt::LeftButton, Qt::NoModifier, to);
   }
   f64 line(std::size_t index) { return model.PESGSurvey.shown().VertLineAnnotation.at(index); }
@@ -53,8 +38,8 @@ class GraphNavigationTest : public WindowTest {
 
 TEST_F(GraphNavigationTest, RubberBandMovesDetailGraphAndLimitLines) {
   click_button("TB_ZOOMHORZ");
-  const f64 pixel = unit(detail());
-  pull(detail(), at(detail(), 50), at(detail(), 120));
+  const f64 pixel = units_in_a_pixel(detail());
+  pull(detail(), place_at(detail(), 50), place_at(detail(), 120));
   EXPECT_TRUE(model.Zoomed);
   EXPECT_NEAR(model.ZoomXMin, 50, pixel);
   EXPECT_NEAR(model.ZoomXMax, 120, pixel);
@@ -64,39 +49,39 @@ TEST_F(GraphNavigationTest, RubberBandMovesDetailGraphAndLimitLines) {
 }
 
 TEST_F(GraphNavigationTest, NoBandWithoutAZoomMode) {
-  pull(detail(), at(detail(), 50), at(detail(), 120));
+  pull(detail(), place_at(detail(), 50), place_at(detail(), 120));
   EXPECT_FALSE(model.Zoomed);
 }
 
 TEST_F(GraphNavigationTest, DraggedLimitLineShowsItsPointsAndMovesTheDetailGraph) {
   const u64 painted = survey()->pictures_painted();
-  const QPoint start = at(survey(), line(0));
+  const QPoint start = place_at(survey(), line(0));
   QTest::mousePress(survey(), Qt::LeftButton, Qt::NoModifier, start);
-  move(survey(), at(survey(), 100));
+  move_pointer(survey(), place_at(survey(), 100));
   EXPECT_FALSE(model.Zoomed);
   const f64 points = find<QLineEdit>("ZoomPointsBox")->text().toDouble();
-  EXPECT_NEAR(points, 10000, 100 * unit(survey()) + 10);  // from 100 s to 200 s
+  EXPECT_NEAR(points, 10000, 100 * units_in_a_pixel(survey()) + 10);  // from 100 s to 200 s
   survey()->grab();
   EXPECT_EQ(survey()->pictures_painted(), painted);
-  QTest::mouseRelease(survey(), Qt::LeftButton, Qt::NoModifier, at(survey(), 100));
+  QTest::mouseRelease(survey(), Qt::LeftButton, Qt::NoModifier, place_at(survey(), 100));
   EXPECT_TRUE(model.Zoomed);
-  EXPECT_NEAR(detail()->layout_on_show().x_axis.scale.minimum, 100, unit(survey()));
+  EXPECT_NEAR(detail()->layout_on_show().x_axis.scale.minimum, 100, units_in_a_pixel(survey()));
 }
 
 TEST_F(GraphNavigationTest, EscapeGivesTheDragUp) {
   const f64 before = line(0);
-  QTest::mousePress(survey(), Qt::LeftButton, Qt::NoModifier, at(survey(), before));
-  move(survey(), at(survey(), 100));
-  EXPECT_NEAR(line(0), 100, unit(survey()));
+  QTest::mousePress(survey(), Qt::LeftButton, Qt::NoModifier, place_at(survey(), before));
+  move_pointer(survey(), place_at(survey(), 100));
+  EXPECT_NEAR(line(0), 100, units_in_a_pixel(survey()));
   QTest::keyClick(survey(), Qt::Key_Escape);
   EXPECT_DOUBLE_EQ(line(0), before);
-  QTest::mouseRelease(survey(), Qt::LeftButton, Qt::NoModifier, at(survey(), 100));
+  QTest::mouseRelease(survey(), Qt::LeftButton, Qt::NoModifier, place_at(survey(), 100));
   EXPECT_FALSE(model.Zoomed);
 }
 
 TEST_F(GraphNavigationTest, ArrowKeysOnTheGraphScroll) {
   click_button("TB_ZOOMHORZ");
-  pull(detail(), at(detail(), 50), at(detail(), 120));
+  pull(detail(), place_at(detail(), 50), place_at(detail(), 120));
   model.controls["StepBox"].text = "1000";
   const f64 start = model.ZoomXMin;
   QTest::keyClick(detail(), Qt::Key_Right);
@@ -108,8 +93,9 @@ TEST_F(GraphNavigationTest, CursorOfTheToolbarReadsTheCurveAtPointerAndKeys) {
   click_button("TB_CURSOR");
   EXPECT_EQ(window->focusWidget(), detail());
   EXPECT_TRUE(find<QAction>("mnuCrossCursor")->isChecked());
-  QMouseEvent event(QEvent::MouseMove, at(detail(), 100), detail()->mapToGlobal(at(detail(), 100)),
-                    Qt::NoButton, Qt::NoButton, Qt::NoModifier);
+  QMouseEvent event(QEvent::MouseMove, place_at(detail(), 100),
+                    detail()->mapToGlobal(place_at(detail(), 100)), Qt::NoButton, Qt::NoButton,
+                    Qt::NoModifier);
   QApplication::sendEvent(detail(), &event);
   const auto x_cell = [&] { return model.PESG.shown().tables[0].cells.at({0, 0}).text; };
   f64 x = 0;

@@ -33,7 +33,7 @@ class ZoomMouseWalkTest : public ZoomWindowTest {
     if (model.controls["TB_ZOOMHORZ"].tag != "1") click_button("TB_ZOOMHORZ");
     const f64 from = low + (high - low) * draw(0, 50) / 100;
     const f64 to = from + (high - low) * draw(30, 50) / 100;
-    const f64 pixel = seconds_in_a_pixel(graph());
+    const f64 pixel = units_in_a_pixel(graph());
     drag(graph(), from, to);
     expect_section_near(from, to, pixel);
   }
@@ -41,7 +41,7 @@ class ZoomMouseWalkTest : public ZoomWindowTest {
   void pull_line() {
     const bool left = draw(0, 1) == 0;
     const f64 width = high - low;
-    const f64 pixel = seconds_in_a_pixel(survey());
+    const f64 pixel = units_in_a_pixel(survey());
     f64 to = draw(0, 199);
     if (original) {
       drag(survey(), left ? low : high, to);

@@ -1,14 +1,12 @@
 #pragma once
 
 #include <QLineEdit>
-#include <QMouseEvent>
-#include <cmath>
 #include <string>
 
 #include "app/memory_host.h"
-#include "graph/graph_scale.h"
 #include "graph/graph_widget.h"
 #include "support/zoom_recording.h"
+#include "window/graph_pointer.h"
 #include "window/window_fixture.h"
 
 namespace trendaro {
@@ -41,33 +39,17 @@ class ZoomWindowTest : public WindowTest {
   GraphWidget* graph() { return find<GraphWidget>("PESG"); }
   GraphWidget* survey() { return find<GraphWidget>("PESGSurvey"); }
 
-  // A place in the middle of the layers at `x` seconds.
-  static QPoint at(GraphWidget* widget, f64 x) {
-    const GraphLayout& layout = widget->layout_on_show();
-    const PixelRectangle& area = layout.layers.front().area;
-    return {static_cast<int>(std::lround(pixel_of(layout.x_axis.scale, x))),
-            static_cast<int>(area.y + area.height / 2)};
-  }
-  static f64 seconds_in_a_pixel(GraphWidget* widget) {
-    const AxisScale& scale = widget->layout_on_show().x_axis.scale;
-    return (scale.maximum - scale.minimum) / (scale.last - scale.first);
-  }
   static void press(GraphWidget* widget, QPoint place) {
     QTest::mousePress(widget, Qt::LeftButton, Qt::NoModifier, place);
-  }
-  static void move(GraphWidget* widget, QPoint place) {
-    QMouseEvent event(QEvent::MouseMove, place, widget->mapToGlobal(place), Qt::NoButton, Qt::LeftButton,
-                      Qt::NoModifier);
-    QApplication::sendEvent(widget, &event);
   }
   static void release(GraphWidget* widget, QPoint place) {
     QTest::mouseRelease(widget, Qt::LeftButton, Qt::NoModifier, place);
   }
   static void drag(GraphWidget* widget, f64 from, f64 to) {
-    const QPoint end = at(widget, to);
-    press(widget, at(widget, from));
-    move(widget, (at(widget, from) + end) / 2);
-    move(widget, end);
+    const QPoint end = place_at(widget, to);
+    press(widget, place_at(widget, from));
+    move_pointer(widget, (place_at(widget, from) + end) / 2);
+    move_pointer(widget, end);
     release(widget, end);
   }
   QString readout() { return find<QLineEdit>("ZoomPointsBox")->text(); }

@@ -12,7 +12,7 @@ using testing::IsEmpty;
 TEST_F(ZoomWindowTest, RubberBandBringsOriginalSamplesIn) {
   show_envelope();
   click_button("TB_ZOOMHORZ");
-  const f64 pixel = seconds_in_a_pixel(graph());
+  const f64 pixel = units_in_a_pixel(graph());
   drag(graph(), 50, 60);
   EXPECT_TRUE(model.OriginalDataMode);
   EXPECT_NEAR(model.ZoomXMin, 50, pixel);
@@ -26,7 +26,7 @@ TEST_F(ZoomWindowTest, RubberBandBringsOriginalSamplesIn) {
 
 TEST_F(ZoomWindowTest, LimitLineOfTheSurveyMovesTheSection) {
   show_envelope();
-  const f64 pixel = seconds_in_a_pixel(survey());
+  const f64 pixel = units_in_a_pixel(survey());
   drag(survey(), 0, 150);
   EXPECT_TRUE(model.Zoomed);
   EXPECT_NEAR(model.ZoomXMin, 150, pixel);
