@@ -6,15 +6,34 @@
 namespace trendaro {
 namespace {
 
-constexpr f64 kLeastBar = 3;     // pixels; lower swings look better as lines
+constexpr f64 kCovered = 0.5;    // share of a column
 constexpr f64 kDenseRatio = 12;  // length of an outline against its extent
 
 // The points of one pixel column that follow each other.
 struct Column {
+  f64 number = 0;                   // from the left edge of the device
   std::size_t first = 0, last = 0;  // `last` is one behind the end
   f64 top = 0, bottom = 0;
   bool swings = false;  // goes up and down
+
+  [[nodiscard]] f64 height() const { return bottom - top; }
 };
+
+// Whether the curve covers most of a column in a neighbouring one as well.
+bool is_covered(const Column& column, const Column& neighbour) {
+  const f64 shared = std::min(column.bottom, neighbour.bottom) - std::max(column.top, neighbour.top);
+  return std::abs(column.number - neighbour.number) <= 1 && shared >= column.height() * kCovered;
+}
+
+// Between columns that cover it a single flank is no edge that could be told: a dense curve has such columns
+// now and then, and drawn as lines they would stand out pale.
+bool is_bar(const std::vector<Column>& columns, std::size_t i) {
+  const Column& column = columns[i];
+  if (column.height() < kLeastBar) return false;
+  if (column.swings) return true;
+  return i > 0 && i + 1 < columns.size() && is_covered(column, columns[i - 1]) &&
+         is_covered(column, columns[i + 1]);
+}
 
 // An odd number of pixels of about `width`, so that a bar has its column in the middle.
 f64 odd_pixels(f64 width) {
@@ -31,16 +50,17 @@ class StrokeBuilder {
 
   void add_piece(std::size_t first, std::size_t last) {
     joined_ = false;
+    std::vector<Column> columns;
+    for (std::size_t i = first; i < last; i = columns.back().last)
+      columns.push_back(column_from(i, last, i > first));
     bool after_bar = false;
-    for (std::size_t i = first; i < last;) {
-      const Column column = column_from(i, last, i > first);
-      const bool bar = column.swings && column.bottom - column.top >= kLeastBar;
+    for (std::size_t i = 0; i < columns.size(); ++i) {
+      const bool bar = is_bar(columns, i);
       if (bar)
-        add_bar(column, i > first, after_bar);
+        add_bar(columns[i], i > 0, after_bar);
       else
-        add_points(column, after_bar);
+        add_points(columns[i], after_bar);
       after_bar = bar;
-      i = column.last;
     }
   }
 
@@ -52,11 +72,11 @@ class StrokeBuilder {
   // The way in from a neighbouring column counts, so that pairs of a lowest and a highest point are swings.
   [[nodiscard]] Column column_from(std::size_t first, std::size_t last, bool has_former) const {
     const auto& points = outline_.points;
-    Column column{first, first + 1, points[first].y, points[first].y};
-    const bool entered = has_former && std::abs(column_of(points[first]) - column_of(points[first - 1])) <= 1;
+    Column column{column_of(points[first]), first, first + 1, points[first].y, points[first].y};
+    const bool entered = has_former && std::abs(column.number - column_of(points[first - 1])) <= 1;
     bool up = entered && points[first].y < points[first - 1].y;
     bool down = entered && points[first].y > points[first - 1].y;
-    while (column.last < last && column_of(points[column.last]) == column_of(points[first])) {
+    while (column.last < last && column_of(points[column.last]) == column.number) {
       const f64 y = points[column.last].y;
       up = up || y < points[column.last - 1].y;
       down = down || y > points[column.last - 1].y;
@@ -81,7 +101,7 @@ class StrokeBuilder {
       add_point(outline_.points[column.first]);
     }
     joined_ = false;
-    const f64 middle_x = (column_of(outline_.points[column.first]) + 0.5) * column_width_;
+    const f64 middle_x = (column.number + 0.5) * column_width_;
     strokes_.bars.push_back(
         {middle_x - bar_width_ / 2, top - half_line_, bar_width_, bottom - top + 2 * half_line_});
   }

@@ -6,8 +6,13 @@
 
 namespace trendaro {
 
-// How an outline is drawn: a bar for each pixel column where the curve goes up and down inside a column,
-// lines everywhere else. A dense curve costs a bar a column, however wildly it swings.
+// How far a curve swings inside a column, in pixels, to be drawn as a bar there; lower swings look better as
+// lines.
+inline constexpr f64 kLeastBar = 3;
+
+// How an outline is drawn: a bar for each pixel column where the curve goes up and down inside a column, or
+// where both columns beside it cover it, lines everywhere else. A dense curve costs a bar a column, however
+// wildly it swings.
 struct CurveStrokes {
   std::vector<PixelRectangle> bars;
   CurveOutline lines;

@@ -53,6 +53,30 @@ TEST(CurveStrokesTest, PairsOfALowestAndAHighestPointAreBars) {
   EXPECT_EQ(strokes.lines.points.size(), 3U);
 }
 
+TEST(CurveStrokesTest, AFlankBetweenColumnsThatCoverItIsABar) {
+  // Up, down and up again, each in a column of its own and level where they meet.
+  const CurveOutline outline{{{0.1, 90}, {0.9, 10}, {1.1, 10}, {1.9, 90}, {2.1, 90}, {2.9, 10}}, {0}};
+  const CurveStrokes strokes = curve_strokes(outline, 1, 1);
+  ASSERT_EQ(strokes.bars.size(), 1U);
+  EXPECT_DOUBLE_EQ(strokes.bars[0].x, 1);
+  EXPECT_DOUBLE_EQ(strokes.bars[0].y, 9.5);
+  EXPECT_DOUBLE_EQ(strokes.bars[0].bottom(), 90.5);
+  // The outer ones are lines that reach it.
+  EXPECT_EQ(strokes.lines.starts, (std::vector<std::size_t>{0, 3}));
+}
+
+TEST(CurveStrokesTest, FlanksApartFromEachOtherStayLines) {
+  const CurveOutline outline{{{0.1, 90}, {0.9, 10}, {2.1, 10}, {2.9, 90}, {4.1, 90}, {4.9, 10}}, {0}};
+  const CurveStrokes strokes = curve_strokes(outline, 1, 1);
+  EXPECT_TRUE(strokes.bars.empty());
+  EXPECT_EQ(strokes.lines.points.size(), 6U);
+}
+
+TEST(CurveStrokesTest, AFlankBesideATallColumnOnOneSideStaysALine) {
+  const CurveOutline outline{{{0.1, 90}, {0.9, 10}, {1.1, 10}, {1.9, 90}, {2.1, 90}, {2.9, 90}}, {0}};
+  EXPECT_TRUE(curve_strokes(outline, 1, 1).bars.empty());
+}
+
 TEST(CurveStrokesTest, ASteepEdgeOverTwoColumnsStaysALine) {
   const CurveOutline outline{{{0.5, 90}, {1.1, 60}, {1.6, 30}, {2.5, 5}}, {0}};
   const CurveStrokes strokes = curve_strokes(outline, 1, 1);
