@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <cmath>
 #include <optional>
-#include <utility>
 #include <vector>
 
 #include "graph/line_clip.h"
@@ -24,8 +23,9 @@ struct OutlineTask {
   const OutlineDetail& detail;
 
   [[nodiscard]] PixelPoint pixel(std::size_t index) const {
-    return {pixel_of(x_scale, samples.x(index)), pixel_of(y_scale, static_cast<f64>(samples.y[index]))};
+    return {pixel_of(x_scale, samples.x(index)), height(samples.y[index])};
   }
+  [[nodiscard]] f64 height(f32 y) const { return pixel_of(y_scale, static_cast<f64>(y)); }
 };
 
 // Samples as they are, one after the other.
@@ -38,18 +38,45 @@ void add_each(const OutlineTask& task, std::size_t first, std::size_t last, Outl
   }
 }
 
+// Whether a run will be a bar whatever the order of its extremes, so that nobody sees where they lie.
+bool becomes_bar(const OutlineTask& task, const PixelRectangle& area, const RunExtremes& run) {
+  const auto [top, bottom] = std::minmax({task.height(run.y.low), task.height(run.y.high)});
+  if (!(bottom - top >= task.detail.bar_height && top >= area.y && bottom <= area.bottom())) return false;
+  const PixelPoint first = task.pixel(run.first);
+  const PixelPoint last = task.pixel(run.last);
+  const bool one_way = std::min(first.y, last.y) == top && std::max(first.y, last.y) == bottom;
+  const f64 width = task.detail.column_width;
+  return !one_way && std::floor(first.x / width) == std::floor(last.x / width);
+}
+
+// The extremes stand above the first sample.
+void add_bar(const OutlineTask& task, const RunExtremes& run, OutlineBuilder& builder) {
+  const PixelPoint first = task.pixel(run.first);
+  builder.add(first);
+  builder.add({first.x, task.height(run.y.low)});
+  builder.add({first.x, task.height(run.y.high)});
+  builder.add(task.pixel(run.last));
+}
+
+void add_samples(const OutlineTask& task, const RunExtremes& run, OutlineBuilder& builder) {
+  const std::size_t order[] = {run.first, std::min(run.lowest, run.highest),
+                               std::max(run.lowest, run.highest), run.last};
+  std::size_t former = run.last + 1;
+  for (const std::size_t index : order) {
+    if (index != former) builder.add(task.pixel(index));
+    former = index;
+  }
+}
+
 // What stands for the samples `first` to `last` - 1 of one column.
 void add_extremes(const OutlineTask& task, std::size_t first, std::size_t last,
                   const std::optional<RunExtremes>& run, OutlineBuilder& builder) {
   if (!run || run->first != first) builder.end_piece();
   if (!run) return;
-  const std::size_t order[] = {run->first, std::min(run->lowest, run->highest),
-                               std::max(run->lowest, run->highest), run->last};
-  std::size_t former = last;
-  for (const std::size_t index : order) {
-    if (index != former) builder.add(task.pixel(index));
-    former = index;
-  }
+  if (run->has_places)
+    add_samples(task, *run, builder);
+  else
+    add_bar(task, *run, builder);
   if (run->last != last - 1) builder.end_piece();
 }
 
@@ -69,28 +96,22 @@ std::vector<std::size_t> column_stops(const OutlineTask& task, const PixelRectan
   return stops;
 }
 
-void ask_for_run(const CurveSamples& samples, const std::optional<RunExtremes>& run) {
-  if (!run) return;
-  for (const std::size_t index : {run->first, run->lowest, run->highest, run->last})
-    ask_for_sample(samples, index);
-}
-
 // Of a curve whose x goes one way.
 CurveOutline ordered_outline(const OutlineTask& task, const PixelRectangle& area) {
-  const auto [most_per_column, neighbours] = std::pair(task.detail.most_per_column, task.detail.neighbours);
+  const OutlineDetail& detail = task.detail;
   const std::vector<std::size_t> stops = column_stops(task, area);
-  const std::vector<std::optional<RunExtremes>> runs = extremes_of_runs(task.samples, stops);
   OutlineBuilder builder;
-  add_each(task, stops.front() - std::min(stops.front(), neighbours), stops.front(), builder);
-  for (std::size_t run = 0; run < std::min(kAhead, runs.size()); ++run) ask_for_run(task.samples, runs[run]);
-  for (std::size_t run = 0; run < runs.size(); ++run) {
-    if (run + kAhead < runs.size()) ask_for_run(task.samples, runs[run + kAhead]);
-    if (stops[run + 1] - stops[run] <= most_per_column)
-      add_each(task, stops[run], stops[run + 1], builder);
-    else
-      add_extremes(task, stops[run], stops[run + 1], runs[run], builder);
-  }
-  add_each(task, stops.back(), std::min(task.samples.count, stops.back() + neighbours), builder);
+  add_each(task, stops.front() - std::min(stops.front(), detail.neighbours), stops.front(), builder);
+  walk_runs(task.samples, stops,
+            {.wants_places = [&](const RunExtremes& run) { return !becomes_bar(task, area, run); },
+             .use =
+                 [&](std::size_t run, const std::optional<RunExtremes>& found) {
+                   if (stops[run + 1] - stops[run] <= detail.most_per_column)
+                     add_each(task, stops[run], stops[run + 1], builder);
+                   else
+                     add_extremes(task, stops[run], stops[run + 1], found, builder);
+                 }});
+  add_each(task, stops.back(), std::min(task.samples.count, stops.back() + detail.neighbours), builder);
   return builder.take();
 }
 

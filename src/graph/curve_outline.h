@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <limits>
 #include <vector>
 
 #include "app/types.h"
@@ -22,6 +23,9 @@ struct OutlineDetail {
   std::size_t most_per_column =
       kMostOfColumn;           // samples of a column that are all kept; of more only the extremes
   std::size_t neighbours = 1;  // samples before and behind the area
+  // A column of the device in which the curve goes up and down at least this far, in pixels, is drawn as a
+  // bar: the extremes are in it, in any order at any x.
+  f64 bar_height = std::numeric_limits<f64>::infinity();
 };
 
 // x of the edges of the pixel columns of `area`, in the order in which a curve with rising, or falling, x

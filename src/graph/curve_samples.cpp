@@ -134,11 +134,11 @@ std::size_t drawn_end(const CurveSamples& samples, std::size_t first, std::size_
 }
 
 void ask_for_sample(const CurveSamples& samples, std::size_t index) {
-  ask_for_memory(samples.y + index, 1);
+  reach_for_memory(samples.y + index, 1);
   if (samples.x_single != nullptr)
-    ask_for_memory(samples.x_single + index, 1);
+    reach_for_memory(samples.x_single + index, 1);
   else
-    ask_for_memory(samples.x_double + index, 1);
+    reach_for_memory(samples.x_double + index, 1);
 }
 
 void ask_for_limit(const CurveSamples& samples, f64 limit) {

@@ -7,7 +7,8 @@
 
 namespace trendaro {
 
-// Values that are looked at together. Spelled out, for the compiler does not find them in loops this short.
+// Values that are looked at together. Spelled out, for the compiler does not find them in loops this short,
+// nor does it always dissolve a call for so few of them.
 template <typename T>
 using Lanes = std::experimental::native_simd<T>;
 
@@ -34,18 +35,20 @@ T chosen_of(const T* values, std::size_t count, Choose choose) {
 
 template <typename T>
 T least_of(const T* values, std::size_t count) {
-  return chosen_of(values, count, [](const auto& a, const auto& b) {
-    using std::min;
-    return min(a, b);
-  });
+  return chosen_of(
+      values, count, [](const auto& a, const auto& b) __attribute__((always_inline)) {
+        using std::min;
+        return min(a, b);
+      });
 }
 
 template <typename T>
 T greatest_of(const T* values, std::size_t count) {
-  return chosen_of(values, count, [](const auto& a, const auto& b) {
-    using std::max;
-    return max(a, b);
-  });
+  return chosen_of(
+      values, count, [](const auto& a, const auto& b) __attribute__((always_inline)) {
+        using std::max;
+        return max(a, b);
+      });
 }
 
 // Index of the first of the values that equals `value`, which one of them does.

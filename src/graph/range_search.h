@@ -37,22 +37,30 @@ class RangeSearch {
   [[nodiscard]] ValueRange<T> range() const { return {low_.value, high_.value}; }
 
   // The first of the values with that extreme.
-  [[nodiscard]] std::size_t lowest() const { return place_of(low_); }
-  [[nodiscard]] std::size_t highest() const { return place_of(high_); }
+  [[nodiscard]] std::size_t lowest() const { return place_of(values_of_lowest(), low_.value); }
+  [[nodiscard]] std::size_t highest() const { return place_of(values_of_highest(), high_.value); }
 
   // Has the memory brought near that the places are found in.
   void ask() const {
     if (range().empty()) return;
-    ask_for_memory(values_->data() + low_.first, low_.last - low_.first);
-    ask_for_memory(values_->data() + high_.first, high_.last - high_.first);
+    for (const Stretch& values : {values_of_lowest(), values_of_highest()})
+      ask_for_memory(values_->data() + values.first, values.last - values.first);
   }
 
  private:
-  // The best value so far is the first such one from `first` to `last` - 1.
+  static constexpr std::size_t kNoLevel = std::numeric_limits<std::size_t>::max();
+
+  // The entries, or the values, `first` to `last` - 1.
+  struct Stretch {
+    std::size_t first = 0, last = 0;
+  };
+
+  // The best value so far is that of the first such one of a stretch of a level, or of the values themselves.
   struct Best {
     T value;
-    std::size_t first = std::numeric_limits<std::size_t>::max();
-    std::size_t last = std::numeric_limits<std::size_t>::max();
+    std::size_t level = kNoLevel;
+    Stretch stretch = {};
+    std::size_t start = 0;  // the value that the stretch begins with
   };
 
   // How many of the entries of `length` end before `last`; the last one of all may be shorter.
@@ -75,23 +83,11 @@ class RangeSearch {
   }
 
   void look_at_entries(std::size_t level, std::size_t length, std::size_t from, std::size_t to) {
-    if (from >= to) return;
-    const RangeLevel<T>& entries = (*levels_)[level];
-    const std::size_t count = to - from;
-    const ValueRange<T> range{least_of(&entries.low[from], count), greatest_of(&entries.high[from], count)};
-    if (range.empty()) return;
-    if (may_be_lower(range, from * length))
-      take_block(entries.lowest_at(from + first_equal_of(&entries.low[from], count, range.low)), range.low,
-                 low_);
-    if (may_be_higher(range, from * length))
-      take_block(entries.highest_at(from + first_equal_of(&entries.high[from], count, range.high)),
-                 range.high, high_);
-  }
-
-  void take_block(std::size_t block, T value, Best& best) const {
-    best = {.value = value,
-            .first = block * kIndexBlock,
-            .last = std::min(values_->count(), (block + 1) * kIndexBlock)};
+    while (from < to) {
+      const std::size_t end = std::min(to, (from / kIndexFan + 1) * kIndexFan);
+      take((*levels_)[level].range(from, end), level, {from, end}, from * length);
+      from = end;
+    }
   }
 
   // Values of one block.
@@ -101,22 +97,44 @@ class RangeSearch {
   }
 
   void look_at_values(std::size_t first, std::size_t last) {
-    const ValueRange<T> range = values_->range(first, last);
-    if (range.empty()) return;
-    if (may_be_lower(range, first)) low_ = {.value = range.low, .first = first, .last = last};
-    if (may_be_higher(range, first)) high_ = {.value = range.high, .first = first, .last = last};
+    take(values_->range(first, last), kNoLevel, {first, last}, first);
+  }
+
+  void take(const ValueRange<T>& range, std::size_t level, Stretch stretch, std::size_t start) {
+    if (may_be_lower(range, start)) low_ = {range.low, level, stretch, start};
+    if (may_be_higher(range, start)) high_ = {range.high, level, stretch, start};
   }
 
   // Of equal values the first one is the best.
-  [[nodiscard]] bool may_be_lower(const ValueRange<T>& range, std::size_t from) const {
-    return range.low < low_.value || (range.low == low_.value && from < low_.first);
+  [[nodiscard]] bool may_be_lower(const ValueRange<T>& range, std::size_t start) const {
+    return range.low < low_.value || (range.low == low_.value && start < low_.start);
   }
-  [[nodiscard]] bool may_be_higher(const ValueRange<T>& range, std::size_t from) const {
-    return range.high > high_.value || (range.high == high_.value && from < high_.first);
+  [[nodiscard]] bool may_be_higher(const ValueRange<T>& range, std::size_t start) const {
+    return range.high > high_.value || (range.high == high_.value && start < high_.start);
   }
 
-  [[nodiscard]] std::size_t place_of(const Best& best) const {
-    return values_->first_with(best.first, best.last, best.value);
+  // The values that the first lowest one is among.
+  [[nodiscard]] Stretch values_of_lowest() const {
+    if (low_.level == kNoLevel) return low_.stretch;
+    const auto& level = (*levels_)[low_.level];
+    const auto [first, last] = low_.stretch;
+    return values_of_block(
+        level.lowest_at(first + first_equal_of(level.low_from(first), last - first, low_.value)));
+  }
+  [[nodiscard]] Stretch values_of_highest() const {
+    if (high_.level == kNoLevel) return high_.stretch;
+    const auto& level = (*levels_)[high_.level];
+    const auto [first, last] = high_.stretch;
+    return values_of_block(
+        level.highest_at(first + first_equal_of(level.high_from(first), last - first, high_.value)));
+  }
+
+  [[nodiscard]] Stretch values_of_block(std::size_t block) const {
+    return {block * kIndexBlock, std::min(values_->count(), (block + 1) * kIndexBlock)};
+  }
+
+  [[nodiscard]] std::size_t place_of(const Stretch& values, T value) const {
+    return values_->first_with(values.first, values.last, value);
   }
 
   const RangeLevels<T>* levels_;
@@ -125,42 +143,16 @@ class RangeSearch {
   Best high_{.value = -std::numeric_limits<T>::infinity()};
 };
 
-// Asks for what a search for the end of a run reads.
-template <typename T, typename Values>
-void ask_for_end(const RangeLevels<T>& levels, const Values& values, std::size_t place) {
+// Asks for what a search for the end of a run reads of the levels.
+template <typename T>
+void ask_for_entries(const RangeLevels<T>& levels, std::size_t place) {
   constexpr std::size_t kLevels = 3;  // the coarser ones are small
-  place = std::min(place, values.count() - 1);
-  std::size_t entry = place / kIndexBlock;
-  ask_for_memory(values.data() + entry * kIndexBlock,
-                 std::min(kIndexBlock, values.count() - entry * kIndexBlock));
+  std::size_t entry = std::min(place / kIndexBlock, levels.front().size() - 1);
   for (std::size_t level = 0; level < std::min(levels.size(), kLevels); ++level, entry /= kIndexFan) {
     const std::size_t first = entry / kIndexFan * kIndexFan;
     const std::size_t count = std::min(kIndexFan, levels[level].size() - first);
-    ask_for_memory(&levels[level].low[first], count);
-    ask_for_memory(&levels[level].high[first], count);
-  }
-}
-
-// Searches the runs between neighbouring `stops`, none of them empty, and calls `use(run, search)` for each,
-// in their order. Quick where the runs are long, since many of them wait for memory at the same time.
-template <typename T, typename Values, typename Use>
-void search_runs(const RangeLevels<T>& levels, const Values& values, std::span<const std::size_t> stops,
-                 Use use) {
-  constexpr std::size_t kTogether = 16;
-  std::vector<RangeSearch<T, Values>> searches;
-  searches.reserve(kTogether);
-  const auto ask_for_ends = [&](std::size_t first) {
-    for (const std::size_t stop : stops.subspan(first, std::min(kTogether, stops.size() - first)))
-      ask_for_end(levels, values, stop);
-  };
-  ask_for_ends(0);
-  for (std::size_t first = 0; first + 1 < stops.size(); first += kTogether) {
-    const std::size_t last = std::min(first + kTogether, stops.size() - 1);
-    ask_for_ends(last);
-    searches.clear();
-    for (std::size_t run = first; run < last; ++run)
-      searches.emplace_back(levels, values, stops[run], stops[run + 1]).ask();
-    for (std::size_t run = first; run < last; ++run) use(run, searches[run - first]);
+    reach_for_memory(levels[level].low_from(first), count);
+    ask_for_memory(levels[level].high_from(first), count);
   }
 }
 

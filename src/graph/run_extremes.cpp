@@ -1,6 +1,8 @@
 #include "graph/run_extremes.h"
 
 #include <algorithm>
+#include <array>
+#include <vector>
 
 #include "graph/range_search.h"
 
@@ -72,32 +74,86 @@ bool shrink(const CurveSamples& samples, std::size_t& first, std::size_t& last) 
   return first < last;
 }
 
+// Goes over many runs at a time, so that what they wait for comes at the same time.
+template <typename Heights>
+class RunWalker {
+ public:
+  RunWalker(const CurveSamples& samples, const Heights& heights, std::span<const std::size_t> stops,
+            const RunWalk& walk)
+      : samples_(samples), heights_(heights), stops_(stops), walk_(walk) {}
+
+  void go() {
+    ask_for_stops(0);
+    for (std::size_t first = 0; first + 1 < stops_.size(); first += kTogether) {
+      const std::size_t last = std::min(first + kTogether, stops_.size() - 1);
+      ask_for_stops(last);
+      wanted_.clear();
+      for (std::size_t run = first; run < last; ++run) look_at(run);
+      for (const Wanted& wanted : wanted_) find_places(wanted);
+      for (std::size_t run = first; run < last; ++run) walk_.use(run, found_[run % kTogether]);
+    }
+  }
+
+ private:
+  static constexpr std::size_t kTogether = 16;
+  using Search = RangeSearch<f32, Heights>;
+
+  struct Wanted {
+    std::size_t run;
+    Search search;
+  };
+
+  void ask_for_stops(std::size_t first) const {
+    for (const std::size_t stop : stops_.subspan(first, std::min(kTogether, stops_.size() - first))) {
+      ask_for_entries(samples_.extents->y_levels, stop);
+      ask_for_sample(samples_, std::min(stop, samples_.count - 1));
+    }
+  }
+
+  void look_at(std::size_t run) {
+    std::size_t first = stops_[run];
+    std::size_t last = stops_[run + 1];
+    std::optional<RunExtremes>& found = found_[run % kTogether];
+    found.reset();
+    const Search search(samples_.extents->y_levels, heights_, first, last);
+    if (!shrink(samples_, first, last)) return;
+    found = RunExtremes{.first = first, .last = last - 1, .y = search.range()};
+    if (!walk_.wants_places(*found)) return;
+    search.ask();
+    wanted_.push_back({run, search});
+  }
+
+  void find_places(const Wanted& wanted) {
+    RunExtremes& found = *found_[wanted.run % kTogether];
+    found.has_places = true;
+    found.lowest = wanted.search.lowest();
+    found.highest = wanted.search.highest();
+    ask_for_sample(samples_, found.lowest);
+    ask_for_sample(samples_, found.highest);
+  }
+
+  const CurveSamples& samples_;
+  const Heights& heights_;
+  std::span<const std::size_t> stops_;
+  const RunWalk& walk_;
+  std::array<std::optional<RunExtremes>, kTogether> found_;
+  std::vector<Wanted> wanted_;
+};
+
 }  // namespace
 
 bool find_extremes(const CurveSamples& samples, std::size_t first, std::size_t last, RunExtremes& found) {
   if (!shrink(samples, first, last)) return false;
   found = with_heights(samples, [&](const auto& heights) {
-    RangeSearch search(samples.extents->y_levels, heights, first, last);
-    return RunExtremes{first, search.lowest(), search.highest(), last - 1};
+    const RangeSearch search(samples.extents->y_levels, heights, first, last);
+    return RunExtremes{first, last - 1, search.range(), true, search.lowest(), search.highest()};
   });
   return true;
 }
 
-std::vector<std::optional<RunExtremes>> extremes_of_runs(const CurveSamples& samples,
-                                                         std::span<const std::size_t> stops) {
-  std::vector<std::optional<RunExtremes>> found;
-  found.reserve(stops.size());
-  with_heights(samples, [&](const auto& heights) {
-    search_runs(samples.extents->y_levels, heights, stops, [&](std::size_t run, auto& search) {
-      std::size_t first = stops[run];
-      std::size_t last = stops[run + 1];
-      if (shrink(samples, first, last))
-        found.push_back(RunExtremes{first, search.lowest(), search.highest(), last - 1});
-      else
-        found.push_back(std::nullopt);
-    });
-  });
-  return found;
+void walk_runs(const CurveSamples& samples, std::span<const std::size_t> stops, const RunWalk& walk) {
+  if (stops.size() < 2) return;
+  with_heights(samples, [&](const auto& heights) { RunWalker(samples, heights, stops, walk).go(); });
 }
 
 PointExtent extent_of_run(const CurveSamples& samples, std::size_t first, std::size_t last) {

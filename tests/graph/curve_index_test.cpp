@@ -113,6 +113,28 @@ TEST(CurveIndexTest, CoarserLevelsTellTheFirstBlocksWithTheirExtremes) {
   EXPECT_EQ(levels[2].highest_at(0), 30u);
 }
 
+TEST(RangeLevelTest, AnyStretchOfEntriesThatLieTogetherHasTheRangeOfAPlainScan) {
+  std::mt19937 random(3);
+  RangeLevel<f32> singles;
+  RangeLevel<f64> doubles;
+  std::vector<ValueRange<f32>> all;
+  for (std::size_t i = 0; i < 2 * kIndexFan + 3; ++i) {
+    const auto low = static_cast<f32>(random() % 100);
+    all.push_back(random() % 5 == 0 ? ValueRange<f32>{} : ValueRange<f32>{low, low + 10});
+    singles.push_back(all.back());
+    doubles.push_back({static_cast<f64>(all.back().low), static_cast<f64>(all.back().high)});
+  }
+  for (std::size_t first = 0; first < all.size(); ++first)
+    for (std::size_t last = first + 1; last <= std::min(all.size(), (first / kIndexFan + 1) * kIndexFan);
+         ++last) {
+      ValueRange<f32> plain;
+      for (std::size_t i = first; i < last; ++i) plain.add(all[i]);
+      EXPECT_EQ(singles.range(first, last), plain) << first << " to " << last;
+      EXPECT_EQ(doubles.range(first, last).low, static_cast<f64>(plain.low));
+      EXPECT_EQ(doubles.range(first, last).high, static_cast<f64>(plain.high));
+    }
+}
+
 TEST(CurveIndexTest, AnyRunHasTheExtentOfAPlainScan) {
   std::mt19937 random(7);
   for (const std::size_t points : {1u, 63u, 64u, 65u, 1000u, 1024u, 1025u, 20000u, 64u * 16 * 17 + 5}) {

@@ -1,11 +1,15 @@
 #include "graph/curve_outline.h"
 
+#include <algorithm>
+#include <array>
 #include <cmath>
+#include <limits>
 #include <map>
 #include <random>
 
 #include <gtest/gtest.h>
 
+#include "graph/curve_strokes.h"
 #include "support/graph_data.h"
 
 namespace trendaro {
@@ -159,6 +163,67 @@ TEST(CurveOutlineTest, EveryColumnHasTheExtremesOfAPlainScan) {
     for (std::size_t i = 1; i < outline.points.size(); ++i)
       ASSERT_GE(outline.points[i].x, outline.points[i - 1].x);
   }
+}
+
+// A slow course with noise, spikes and gaps.
+std::vector<f32> odd_course(std::mt19937& random, std::size_t count) {
+  std::vector<f32> y(count);
+  const f32 noise = std::array{0.0F, 0.02F, 0.5F, 4.0F}[random() % 4];
+  const f64 turns = static_cast<f64>(1 + random() % 60);
+  const bool gaps = random() % 3 == 0;
+  for (std::size_t i = 0; i < count; ++i) {
+    const f64 angle = 6.283 * turns * static_cast<f64>(i) / static_cast<f64>(count);
+    y[i] = static_cast<f32>(5 + 4 * std::sin(angle)) + noise * static_cast<f32>(random() % 1000) / 1000;
+    if (random() % 5000 == 0) y[i] = static_cast<f32>(random() % 20);
+    if (gaps && random() % 1000 == 0) y[i] = kNull;
+  }
+  return y;
+}
+
+void expect_same_strokes(const CurveOutline& one, const CurveOutline& other, f64 column_width) {
+  const CurveStrokes a = curve_strokes(one, column_width, 1.5);
+  const CurveStrokes b = curve_strokes(other, column_width, 1.5);
+  ASSERT_EQ(a.bars.size(), b.bars.size());
+  for (std::size_t i = 0; i < a.bars.size(); ++i) {
+    ASSERT_EQ(a.bars[i].x, b.bars[i].x);
+    ASSERT_EQ(a.bars[i].y, b.bars[i].y);
+    ASSERT_EQ(a.bars[i].height, b.bars[i].height);
+  }
+  ASSERT_EQ(a.lines.starts, b.lines.starts);
+  ASSERT_EQ(a.lines.points.size(), b.lines.points.size());
+  for (std::size_t i = 0; i < a.lines.points.size(); ++i) {
+    ASSERT_EQ(a.lines.points[i].x, b.lines.points[i].x);
+    ASSERT_EQ(a.lines.points[i].y, b.lines.points[i].y);
+  }
+}
+
+TEST(CurveOutlineTest, BarsAreDrawnTheSameWithoutThePlacesOfTheirExtremes) {
+  std::mt19937 random(29);
+  std::size_t bars = 0;
+  for (int round = 0; round < 300; ++round) {
+    const auto y = odd_course(random, 200 + random() % 30000);
+    auto x = counted(y.size());
+    if (round % 4 == 1) std::reverse(x.begin(), x.end());
+    const auto properties = curve_of(x, y);
+    const f64 first = static_cast<f64>(random() % y.size()) / 2;
+    Scales scales = scales_of(first, first + 1 + static_cast<f64>(random() % y.size()), 0.5, 11);
+    if (round % 5 == 2) std::swap(scales.x.first, scales.x.last);
+    if (round % 7 == 3) scales.y = scales_of(0, 1, 4, 7).y;  // most of it lies outside
+    PixelRectangle area = kArea;
+    if (round % 6 == 4) area.x = scales.x.first += 0.37;  // columns that no pixel of the device fits
+    const f64 column_width = round % 3 == 0 ? 0.5 : 1;
+    const CurveSamples samples = curve_samples(properties, 0);
+    const auto outline = [&](f64 bar_height) {
+      return clipped(curve_outline(samples, scales.x, scales.y, area,
+                                   {.column_width = column_width, .bar_height = bar_height}),
+                     {-8, -8, 116, 66});
+    };
+    const CurveOutline whole = outline(std::numeric_limits<f64>::infinity());
+    expect_same_strokes(whole, outline(kLeastBar), column_width);
+    if (HasFatalFailure()) FAIL() << round;
+    bars += curve_strokes(whole, column_width, 1.5).bars.size();
+  }
+  EXPECT_GT(bars, 1000U);
 }
 
 TEST(ClippedTest, LinesEndAtTheTrueCrossings) {

@@ -22,11 +22,12 @@ std::optional<RunExtremes> plain_extremes(const std::vector<f32>& y, Run run) {
   std::optional<RunExtremes> plain;
   for (std::size_t i = run.first; i < run.last; ++i) {
     if (y[i] == kNull || !std::isfinite(y[i])) continue;
-    if (!plain) plain = RunExtremes{i, i, i, i};
+    if (!plain) plain = RunExtremes{i, i, {}, true, i, i};
     if (y[i] < y[plain->lowest]) plain->lowest = i;
     if (y[i] > y[plain->highest]) plain->highest = i;
     plain->last = i;
   }
+  if (plain) plain->y = {y[plain->lowest], y[plain->highest]};
   return plain;
 }
 
@@ -34,9 +35,11 @@ void expect_equal(const std::optional<RunExtremes>& found, const std::optional<R
   ASSERT_EQ(found.has_value(), plain.has_value()) << run.first << " to " << run.last;
   if (!plain) return;
   ASSERT_EQ(found->first, plain->first) << run.first << " to " << run.last;
+  ASSERT_EQ(found->last, plain->last) << run.first << " to " << run.last;
+  ASSERT_EQ(found->y, plain->y) << run.first << " to " << run.last;
+  if (!found->has_places) return;
   ASSERT_EQ(found->lowest, plain->lowest) << run.first << " to " << run.last;
   ASSERT_EQ(found->highest, plain->highest) << run.first << " to " << run.last;
-  ASSERT_EQ(found->last, plain->last) << run.first << " to " << run.last;
 }
 
 GraphProperties curve_of(const std::vector<f32>& y) {
@@ -65,12 +68,17 @@ void expect_plain_walk(std::mt19937& random, const std::vector<f32>& y) {
   const std::size_t longest = 1 + random() % (1 + samples.count / (1 + random() % 100));
   while (stops.back() < samples.count && stops.size() < 200)
     stops.push_back(std::min(samples.count, stops.back() + 1 + random() % longest));
-  const auto all = extremes_of_runs(samples, stops);
-  ASSERT_EQ(all.size(), stops.size() - 1);
-  for (std::size_t i = 0; i < all.size(); ++i) {
-    const Run run{stops[i], stops[i + 1]};
-    expect_equal(all[i], plain_extremes(y, run), run);
-  }
+  std::size_t used = 0;
+  walk_runs(samples, stops,
+            {.wants_places = [](const RunExtremes& run) { return run.first % 3 != 0; },
+             .use =
+                 [&](std::size_t i, const std::optional<RunExtremes>& found) {
+                   ASSERT_EQ(i, used++);
+                   const Run run{stops[i], stops[i + 1]};
+                   expect_equal(found, plain_extremes(y, run), run);
+                   ASSERT_TRUE(!found || found->has_places == (found->first % 3 != 0));
+                 }});
+  ASSERT_EQ(used, stops.size() - 1);
 }
 
 TEST(RunExtremesTest, ExtremesAreThoseOfAPlainScanAndTheFirstOfEqualOnes) {
@@ -104,8 +112,10 @@ TEST(RunExtremesTest, CurvesOfAllKindsGiveWhatAPlainScanGives) {
 TEST(RunExtremesTest, NoStopsAreNoRuns) {
   const auto properties = curve_of({1, 2, 3});
   const CurveSamples samples = curve_samples(properties, 0);
-  EXPECT_TRUE(extremes_of_runs(samples, {}).empty());
-  EXPECT_TRUE(extremes_of_runs(samples, std::vector<std::size_t>{2}).empty());
+  const RunWalk walk{.wants_places = [](const RunExtremes&) { return true; },
+                     .use = [](std::size_t, const auto&) { FAIL(); }};
+  walk_runs(samples, {}, walk);
+  walk_runs(samples, std::vector<std::size_t>{2}, walk);
 }
 
 TEST(RunExtremesTest, ARunBehindTheCurveIsEmpty) {

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <limits>
 #include <set>
 
 #include "graph/curve_fits.h"
@@ -10,6 +11,7 @@
 #include "graph/painters/curve_task.h"
 #include "graph/painters/fill_painter.h"
 #include "graph/painters/graph_colors.h"
+#include "graph/painters/line_style.h"
 #include "graph/painters/sharp_lines.h"
 #include "graph/painters/symbol_painter.h"
 
@@ -58,7 +60,9 @@ CurveOutline stepped(const CurveOutline& outline) {
 
 CurveOutline outline_of(const PaintTask& task, std::size_t most_per_column, std::size_t neighbours) {
   return curve_outline(curve_samples(task.shown, task.place.subset), task.x_scale, task.y_scale, task.area,
-                       {1 / DeviceGrid(task.painter).ratio(), most_per_column, neighbours});
+                       {.column_width = 1 / DeviceGrid(task.painter).ratio(),
+                        .most_per_column = most_per_column,
+                        .neighbours = neighbours});
 }
 
 // The fit over the part of the picture in which the curve has points.
@@ -92,13 +96,20 @@ void draw_fit(const PaintTask& task, MethodOverlay overlay) {
              blended(task.color, QColor(Qt::black), kFitShade));
 }
 
+// For a line of its own type: where dashes end depends on each sample.
+CurveOutline line_outline(const PaintTask& task) {
+  const bool bars = dash_pattern(line_type_of(task.shown, task.place.subset)).empty();
+  return curve_outline(curve_samples(task.shown, task.place.subset), task.x_scale, task.y_scale, task.area,
+                       {.column_width = 1 / DeviceGrid(task.painter).ratio(),
+                        .bar_height = bars ? kLeastBar : std::numeric_limits<f64>::infinity()});
+}
+
 void draw_body(const PaintTask& task, MethodBody body) {
+  if (body == MethodBody::Line) return draw_lines(task, line_outline(task));
   const CurveOutline outline = outline_of(task, kMostOfColumn, 1);
   switch (body) {
     case MethodBody::None:
-      break;
     case MethodBody::Line:
-      draw_lines(task, outline);
       break;
     case MethodBody::Steps:
       draw_lines(task, stepped(outline));
