@@ -111,20 +111,17 @@ void hold_window(Model& model) {
 class PointWriter {
  public:
   PointWriter(const PlainCurve& samples, const CurveSlot& slot, DisplayScale scale, f64 x_offset)
-      : samples_(samples), slot_(slot), scale_(scale), x_offset_(x_offset) {}
+      : samples_(samples), room_(slot, slot.DrawY.size()), scale_(scale), x_offset_(x_offset) {}
 
   void write(std::size_t sample, f64 y) {
-    if (place_ < slot_.DrawY.size()) slot_.DrawY[place_] = scale_(y);
-    const f64 x = samples_.x_at(sample) + x_offset_;
-    if (place_ < slot_.DrawX.size()) slot_.DrawX[place_] = static_cast<f32>(x);
-    if (place_ < slot_.DrawXII.size()) slot_.DrawXII[place_] = x;
+    room_.write(place_, samples_.x_at(sample) + x_offset_, scale_(y));
     ++place_;
   }
   [[nodiscard]] std::size_t place() const { return place_; }
 
  private:
   const PlainCurve& samples_;
-  const CurveSlot& slot_;
+  PointRoom room_;
   DisplayScale scale_;
   f64 x_offset_;
   std::size_t place_ = 0;
@@ -224,14 +221,10 @@ void write_pair_points(Model& model, const PairStream& stream, const TimeLine& l
                        i16 plot, i16 sign) {
   const PlotRecord& record = model.Plots[plot];
   const DisplayScale scale{record.YOffset, sign};
+  const PointRoom room(slot, stream.points().size());
   std::size_t place = 0;
-  for (const PairStream::Point& point : stream.points()) {
-    const f64 x = line.at(point.sample) + record.XOffset;
-    if (place < slot.DrawY.size()) slot.DrawY[place] = scale(point.y);
-    if (place < slot.DrawX.size()) slot.DrawX[place] = static_cast<f32>(x);
-    if (place < slot.DrawXII.size()) slot.DrawXII[place] = x;
-    ++place;
-  }
+  for (const PairStream::Point& point : stream.points())
+    room.write(place++, line.at(point.sample) + record.XOffset, scale(point.y));
   pad_y(slot.DrawY, place, model.PESG.pending.NullDataValue);
   pad_x(slot, place, model.PESG.pending.NullDataValueX);
 }

@@ -95,11 +95,11 @@ void read_pair_values(const CurveTask& task) {
   load_values(model, task.path, task.plot.ChannelIndex, true);
   take_reduction(task, model.FileReduceFactor, readable_date(model.FileDateText));
   const auto minima = first_values(model, pairs);
-  write_values(task.slot.DrawYDatabase, minima, task.scale());
-  write_values(task.slot.DrawY, minima, task.scale(), 2);
+  write_y(task.slot.DrawYDatabase, minima, task.scale());
+  write_y(task.slot.DrawY, minima, task.scale(), 0, 2);
   if (task.slot.DrawY.size() < 2) return;
   load_values(model, task.path, maxima, false);
-  write_values(task.slot.DrawY.subspan(1), first_values(model, pairs), task.scale(), 2);
+  write_y(task.slot.DrawY, first_values(model, pairs), task.scale(), 1, 2);
 }
 
 void read_pair_x(const CurveTask& task) {
@@ -126,7 +126,7 @@ void read_block_values(CurveTask& task) {
   take_reduction(task, model.FileReduceBlock, model.FileDateText);
   find_length(task, model.FileChannelValues.size(), static_cast<LoadStatus>(model.LastDatabaseStatus));
   const auto values = first_values(model, static_cast<std::size_t>(std::max(task.points, 0)));
-  write_values(task.slot.DrawY, values, task.scale());
+  write_y(task.slot.DrawY, values, task.scale());
 }
 
 void read_x_channel(const CurveTask& task) {

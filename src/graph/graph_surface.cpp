@@ -147,13 +147,13 @@ void set_cell_color(TableProperties& table, i32 row, i32 column, i32 color) {
 i32 PEvset(GraphSurface& graph, i32 property, FlatArray values) {
   if (property != kXData && property != kYData) return kPropertyUnknown;
   auto& place = property == kXData ? graph.pending.XData : graph.pending.YData;
-  place = std::make_shared<const FlatArray>(std::move(values));
+  place = std::make_shared<FlatArray>(std::move(values));
   return kPropertyDone;
 }
 
 i32 PEvset(GraphSurface& graph, i32 property, SampleArray values) {
   if (property != kXDataII) return kPropertyUnknown;
-  graph.pending.XDataII = std::make_shared<const SampleArray>(std::move(values));
+  graph.pending.XDataII = std::make_shared<SampleArray>(std::move(values));
   return kPropertyDone;
 }
 

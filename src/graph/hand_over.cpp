@@ -36,6 +36,7 @@ void write_graph_style(Model& model, GraphSurface& graph) {
 }
 
 void hand_over(Model& model, GraphSurface& graph, DrawArrays arrays, bool time_axis_resets_dates) {
+  fill_rest(arrays);
   GraphProperties& pending = graph.pending;
   pending.PointCount = static_cast<i32>(arrays.slot_length);
   if (model.DateAxis) {

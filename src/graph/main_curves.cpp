@@ -97,7 +97,7 @@ void read_database_y(CurveTask& task, std::size_t points) {
   SampleArray values;
   values.assign(points, 0);
   attempt([&] { task.model.Host->DB().ReadData64(task.plot.DatabaseChannel, values); });
-  write_values(task.slot.DrawYDatabase, values, task.scale());
+  write_y(task.slot.DrawYDatabase, values, task.scale());
 }
 
 // Behind the samples a slot of DrawX holds null values; that of DrawXII never does.
@@ -144,7 +144,7 @@ void draw_plain_samples(CurveTask& task, MainReading& reading, std::span<const f
                         bool compressed) {
   Model& model = task.model;
   PlainCurve curve{.y = samples, .x = nullptr, .line = {}};
-  if (!compressed) write_values(task.slot.DrawY, samples, task.scale());
+  if (!compressed) write_y(task.slot.DrawY, samples, task.scale());
   if (time_from_base(task.plot)) {
     curve.line = reading.line = plain_time_line(task, reading, compressed);
     take_time_title(model, reading);
@@ -205,15 +205,14 @@ void compress_while_reading(CurveTask& task, MainReading& reading) {
 }
 
 void copy_while_reading(CurveTask& task, MainReading& reading) {
-  std::span<f32> rest =
-      task.slot.DrawY.first(std::min(task.slot.DrawY.size(), static_cast<std::size_t>(task.points)));
-  const std::size_t room = rest.size();
+  const DrawSlot<f32> slot = task.slot.DrawY.first(static_cast<std::size_t>(task.points));
+  std::size_t done = 0;
   const TimeLine line = pass_samples(task, reading, false, [&](std::span<const f64> run) {
-    run = run.first(std::min(run.size(), rest.size()));
-    write_values(rest, run, task.scale());
-    rest = rest.subspan(run.size());
+    run = run.first(std::min(run.size(), slot.size() - done));
+    write_y(slot, run, task.scale(), done);
+    done += run.size();
   });
-  if (time_from_base(task.plot)) write_line(task.slot, room - rest.size(), line);
+  if (time_from_base(task.plot)) write_line(task.slot, done, line);
 }
 
 void keep_window_while_reading(CurveTask& task, MainReading& reading) {

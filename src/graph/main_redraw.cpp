@@ -55,21 +55,17 @@ void read_curve(CurveTask& task, MainReading& reading) {
   }
 }
 
-DrawKind kind_of_arrays(const Model& model) {
-  return {.database = model.OriginalDataMode, .date_axis = model.DateAxis};
-}
-
-DrawArrays arrays_of_graph(const Model& model) {
-  return make_draw_arrays(model.PESG.pending.SubsetCount, model.ViewPoints, kind_of_arrays(model),
-                          model.PESG.pending.NullDataValue);
+DrawArrays arrays_of_graph(const Model& model, FormerArrays former) {
+  return make_draw_arrays(model.PESG.pending.SubsetCount, model.ViewPoints,
+                          {.database = model.OriginalDataMode, .date_axis = model.DateAxis},
+                          model.PESG.pending.NullDataValue, std::move(former));
 }
 
 // The slots never shrink while curves are read.
 void widen_slots(CurveTask& task, i32 points, DrawArrays& arrays, std::size_t curve) {
   Model& model = task.model;
   model.ViewPoints = std::max(points, static_cast<i32>(arrays.slot_length));
-  grow_slots(arrays, model.PESG.pending.SubsetCount, model.ViewPoints, kind_of_arrays(model),
-             model.PESG.pending.NullDataValue);
+  grow_slots(arrays, model.ViewPoints);
   task.slot = slot_of(arrays, curve);
 }
 
@@ -115,7 +111,7 @@ std::vector<CurveTask> pair_tasks(Model& model, DrawArrays& arrays) {
 
 void read_curves(Model& model, DrawArrays& arrays, MainReading& reading) {
   model.PESG.pending.SpecialSubsetCount = 0;
-  PairReading pairs([&] { return pair_tasks(model, arrays); }, model.PESG.pending.NullDataValue);
+  PairReading pairs([&] { return pair_tasks(model, arrays); });
   for_plots_on_show(model, [&](i16 number, std::size_t curve) {
     model.shell.show_status(1, "Einlesen der Daten für Kurve " + std::to_string(number) + ".......");
     attempt([&] { describe_curve(model.PESG, model.Plots[number], static_cast<i32>(curve)); });
@@ -136,9 +132,10 @@ void RedrawKMGraph(Model& model, bool settings_only) {
   DrawArrays arrays;
   size_companions(model);
   if (!settings_only) {
+    FormerArrays former = former_arrays(model.PESG);
     size_graph(model, reading);
     settle_section(model);
-    attempt([&] { arrays = arrays_of_graph(model); });
+    attempt([&] { arrays = arrays_of_graph(model, std::move(former)); });
   }
   read_curves(model, arrays, reading);
   if (!settings_only) model.MaxPlotPoints = longest_plain_plot(model);

@@ -11,9 +11,8 @@ namespace trendaro {
 namespace {
 
 // The part of a slot that the pairs of a plot take.
-std::span<f32> pairs_of(const CurveTask& task) {
-  const auto points = static_cast<std::size_t>(task.points / 2 * 2);
-  return task.slot.DrawY.first(std::min(points, task.slot.DrawY.size()));
+DrawSlot<f32> pairs_of(const CurveTask& task) {
+  return task.slot.DrawY.first(static_cast<std::size_t>(task.points / 2 * 2));
 }
 
 // Takes values of a channel; `first` is the index of the first of them.
@@ -28,9 +27,7 @@ i16 next_channel(i16 channel) {
 // The values of a channel become every second one of y, from `half` on.
 WriteRun write_half(const CurveTask& task, std::size_t half) {
   return [&task, half](i64 first, std::span<const f64> run) {
-    const std::span<f32> pairs = pairs_of(task);
-    const std::size_t begin = 2 * static_cast<std::size_t>(first) + half;
-    if (begin < pairs.size()) write_values(pairs.subspan(begin), run, task.scale(), 2);
+    write_y(pairs_of(task), run, task.scale(), 2 * static_cast<std::size_t>(first) + half, 2);
   };
 }
 
@@ -77,9 +74,11 @@ LoadStatus read_together(const std::string& path, const std::vector<CurveTask>& 
 }
 
 // What a reading that failed has written.
-void take_back(const CurveTask& task, f64 null_y) {
-  pad_y(task.slot.DrawY, 0, null_y);
-  if (task.plot.XSource > 0) pad_x(task.slot, 0, 0);
+void take_back(const CurveTask& task) {
+  task.slot.DrawY.clear();
+  if (task.plot.XSource <= 0) return;
+  task.slot.DrawX.clear();
+  task.slot.DrawXII.clear();
 }
 
 }  // namespace
@@ -91,7 +90,7 @@ bool PairReading::fill(const CurveTask& task) {
     if (other.path == task.path && other.points >= 2 && other.slot.DrawY.size() >= 2) tasks.push_back(other);
   if (tasks.empty()) return false;
   if (read_together(task.path, tasks) != LoadStatus::Done) {
-    for (const CurveTask& other : tasks) take_back(other, null_y_);
+    for (const CurveTask& other : tasks) take_back(other);
     return false;
   }
   for (const CurveTask& other : tasks) filled_.insert(other.number);

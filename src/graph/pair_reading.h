@@ -16,9 +16,8 @@ class PairReading {
  public:
   using Tasks = std::function<std::vector<CurveTask>()>;
 
-  // `tasks` gives a task for each plot of pairs that the redraw draws; `null_y` is what its slots hold at
-  // first.
-  PairReading(Tasks tasks, f64 null_y) : tasks_(std::move(tasks)), null_y_(null_y) {}
+  // `tasks` gives a task for each plot of pairs that the redraw draws.
+  explicit PairReading(Tasks tasks) : tasks_(std::move(tasks)) {}
 
   // Fills DrawY of a plot and, over an x channel, its x; with the first plot of a file those of its other
   // plots. False where the plot must be read channel by channel; its slot is then as it was.
@@ -29,7 +28,6 @@ class PairReading {
 
  private:
   Tasks tasks_;
-  f64 null_y_;
   std::set<std::string> files_;  // that have been looked at
   std::set<i16> filled_;         // numbers of plots
 };

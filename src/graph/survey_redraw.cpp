@@ -85,11 +85,6 @@ struct SurveyReading {
   i32 curves = 0;
 };
 
-void make_slots_hold(const Model& model, SurveyReading& reading, i32 length) {
-  grow_slots(reading.arrays, reading.curves, length, {.database = false, .date_axis = model.DateAxis},
-             model.PESGSurvey.pending.NullDataValue);
-}
-
 std::size_t points_of(const CurveTask& task) {
   return static_cast<std::size_t>(std::max(task.points, 0));
 }
@@ -143,7 +138,7 @@ void read_plain(CurveTask& task, const SurveyReading& reading) {
   find_length(task, model.FileChannelValues.size(), static_cast<LoadStatus>(model.LastDatabaseStatus));
   take_plain_date(task);
   const std::span<const f64> values = model.FileChannelValues;
-  write_values(task.slot.DrawY, values.first(std::min(values.size(), points_of(task))), task.scale());
+  write_y(task.slot.DrawY, values.first(std::min(values.size(), points_of(task))), task.scale());
   pad_y(task.slot.DrawY, points_of(task), model.PESG.pending.NullDataValue);
   take_file_unit(model, task.plot, model.SurveyAxisTitles);
   if (task.plot.XSource > 0)
@@ -184,7 +179,7 @@ CurveTask task_of(Model& model, i16 number, SurveyReading& reading) {
               model.Plots[longer.number].Points = longer.points;
             else
               longer.plot.Points = -1;
-            make_slots_hold(model, reading, longer.points);
+            grow_slots(reading.arrays, longer.points);
             longer.slot = slot_of(reading.arrays, curve);
           }};
 }
@@ -197,7 +192,7 @@ std::vector<CurveTask> pair_tasks(Model& model, SurveyReading& reading) {
 }
 
 void read_plots(Model& model, SurveyReading& reading, bool settings_only) {
-  PairReading pairs([&] { return pair_tasks(model, reading); }, model.PESGSurvey.pending.NullDataValue);
+  PairReading pairs([&] { return pair_tasks(model, reading); });
   for (i16 number = 1; number <= model.NofPlots; ++number) {
     model.shell.show_status(1, "Einlesen der Daten für Kurve " + std::to_string(number) + ".......");
     attempt([&] { describe_curve(model.PESGSurvey, model.SurveyPlots[number], number - 1); });
@@ -236,6 +231,7 @@ void take_zoom_box_limits(Model& model) {
 }
 
 void size_graph(Model& model, SurveyReading& reading) {
+  FormerArrays former = former_arrays(model.PESGSurvey);
   attempt([&] { InitSurvGraph(model); });
   model.PESGSurvey.pending.SubsetCount = reading.curves;
   if (reading.curves == 0) model.AxisUnits.fill({});
@@ -243,7 +239,7 @@ void size_graph(Model& model, SurveyReading& reading) {
   attempt([&] {
     reading.arrays =
         make_draw_arrays(reading.curves, length, {.database = false, .date_axis = model.DateAxis},
-                         model.PESGSurvey.pending.NullDataValue);
+                         model.PESGSurvey.pending.NullDataValue, std::move(former));
   });
 }
 

@@ -21,13 +21,9 @@ bool is_plain_over_time(const PlotRecord& plot) {
 void write_points(CurveTask& task, const std::vector<WindowPoints::Point>& points, const TimeLine& line) {
   if (points.size() > task.slot.DrawY.size() && task.widen_slot)
     task.widen_slot(task, static_cast<i32>(points.size()));
-  const CurveSlot& slot = task.slot;
-  for (std::size_t place = 0; place < points.size(); ++place) {
-    const f64 x = line.at(points[place].sample);
-    if (place < slot.DrawY.size()) slot.DrawY[place] = points[place].y;
-    if (place < slot.DrawX.size()) slot.DrawX[place] = static_cast<f32>(x);
-    if (place < slot.DrawXII.size()) slot.DrawXII[place] = x;
-  }
+  const PointRoom room(task.slot, points.size());
+  for (std::size_t place = 0; place < points.size(); ++place)
+    room.write(place, line.at(points[place].sample), points[place].y);
 }
 
 // Hands display values on as long as the curve goes on.

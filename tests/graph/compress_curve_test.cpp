@@ -33,13 +33,19 @@ class CompressCurveTest : public testing::Test {
 
   CompressCurveTest() { model.Plots.push_back({}); }
 
-  // Compresses onto a date axis, so that x is seen in full precision.
+  // On a date axis, so that x is seen in full precision.
+  static DrawArrays one_slot(std::size_t length) {
+    return make_draw_arrays(1, static_cast<i32>(length), {.database = false, .date_axis = true}, 0);
+  }
+  static Points points_in(DrawArrays& arrays) {
+    fill_rest(arrays);
+    return {{arrays.DrawY.begin(), arrays.DrawY.end()}, {arrays.DrawXII.begin(), arrays.DrawXII.end()}};
+  }
+
   Points compress(const PlainCurve& samples, i32 factor, std::size_t slot_length, i16 sign = 1) {
-    FlatArray y(slot_length, 0);
-    SampleArray x(slot_length, 0);
-    CompressCurve(model, samples, factor, {.DrawY = y, .DrawYDatabase = {}, .DrawX = {}, .DrawXII = x}, 1,
-                  sign);
-    return {{y.begin(), y.end()}, {x.begin(), x.end()}};
+    DrawArrays arrays = one_slot(slot_length);
+    CompressCurve(model, samples, factor, slot_of(arrays, 0), 1, sign);
+    return points_in(arrays);
   }
   Points compress(const std::vector<f64>& y, i32 factor, std::size_t slot_length, i16 sign = 1) {
     return compress({.y = y, .x = nullptr, .line = {.step = 1, .start = 0}}, factor, slot_length, sign);
@@ -65,11 +71,9 @@ class CompressCurveTest : public testing::Test {
     PairStream stream(factor, y.size(), slot_length);
     const std::span<const f64> all = y;
     for (std::size_t i = 0; i < y.size(); i += run) stream.add(all.subspan(i, std::min(run, y.size() - i)));
-    FlatArray slot_y(slot_length, 0);
-    SampleArray slot_x(slot_length, 0);
-    write_pair_points(model, stream, line,
-                      {.DrawY = slot_y, .DrawYDatabase = {}, .DrawX = {}, .DrawXII = slot_x}, 1, sign);
-    return {{slot_y.begin(), slot_y.end()}, {slot_x.begin(), slot_x.end()}};
+    DrawArrays arrays = one_slot(slot_length);
+    write_pair_points(model, stream, line, slot_of(arrays, 0), 1, sign);
+    return points_in(arrays);
   }
 
   // The same by a plain walk over marked samples, with every value kept at hand.

@@ -110,6 +110,44 @@ TEST_F(MainRedrawTest, UnknownLengthIsFoundAndKept) {
   EXPECT_THAT(y(), ElementsAre(1, 2, 3, 4));
 }
 
+TEST_F(MainRedrawTest, CurvesDrawnInTheMemoryOfOthersShowNothingOfThem) {
+  const std::vector<f64> sevens(8, 7);
+  const auto full = write("voll.dat", curve_file({{.samples = sevens}}));
+  for (int plot = 0; plot < 3; ++plot) add_plot(full, 1, kKindPlain, 8);
+  RedrawKMGraph(model, false);
+  const f32 *const memory_of_x = shown().XData->data(), *const memory_of_y = shown().YData->data();
+
+  model.Plots.clear();
+  model.SurveyPlots.clear();
+  model.LayerPlotCount = {0, 0, 0};
+  const auto mixed = write("a.dat", curve_file({{.samples = {1, 2, 3}}, {.samples = {4}, .interval = 1000}}));
+  add_plot(write_pairs(), 1, kKindReducedPairs, 4);
+  add_plot(mixed, 1, kKindPlain, 3);
+  add_plot("/nowhere/gone.dat", 1, kKindPlain, 4);
+  add_plot(mixed, 2, kKindPlain, 0);
+  add_plot(mixed, 1, kKindPlain, 3).Layer = 3;
+  add_plot(mixed, 2, kKindPlain, -1);
+  add_plot(mixed, 1, kKindPlain, 4).TimeFromRate = 0;
+  model.LastLayer = 1;
+  model.ChannelParams[1].SampleInterval = 100;
+  RedrawKMGraph(model, false);
+  EXPECT_EQ(shown().XData->data(), memory_of_x);
+  EXPECT_EQ(shown().YData->data(), memory_of_y);
+  EXPECT_THAT(y(), ElementsAre(-1, 3, -2, 4,                //
+                               1, 2, 3, kNull,              //
+                               kNull, kNull, kNull, kNull,  //
+                               kNull, kNull, kNull, kNull,  //
+                               4, kNull, kNull, kNull,      //
+                               1, 2, 3, kNull));
+  // Pairs of 10 samples of 100 ms to a point, samples of 1 ms, and one sample.
+  EXPECT_THAT(x(), ElementsAre(0, 1, 2, 3,            //
+                               0, 0.001f, 0.002f, 0,  //
+                               0, 0, 0, 0,            //
+                               0, 0, 0, 0,            //
+                               0, 0, 0, 0,            //
+                               0, 0, 0, 0));
+}
+
 TEST_F(MainRedrawTest, PlotOfAHiddenLayerTakesNoSlot) {
   const auto path = write("a.dat", curve_file({{.samples = {1, 2}}, {.samples = {8, 9}}}));
   add_plot(path, 1, kKindPlain, 2).Layer = 1;
