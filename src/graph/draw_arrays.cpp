@@ -23,18 +23,20 @@ std::span<T> place_in(const DrawSlot<T>& slot, std::size_t count, std::size_t fi
 }
 
 template <typename T>
-void write_shifted(const DrawSlot<T>& slot, std::span<const f64> values, f64 offset, f64 sign,
-                   std::size_t first, std::size_t stride) {
-  const std::span<T> reached = place_in(slot, values.size(), first, stride);
-  std::size_t place = 0;
-  for (std::size_t i = 0; i < values.size() && place < reached.size(); ++i, place += stride)
-    reached[place] = static_cast<T>((values[i] + offset) * sign);
+void write_shifted(std::span<T> place, std::span<const f64> values, f64 offset, f64 sign,
+                   std::size_t stride) {
+  std::size_t next = 0;
+  for (std::size_t i = 0; i < values.size() && next < place.size(); ++i, next += stride)
+    place[next] = static_cast<T>((values[i] + offset) * sign);
 }
 
+// The points are counted in the numbers that a processor turns into f64 several at once.
 template <typename T>
-void write_points(const DrawSlot<T>& slot, std::size_t points, const TimeLine& line) {
+void write_points(const DrawSlot<T>& slot, std::size_t points, TimeLine line) {
   const std::span<T> reached = slot.for_all(0, points);
-  for (std::size_t i = 0; i < reached.size(); ++i) reached[i] = static_cast<T>(line.at(i));
+  const auto count = static_cast<i32>(reached.size());
+  for (i32 i = 0; i < count; ++i)
+    reached[static_cast<std::size_t>(i)] = static_cast<T>(line.at(static_cast<std::size_t>(i)));
 }
 
 template <typename T>
@@ -102,9 +104,7 @@ CurveSlot slot_of(DrawArrays& arrays, std::size_t curve) {
 }
 
 void write_values(std::span<f32> place, std::span<const f64> values, DisplayScale scale, std::size_t stride) {
-  std::size_t next = 0;
-  for (std::size_t i = 0; i < values.size() && next < place.size(); ++i, next += stride)
-    place[next] = scale(values[i]);
+  write_shifted(place, values, f64{scale.offset}, scale.sign, stride);
 }
 
 void write_y(const DrawSlot<f32>& slot, std::span<const f64> values, DisplayScale scale, std::size_t first,
@@ -114,8 +114,8 @@ void write_y(const DrawSlot<f32>& slot, std::span<const f64> values, DisplayScal
 
 void write_x(const CurveSlot& slot, std::span<const f64> values, f64 offset, i16 sign, std::size_t first,
              std::size_t stride) {
-  write_shifted(slot.DrawX, values, offset, sign, first, stride);
-  write_shifted(slot.DrawXII, values, offset, sign, first, stride);
+  write_shifted(place_in(slot.DrawX, values.size(), first, stride), values, offset, sign, stride);
+  write_shifted(place_in(slot.DrawXII, values.size(), first, stride), values, offset, sign, stride);
 }
 
 void write_line(const CurveSlot& slot, std::size_t points, const TimeLine& line) {
