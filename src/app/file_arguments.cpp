@@ -20,21 +20,31 @@ i32 find_channel(const ChannelRows& list, i32 first, const std::string& path, i1
   return 0;
 }
 
+// Calls `mark(row)` for each channel that was named and has no mark yet.
+template <typename Mark>
+void for_channels_to_mark(const Model& model, const FileArgument& argument, i32 first_row, Mark mark) {
+  for (const i16 channel : argument.channels) {
+    const i32 row = find_channel(model.Grid, first_row, argument.path, channel);
+    if (row != 0 && model.Grid.rows[row].check != 1) mark(row);
+  }
+}
+
 }  // namespace
 
 void open_file_argument(Model& model, const FileArgument& argument) {
   const i32 first_row = model.Grid.MaxRows() + 1;
   open_file(model, argument.path);
-  mark_channels(model, argument, first_row);
-}
-
-void mark_channels(Model& model, const FileArgument& argument, i32 first_row) {
-  for (const i16 channel : argument.channels) {
-    const i32 row = find_channel(model.Grid, first_row, argument.path, channel);
-    if (row == 0 || model.Grid.rows[row].check == 1) continue;
+  for_channels_to_mark(model, argument, first_row, [&](i32 row) {
     activate_row(model, row);
     click_check_cell(model, row, 1);
-  }
+  });
+}
+
+void put_marks(Model& model, const FileArgument& argument, i32 first_row) {
+  for_channels_to_mark(model, argument, first_row, [&](i32 row) {
+    const i16 index = mark_index(model.Grid.rows[row].mark);
+    set_mark(model.Grid, row, {index, model.CurrentLayer, model.CurrentSide});
+  });
 }
 
 }  // namespace trendaro

@@ -10,7 +10,8 @@ struct Model;
 // as clicks on their check cells would. A channel that the file does not have marks nothing.
 void open_file_argument(Model& model, const FileArgument& argument);
 
-// Marks the channels of a file whose rows are in the list from `first_row` on.
-void mark_channels(Model& model, const FileArgument& argument, i32 first_row);
+// Puts marks on the channels of a file whose rows are in the list from `first_row` on, and no more: the plot
+// list and the graphs do not follow.
+void put_marks(Model& model, const FileArgument& argument, i32 first_row);
 
 }  // namespace trendaro

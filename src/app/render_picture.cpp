@@ -15,6 +15,7 @@
 #include "app/startup.h"
 #include "app/window_toolkit_notes.h"
 #include "datasource/mark.h"
+#include "datasource/plot_list.h"
 #include "graph/main_redraw.h"
 #include "graph/window_reading.h"
 #include "output/picture_file.h"
@@ -89,8 +90,15 @@ bool add_file(Model& model, const RenderShell& shell, const FileArgument& argume
   }
   const FileArgument marks{
       argument.path, argument.channels.empty() ? all_channels(model, argument.path) : argument.channels};
-  mark_channels(model, marks, rows + 1);
+  put_marks(model, marks, rows + 1);
   return !shell.failed();
+}
+
+// All marks at once, for after each of them the curves before it would be read once more.
+void draw_marked(Model& model) {
+  if (model.Grid.marked.empty()) return;
+  RebuildPlotList(model);
+  RedrawKMGraph(model, false);
 }
 
 void set_time_unit(Model& model, i16 unit) {
@@ -173,6 +181,8 @@ int run_render(const RenderCommand& command, std::ostream& errors) {
   }
   for (const FileArgument& file : command.files)
     if (!add_file(model, shell, file, errors)) return 1;
+  draw_marked(model);
+  if (shell.failed()) return 1;
   set_x_range(model.PESG, command);
   read_columns(model, command);
   if (shell.failed()) return 1;

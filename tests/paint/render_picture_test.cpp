@@ -3,6 +3,7 @@
 #include <QImage>
 #include <cmath>
 #include <filesystem>
+#include <fstream>
 #include <random>
 #include <sstream>
 
@@ -76,6 +77,39 @@ TEST_F(RenderCommandTest, DrawsAllChannelsWhereNoneIsNamed) {
   EXPECT_GT(both, coloured_pixels());
   EXPECT_GT(coloured_pixels(), 100);
   EXPECT_EQ(errors.str(), "");
+}
+
+// Bytes that this process has read by system calls so far.
+i64 bytes_read() {
+  std::ifstream counts("/proc/self/io");
+  std::string name;
+  i64 bytes = 0;
+  counts >> name >> bytes;
+  EXPECT_EQ(name, "rchar:");
+  return bytes;
+}
+
+TEST_F(RenderCommandTest, EachCurveIsReadOnceHoweverManyThereAre) {
+  StandardFileLayout layout;
+  for (int i = 0; i < 12; ++i) {
+    StandardChannel channel;
+    channel.values.assign(100000, i);
+    layout.channels.push_back(channel);
+  }
+  file.rewrite(layout.build().bytes());
+  const TemporaryFile other{std::string_view(recording())};
+  command.files = {{file.path(), {}}, {other.path(), {2, 1}}};
+  ASSERT_EQ(render(), 0) << errors.str();
+  const int both = coloured_pixels();
+  const i64 before = bytes_read();
+  ASSERT_EQ(render(), 0) << errors.str();
+  const i64 read = bytes_read() - before;
+  const auto size = static_cast<i64>(std::filesystem::file_size(file.path()));
+  EXPECT_GE(read, size);
+  EXPECT_LT(read, size * 3 / 2);
+  command.files = {{other.path(), {2, 1}}};
+  ASSERT_EQ(render(), 0) << errors.str();
+  EXPECT_NE(coloured_pixels(), both);
 }
 
 TEST_F(RenderCommandTest, TheRangeOfXCutsTheCurve) {
