@@ -1,5 +1,7 @@
 #include "output/picture_file.h"
 
+#include <QPainter>
+#include <QSvgRenderer>
 #include <filesystem>
 
 #include <gtest/gtest.h>
@@ -57,6 +59,48 @@ TEST(PictureFileTest, VectorPicturesHoldTheirSizeAndText) {
   EXPECT_TRUE(pdf.startsWith("%PDF-"));
   // 320 x 200 pixels of 1/96 inch are 240 x 150 points.
   EXPECT_TRUE(pdf.contains("/MediaBox [0 0 240"));
+}
+
+// 20000 samples that swing between 0 and 10, many of them in each column of pixels.
+GraphSurface dense_graph() {
+  constexpr i32 kPoints = 20000;
+  GraphSurface graph(1);
+  graph.pending.SubsetCount = 1;
+  graph.pending.PointCount = kPoints;
+  graph.pending.SubsetColors = {0x0000FF};
+  FlatArray x;
+  FlatArray y;
+  for (i32 i = 0; i < kPoints; ++i) {
+    x.push_back(static_cast<f32>(i));
+    y.push_back(i % 2 == 0 ? 0.0F : 10.0F);
+  }
+  PEvset(graph, kXData, x);
+  PEvset(graph, kYData, y);
+  PEactions(graph, kTakeOverAndRedraw);
+  return graph;
+}
+
+TEST(PictureFileTest, ADenseCurveInAVectorPictureHasNoSeamsAtAnyScale) {
+  const QByteArray svg = graph_picture(dense_graph().shown(), PictureKind::Svg, kSize);
+  QSvgRenderer renderer(svg);
+  ASSERT_TRUE(renderer.isValid());
+  constexpr f64 kScale = 2.6;
+  QImage image(QSize(static_cast<int>(kSize.width() * kScale), static_cast<int>(kSize.height() * kScale)),
+               QImage::Format_RGB32);
+  image.fill(Qt::white);
+  QPainter painter(&image);
+  renderer.render(&painter);
+  painter.end();
+  // The middle half of the picture lies inside the curve, which is pure red.
+  for (int x = image.width() / 4; x < image.width() * 3 / 4; ++x)
+    EXPECT_EQ(image.pixel(x, image.height() / 2), qRgb(255, 0, 0)) << x;
+}
+
+TEST(PictureFileTest, ADenseCurveInAVectorPictureIsOneShape) {
+  const QByteArray svg = graph_picture(dense_graph().shown(), PictureKind::Svg, kSize);
+  EXPECT_LE(svg.count("<path"), 2);
+  // Frame, grid and ticks; a rectangle for each of about 250 columns would be far more.
+  EXPECT_LT(svg.count("<rect"), 100);
 }
 
 TEST(PictureFileTest, AFileThatCannotBeWrittenIsToldAndLeavesNothing) {

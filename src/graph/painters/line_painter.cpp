@@ -1,7 +1,9 @@
+#include <QPaintEngine>
 #include <algorithm>
 #include <cmath>
 
 #include "graph/bar_notches.h"
+#include "graph/bar_polygons.h"
 #include "graph/curve_strokes.h"
 #include "graph/painters/curve_painter.h"
 #include "graph/painters/curve_task.h"
@@ -11,8 +13,9 @@
 namespace trendaro {
 namespace {
 
-constexpr f64 kLeastDot = 4;      // pixels
-constexpr f64 kChunkTravel = 60;  // pixels up and down that the rasteriser takes at once
+constexpr f64 kLeastDot = 4;        // pixels
+constexpr f64 kChunkTravel = 60;    // pixels up and down that the rasteriser takes at once
+constexpr f64 kShapeFineness = 10;  // places in a pixel; shapes with longer numbers are longer files
 
 QPointF at(const CurveOutline& outline, std::size_t index) {
   return {outline.points[index].x, outline.points[index].y};
@@ -45,8 +48,41 @@ void draw_connected(QPainter& painter, const CurveOutline& outline, std::size_t 
     painter.drawPolyline(points.data(), static_cast<int>(points.size()));
 }
 
+// Whether the device keeps shapes, to be shown at any scale, instead of pixels.
+bool keeps_shapes(const QPainter& painter) {
+  switch (painter.paintEngine()->type()) {
+    case QPaintEngine::SVG:
+    case QPaintEngine::Pdf:
+    case QPaintEngine::Picture:
+      return true;
+    default:
+      return false;
+  }
+}
+
+void draw_joined_bars(QPainter& painter, const std::vector<PixelRectangle>& bars, f64 column_width,
+                      const QColor& color) {
+  std::vector<PixelRectangle> rounded;
+  for (const PixelRectangle& bar : bars) {
+    const f64 top = std::round(bar.y * kShapeFineness) / kShapeFineness;
+    const f64 bottom = std::round(bar.bottom() * kShapeFineness) / kShapeFineness;
+    rounded.push_back({bar.x, top, bar.width, bottom - top});
+  }
+  painter.setPen(Qt::NoPen);
+  painter.setBrush(color);
+  for (const std::vector<PixelPoint>& corners : joined_bars(rounded, column_width)) {
+    QPolygonF polygon;
+    for (const PixelPoint& corner : corners) polygon.append({corner.x, corner.y});
+    painter.drawPolygon(polygon, Qt::WindingFill);
+  }
+}
+
 void draw_bars_of_columns(QPainter& painter, const std::vector<PixelRectangle>& bars, const QColor& color) {
   const DeviceGrid grid(painter);
+  if (keeps_shapes(painter)) {
+    draw_joined_bars(painter, without_notches(bars, 1 / grid.ratio()), 1 / grid.ratio(), color);
+    return;
+  }
   for (const PixelRectangle& bar : without_notches(bars, 1 / grid.ratio()))
     painter.fillRect(grid.aligned(QRectF(bar.x, bar.y, bar.width, bar.height)), color);
 }
