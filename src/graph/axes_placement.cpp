@@ -4,6 +4,7 @@
 #include <cmath>
 
 #include "graph/axis_layout.h"
+#include "graph/shape_room.h"
 
 namespace trendaro {
 namespace {
@@ -53,7 +54,8 @@ void give_up_title(AxisSettings& axis) {
 std::vector<LayerAxes> layer_axes(const GraphProperties& shown, const GraphLayout& layout, bool titles,
                                   const TextMeasure& measure) {
   std::vector<LayerAxes> all;
-  for (const LayerLayout& layer : layout.layers) {
+  for (std::size_t slot = 0; slot < layout.layers.size(); ++slot) {
+    const LayerLayout& layer = layout.layers[slot];
     LayerAxes axes{y_axis_settings(shown, layer.layer, AxisSide::Left),
                    y_axis_settings(shown, layer.layer, AxisSide::Right),
                    {},
@@ -62,6 +64,8 @@ std::vector<LayerAxes> layer_axes(const GraphProperties& shown, const GraphLayou
     if (!titles) give_up_title(axes.right);
     set_pixels(axes.left, layer.area.y, layer.area.height);
     set_pixels(axes.right, layer.area.y, layer.area.height);
+    make_room_for_shapes_in_y(shown, layout, slot, axes.left);
+    make_room_for_shapes_in_y(shown, layout, slot, axes.right);
     if (layer.has_left) axes.left_ticks = axis_ticks(axes.left, measure);
     if (layer.has_right) axes.right_ticks = axis_ticks(axes.right, measure);
     all.push_back(std::move(axes));
@@ -147,6 +151,7 @@ RoomShortage place_axes(const GraphProperties& shown, const TextMeasure& measure
   if (shortage.width) return shortage;
 
   set_pixels(x_axis, left, width);
+  make_room_for_shapes_in_x(shown, layout, x_axis);
   x_axis.room_start = room.x;
   x_axis.room_end = room.right();
   const AxisTicks x_ticks = axis_ticks(x_axis, measure);

@@ -41,9 +41,10 @@ bool y_is_zoomed(const GraphProperties& shown, f64 minimum, f64 maximum) {
 AxisSettings left_settings(const GraphProperties& shown, const LayerProperties& layer) {
   AxisSettings axis;
   axis.side = AxisSide::Left;
-  axis.scale = y_is_zoomed(shown, layer.ZoomMinY, layer.ZoomMaxY)
-                   ? make_scale(layer.ZoomMinY, layer.ZoomMaxY, layer.YAxisScaleControl)
-                   : make_scale(layer.ManualMinY, layer.ManualMaxY, layer.YAxisScaleControl);
+  const bool zoomed = y_is_zoomed(shown, layer.ZoomMinY, layer.ZoomMaxY);
+  axis.automatic = !zoomed && layer.ManualScaleControlY == 0;
+  axis.scale = zoomed ? make_scale(layer.ZoomMinY, layer.ZoomMaxY, layer.YAxisScaleControl)
+                      : make_scale(layer.ManualMinY, layer.ManualMaxY, layer.YAxisScaleControl);
   axis.inverted = layer.InvertedYAxis;
   axis.format = parse_number_format(layer.AxisFormatY);
   axis.power = power_of(shown, axis.scale);
@@ -56,9 +57,10 @@ AxisSettings left_settings(const GraphProperties& shown, const LayerProperties& 
 AxisSettings right_settings(const GraphProperties& shown, const LayerProperties& layer) {
   AxisSettings axis;
   axis.side = AxisSide::Right;
-  axis.scale = y_is_zoomed(shown, layer.ZoomMinRY, layer.ZoomMaxRY)
-                   ? make_scale(layer.ZoomMinRY, layer.ZoomMaxRY, layer.RYAxisScaleControl)
-                   : make_scale(layer.ManualMinRY, layer.ManualMaxRY, layer.RYAxisScaleControl);
+  const bool zoomed = y_is_zoomed(shown, layer.ZoomMinRY, layer.ZoomMaxRY);
+  axis.automatic = !zoomed && layer.ManualScaleControlRY == 0;
+  axis.scale = zoomed ? make_scale(layer.ZoomMinRY, layer.ZoomMaxRY, layer.RYAxisScaleControl)
+                      : make_scale(layer.ManualMinRY, layer.ManualMaxRY, layer.RYAxisScaleControl);
   axis.inverted = layer.InvertedRYAxis;
   axis.format = parse_number_format(layer.AxisFormatRY);
   axis.power = power_of(shown, axis.scale);
@@ -148,6 +150,7 @@ AxisSettings x_axis_settings(const GraphProperties& shown) {
   const bool zoomed = shown.ZoomActive && shown.ZoomMaxX > shown.ZoomMinX;
   axis.scale = zoomed ? make_scale(shown.ZoomMinX, shown.ZoomMaxX, shown.XAxisScaleControl)
                       : make_scale(shown.ManualMinX, shown.ManualMaxX, shown.XAxisScaleControl);
+  axis.automatic = !zoomed && shown.ManualScaleControlX == 0;
   axis.inverted = shown.InvertedXAxis;
   axis.dates = shown.DateTimeMode == 1;
   axis.format = parse_number_format(shown.AxisFormatX);

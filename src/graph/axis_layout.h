@@ -10,7 +10,8 @@ namespace trendaro {
 // The settings of one axis, gathered from the graph's properties.
 struct AxisSettings {
   AxisSide side = AxisSide::Bottom;
-  AxisScale scale;  // limits; pixels come with the place
+  AxisScale scale;         // limits; pixels come with the place
+  bool automatic = false;  // scales itself to its data, and no zoom narrows it
   bool inverted = false;
   bool dates = false;
   std::string title;

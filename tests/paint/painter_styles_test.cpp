@@ -16,6 +16,7 @@
 #include "graph/painters/line_style.h"
 #include "graph/painters/symbol_painter.h"
 #include "graph/painters/table_painter.h"
+#include "graph/shape_sizes.h"
 
 namespace trendaro {
 namespace {

@@ -14,6 +14,7 @@
 #include "graph/painters/line_style.h"
 #include "graph/painters/sharp_lines.h"
 #include "graph/painters/symbol_painter.h"
+#include "graph/shape_sizes.h"
 
 namespace trendaro {
 namespace {

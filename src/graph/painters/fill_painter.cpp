@@ -7,6 +7,7 @@
 #include "graph/painters/curve_painter.h"
 #include "graph/painters/graph_colors.h"
 #include "graph/painters/sharp_lines.h"
+#include "graph/shape_sizes.h"
 #include "graph/stacked_curves.h"
 
 namespace trendaro {
@@ -14,12 +15,8 @@ namespace {
 
 constexpr f64 kAreaShare = 0.25;   // opacity under an area's line
 constexpr f64 kStackShare = 0.55;  // of the colour, over the background
-constexpr f64 kBarPart = 0.7;      // of the distance between bars
-constexpr f64 kWidestBar = 40;
-constexpr f64 kNarrowestBar = 2;  // below it, bars of several curves stand at the same place
-constexpr f64 kRibbonDepth = 7;   // pixels to the right and up
-constexpr f64 kPalestBand = 0.3;  // of the colour
-constexpr f64 kSmallestBubble = 2, kLargestBubble = 16;
+constexpr f64 kNarrowestBar = 2;   // below it, bars of several curves stand at the same place
+constexpr f64 kPalestBand = 0.3;   // of the colour
 constexpr f64 kBubbleShare = 0.3;
 
 // The bar curves on the same layer share the room of a bar.
@@ -38,14 +35,14 @@ BarShare bar_share(const PaintTask& task) {
 }
 
 f64 bar_room(const CurveOutline& outline) {
-  f64 distance = kWidestBar;
+  f64 distance = kWidestBarDistance;
   for_each_piece(outline, [&](std::size_t first, std::size_t last) {
     for (std::size_t i = first + 1; i < last; ++i) {
       const f64 step = std::abs(outline.points[i].x - outline.points[i - 1].x);
       if (step > 0) distance = std::min(distance, step);
     }
   });
-  return std::max(1.0, distance * kBarPart);
+  return bar_group_width(distance);
 }
 
 // The levels of the major ticks and the edges, from top to bottom.
@@ -210,8 +207,7 @@ void draw_bubbles(const PaintTask& task, const CurveOutline& outline) {
   for (const PixelPoint& point : outline.points) {
     if (point.x < visible.x || point.x > visible.right() || point.y < visible.y || point.y > visible.bottom())
       continue;
-    const f64 part = largest > 0 ? std::min(1.0, std::abs(value_of(task.y_scale, point.y)) / largest) : 0;
-    const f64 radius = kSmallestBubble + (kLargestBubble - kSmallestBubble) * std::sqrt(part);
+    const f64 radius = bubble_radius(value_of(task.y_scale, point.y), largest);
     task.painter.drawEllipse(QPointF(point.x, point.y), radius, radius);
   }
 }

@@ -9,6 +9,7 @@
 #include "graph/painters/sharp_lines.h"
 #include "graph/painters/symbol_painter.h"
 #include "graph/painters/title_painter.h"
+#include "graph/shape_sizes.h"
 
 namespace trendaro {
 namespace {

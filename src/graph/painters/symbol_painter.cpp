@@ -74,19 +74,6 @@ Symbol make_symbol(i32 point_type, f64 size) {
   return symbol;
 }
 
-f64 symbol_size(i32 setting) {
-  switch (setting) {
-    case 1:
-      return 8;
-    case 2:
-      return 11;
-    case 3:
-      return 3.5;
-    default:
-      return 6;
-  }
-}
-
 void paint_symbol(QPainter& painter, const Symbol& symbol, QPointF place, const QColor& color) {
   painter.translate(place);
   if (symbol.filled)

@@ -18,9 +18,6 @@ struct Symbol {
 // a dot. `size` is the width in logical pixels.
 Symbol make_symbol(i32 point_type, f64 size);
 
-// Width of symbols by the stored setting: 0 small, 1 medium, 2 large, 3 tiny.
-f64 symbol_size(i32 setting);
-
 void paint_symbol(QPainter& painter, const Symbol& symbol, QPointF place, const QColor& color);
 
 }  // namespace trendaro
