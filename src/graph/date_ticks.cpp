@@ -4,6 +4,7 @@
 
 #include "graph/axis_ticks.h"
 #include "graph/calendar_steps.h"
+#include "graph/day_labels.h"
 #include "graph/tick_spacing.h"
 
 namespace trendaro {
@@ -63,28 +64,6 @@ constexpr auto kSteps = [] {
   std::copy(kWholeSteps.begin(), kWholeSteps.end(), steps.begin() + 3 * kSecondDecimals);
   return steps;
 }();
-
-void leave_out_repeated_days(std::vector<Tick>& ticks) {
-  std::string former;
-  for (Tick& tick : ticks) {
-    if (tick.day.empty()) continue;
-    if (tick.day == former)
-      tick.day.clear();
-    else
-      former = tick.day;
-  }
-}
-
-// A second line is wider than its label and may run into the next one; the later of two that collide stays,
-// because it tells the longer part of the axis.
-void drop_colliding_days(const TickRequest& request, const TextMeasure& measure, std::vector<Tick>& ticks) {
-  Tick* former = nullptr;
-  for (Tick& tick : ticks) {
-    if (tick.day.empty()) continue;
-    if (former != nullptr && days_collide(request, measure, *former, tick)) former->day.clear();
-    former = &tick;
-  }
-}
 
 // A moment is rounded twice, as seconds and as days.
 bool too_fine(const AxisScale& scale, const CalendarStep& step) {
@@ -182,8 +161,7 @@ AxisTicks date_ticks(const TickRequest& request, const TextMeasure& measure) {
   if (!calendar) return number_ticks(request, measure);
   AxisTicks ticks =
       manual_is_usable(request) ? manual_ticks(request, measure) : automatic_ticks(request, measure);
-  leave_out_repeated_days(ticks.major);
-  drop_colliding_days(request, measure, ticks.major);
+  settle_days(request, measure, ticks.major);
   return ticks;
 }
 

@@ -11,7 +11,7 @@ constexpr f64 kLeastLineDistance = 4;  // pixels
 constexpr f64 kMostLines = 1000;
 // Between texts of which one may have moved in from an end, in lines.
 constexpr f64 kEndGap = 0.4;
-constexpr f64 kDayGap = 0.5;
+constexpr f64 kDayGap = 0.4;
 
 f64 label_size(const TickRequest& request, const TextMeasure& measure, const std::string& label) {
   return request.vertical ? measure.height(TextRole::Axis) : measure.width(TextRole::Axis, label);

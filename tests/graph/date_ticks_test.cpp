@@ -22,6 +22,24 @@ TEST(DateTicksTest, DatesNameTheDayOnceAndWhereItChanges) {
             "18:00/31.12.2023 20:00 22:00 00:00/01.01.2024 02:00 04:00 06:00");
 }
 
+TEST(DateTicksTest, DaysThatHaveNoRoomBesideEachOtherAreShortened) {
+  // "01.01.2024" takes 70 pixels, "01.01.24" 56, "31.12." 42, "31." 21 and a gap 5.6. Six hours are 65
+  // pixels.
+  EXPECT_EQ(date_labels(45291.75, 45292.75, 260), "18:00/31.12. 00:00/01.01.2024 06:00 12:00 18:00");
+  // Three hours are 55, 52 and 50 pixels.
+  EXPECT_EQ(date_labels(45291.875, 45292.375, 220), "21:00/31.12. 00:00/01.01.24 03:00 06:00 09:00");
+  EXPECT_EQ(date_labels(45291.875, 45292.375, 208), "21:00/31. 00:00/01.01.2024 03:00 06:00 09:00");
+  EXPECT_EQ(date_labels(45291.875, 45292.375, 200), "21:00/31. 00:00/01.01.24 03:00 06:00 09:00");
+}
+
+TEST(DateTicksTest, ShortenedDaysAreAllOfOneForm) {
+  TickRequest request = request_of(45291, 45297, 240);
+  request.manual_line = 1.5;
+  // 60 pixels a line: 21 + 5.6 + 35 do not fit between the last two, 21 + 5.6 + 28 do.
+  EXPECT_EQ(labels_of(date_ticks(request, FixedMeasure())),
+            "00:00/31.12. 12:00/01.01. 00:00/03.01. 12:00/04.01. 00:00/06.01.24");
+}
+
 TEST(DateTicksTest, PartsOfASecondGoByOneTwoAndFive) {
   const f64 second = 1.0 / 86400;
   // Day 0, where a window may be a nanosecond wide.
