@@ -1,42 +1,15 @@
 #include "graph/graph_layout.h"
 
-#include <set>
 #include <string>
+#include <vector>
 
 #include <gtest/gtest.h>
 
-#include "graph/graph_surface.h"
-#include "graph/legend_layout.h"
-#include "graph/middle_elision.h"
 #include "graph/table_layout.h"
-#include "graph/title_layout.h"
-#include "support/fixed_measure.h"
+#include "support/layout_graph.h"
 
 namespace trendaro {
 namespace {
-
-// A graph with curves of two points from (0, 0) to (10, 10).
-GraphSurface graph_with(i32 curves) {
-  GraphSurface graph(1);
-  graph.pending.SubsetCount = curves;
-  graph.pending.PointCount = 2;
-  graph.pending.AutoPadPercent = 0;
-  FlatArray values;
-  for (i32 i = 0; i < curves; ++i) {
-    values.insert(values.end(), {0, 10});
-    set_element(graph.pending.SubsetLabels, i, "Kurve " + std::to_string(i + 1));
-    set_element(graph.pending.SubsetsToLegend, i, i);
-    set_element(graph.pending.SubsetPlotMethods, i, 0);
-  }
-  PEvset(graph, kXData, FlatArray(values));
-  PEvset(graph, kYData, FlatArray(values));
-  PEactions(graph, kTakeOverAndRedraw);
-  return graph;
-}
-
-GraphLayout layout_of(const GraphSurface& graph, f64 width = 700, f64 height = 400) {
-  return graph_layout(graph.shown(), width, height, FixedMeasure());
-}
 
 std::string dump(const PixelRectangle& box) {
   const auto number = [](f64 value) { return std::to_string(static_cast<int>(value)); };
@@ -68,11 +41,6 @@ std::vector<PixelRectangle> text_boxes(const GraphLayout& layout) {
     if (layer.shows_right) add_axis(layer.right);
   }
   return boxes;
-}
-
-bool overlap(const PixelRectangle& one, const PixelRectangle& other) {
-  return one.x < other.right() - 0.5 && other.x < one.right() - 0.5 && one.y < other.bottom() - 0.5 &&
-         other.y < one.bottom() - 0.5;
 }
 
 TEST(GraphLayoutTest, APlainGraphHasItsPartsInPlace) {
@@ -381,209 +349,6 @@ TEST(GraphLayoutTest, NothingOverlapsAtAnySize) {
     }
 }
 
-TEST(LegendLayoutTest, TheListEndsAtItsMarker) {
-  GraphSurface graph = graph_with(3);
-  graph.pending.SubsetsToLegend = {2, 0, -1, 1};
-  PEactions(graph, kRedrawFromSettings);
-  EXPECT_EQ(legend_subsets(graph.shown()), (std::vector<std::size_t>{2, 0}));
-  graph.pending.SubsetsToLegend = {-1, 0};
-  PEactions(graph, kRedrawFromSettings);
-  EXPECT_TRUE(layout_of(graph).legend.empty());
-  graph.pending.SubsetsToLegend = {99, 1};
-  PEactions(graph, kRedrawFromSettings);
-  EXPECT_EQ(legend_subsets(graph.shown()), std::vector<std::size_t>{1});
-}
-
-TEST(LegendLayoutTest, OneLineHoldsAllNamesByCuttingTheLongOnes) {
-  GraphSurface graph = graph_with(4);
-  graph.pending.LegendStyle = kLegendOneLine;
-  graph.pending.SubsetLabels[1] = std::string(200, 'x');
-  PEactions(graph, kRedrawFromSettings);
-  const GraphLayout layout = layout_of(graph);
-  ASSERT_EQ(layout.legend.size(), 4U);
-  for (const LegendEntry& entry : layout.legend) EXPECT_EQ(entry.name.box.y, layout.legend[0].name.box.y);
-  EXPECT_EQ(layout.legend[0].name.text, "Kurve 1");
-  EXPECT_LT(layout.legend[1].name.text.size(), 200U);
-}
-
-// Names of 34 characters, 238 pixels, that differ at their end only.
-GraphSurface graph_with_long_names(i32 curves) {
-  GraphSurface graph = graph_with(curves);
-  for (i32 i = 0; i < curves; ++i)
-    graph.pending.SubsetLabels[static_cast<std::size_t>(i)] =
-        "Schwingweg gefiltert 10 Hz bis " + std::to_string(100 + i);
-  PEactions(graph, kRedrawFromSettings);
-  return graph;
-}
-
-std::size_t columns_of(const GraphLayout& layout) {
-  std::set<f64> starts;
-  for (const LegendEntry& entry : layout.legend) starts.insert(entry.sample.x);
-  return starts.size();
-}
-
-TEST(LegendLayoutTest, LongNamesStandInTwoColumnsAndAreToldApartByTheirEnds) {
-  // A column of 500 - 16 pixels less a gap of 20, halved and less 28 for the sample: 204, which 29 characters
-  // fit.
-  const GraphLayout layout = layout_of(graph_with_long_names(4), 500, 400);
-  ASSERT_EQ(layout.legend.size(), 4U);
-  EXPECT_EQ(columns_of(layout), 2U);
-  EXPECT_EQ(layout.legend[0].name.text, "Schwingweg gef… 10 Hz bis 100");
-  EXPECT_EQ(layout.legend[3].name.text, "Schwingweg gef… 10 Hz bis 103");
-  EXPECT_TRUE(layout.legend_notes.empty());
-}
-
-TEST(LegendLayoutTest, ANarrowGraphCutsANameToItsWholeWidth) {
-  // 84 less 28 for the sample are 56, eight characters.
-  const GraphLayout layout = layout_of(graph_with_long_names(1), 100, 400);
-  ASSERT_EQ(layout.legend.size(), 1U);
-  EXPECT_EQ(layout.legend[0].name.text, "Schw…100");
-  // Narrower than a sample and three lines of text there is no legend.
-  EXPECT_TRUE(layout_of(graph_with_long_names(1), 85, 400).legend.empty());
-}
-
-TEST(LegendLayoutTest, ManyCurvesGetMoreColumnsWithShorterNames) {
-  // A quarter of 384 less a gap of 6 holds 6 lines, so 24 curves need 4 columns.
-  const GraphLayout layout = layout_of(graph_with_long_names(24), 900, 400);
-  EXPECT_EQ(layout.legend.size(), 24U);
-  EXPECT_EQ(columns_of(layout), 4U);
-  EXPECT_TRUE(layout.legend_notes.empty());
-  std::set<std::string> names;
-  for (const LegendEntry& entry : layout.legend) names.insert(entry.name.text);
-  EXPECT_EQ(names.size(), 24U);
-}
-
-TEST(LegendLayoutTest, CurvesThatFindNoRoomAreCounted) {
-  // Names of at least 84 pixels: two columns in 284, of 6 lines each; the last place is for the note.
-  const GraphLayout layout = layout_of(graph_with_long_names(24), 300, 400);
-  EXPECT_EQ(layout.legend.size(), 11U);
-  ASSERT_EQ(layout.legend_notes.size(), 1U);
-  EXPECT_EQ(layout.legend_notes[0].text, "+ 13 weitere");
-  EXPECT_EQ(layout.legend_notes[0].box.y, layout.legend[10].name.box.y);
-}
-
-TEST(LegendLayoutTest, OneLineCountsTheCurvesThatItDoesNotHold) {
-  GraphSurface graph = graph_with_long_names(24);
-  graph.pending.LegendStyle = kLegendOneLine;
-  PEactions(graph, kRedrawFromSettings);
-  // Each curve takes 28 and at least 42, with gaps of 20 and a note of 84: 90 n + 84 in 684.
-  const GraphLayout layout = layout_of(graph);
-  EXPECT_EQ(layout.legend.size(), 6U);
-  ASSERT_EQ(layout.legend_notes.size(), 1U);
-  EXPECT_EQ(layout.legend_notes[0].text, "+ 18 weitere");
-  EXPECT_EQ(layout.legend_notes[0].box.y, layout.legend[0].name.box.y);
-  EXPECT_LE(layout.legend_notes[0].box.right(), 692.5);
-  // 90 n + 84 in 84 leave no curve, and the note stands for all.
-  const GraphLayout narrow = layout_of(graph, 110, 400);
-  EXPECT_TRUE(narrow.legend.empty());
-  ASSERT_EQ(narrow.legend_notes.size(), 1U);
-  EXPECT_EQ(narrow.legend_notes[0].text, "24 Kurven");
-}
-
-TEST(LegendLayoutTest, AListAtTheSideCountsTheCurvesThatItDoesNotHold) {
-  GraphSurface graph = graph_with_long_names(24);
-  for (const i16 location : {kLegendLeft, kLegendRight}) {
-    graph.pending.LegendLocation = location;
-    PEactions(graph, kRedrawFromSettings);
-    // 234 pixels hold 16 lines.
-    const GraphLayout layout = layout_of(graph, 700, 250);
-    EXPECT_EQ(layout.legend.size(), 15U);
-    ASSERT_EQ(layout.legend_notes.size(), 1U);
-    EXPECT_EQ(layout.legend_notes[0].text, "+ 9 weitere");
-    EXPECT_EQ(layout.legend_notes[0].box.x, layout.legend[0].sample.x);
-  }
-}
-
-TEST(LegendLayoutTest, InTheLayersItKeepsTheOrderOfTheListAndCountsTheRest) {
-  GraphSurface graph = graph_with(3);
-  graph.pending.LegendStyle = kLegendInLayers;
-  graph.pending.SubsetsToLegend = {2, 0, 1};
-  PEactions(graph, kRedrawFromSettings);
-  const GraphLayout layout = layout_of(graph);
-  ASSERT_EQ(layout.legend.size(), 3U);
-  EXPECT_EQ(layout.legend[0].subset, 2U);
-  EXPECT_EQ(layout.legend[1].subset, 0U);
-  EXPECT_EQ(layout.legend[2].subset, 1U);
-  // Margins 16, half a label 7 and labels of 22 leave 60 of 105; less 28 they hold two lines.
-  const GraphLayout low = layout_of(graph, 700, 105);
-  ASSERT_EQ(low.legend.size(), 1U);
-  EXPECT_EQ(low.legend[0].subset, 2U);
-  ASSERT_EQ(low.legend_notes.size(), 1U);
-  EXPECT_EQ(low.legend_notes[0].text, "+ 2 weitere");
-  // 50 hold one line, with room for all three beside each other.
-  const GraphLayout lowest = layout_of(graph, 700, 95);
-  ASSERT_EQ(lowest.legend.size(), 3U);
-  EXPECT_EQ(lowest.legend[0].sample.y, lowest.legend[2].sample.y);
-  EXPECT_LT(lowest.legend[2].name.box.right(), lowest.legend_backs[0].right());
-}
-
-TEST(LegendLayoutTest, InTheLayersItStandsInsideTheAreas) {
-  GraphSurface graph = graph_with(2);
-  graph.pending.LegendStyle = kLegendInLayers;
-  PEactions(graph, kRedrawFromSettings);
-  const GraphLayout layout = layout_of(graph);
-  ASSERT_EQ(layout.legend.size(), 2U);
-  EXPECT_TRUE(overlap(layout.legend[0].name.box, layout.layers[0].area));
-}
-
-TEST(TitleLayoutTest, BarsDivideALineIntoThreeParts) {
-  EXPECT_EQ(title_parts("abc").centre, "abc");
-  EXPECT_EQ(title_parts("|abc|").centre, "abc");
-  EXPECT_EQ(title_parts("a|b|c").left, "a");
-  EXPECT_EQ(title_parts("a|b|c").right, "c");
-  EXPECT_EQ(title_parts("a|b").left, "a");
-  EXPECT_EQ(title_parts("a|b").centre, "b");
-}
-
-// A graph with so many lines above and below the main title.
-GraphSurface graph_with_lines(std::size_t above, std::size_t below) {
-  GraphSurface graph = graph_with(1);
-  graph.pending.MainTitle = "Lauf";
-  for (std::size_t i = 0; i < above; ++i) graph.pending.MultiSubTitles.push_back("oben " + std::to_string(i));
-  for (std::size_t i = 0; i < below; ++i)
-    graph.pending.MultiBottomTitles.push_back("|unten " + std::to_string(i) + "|rechts");
-  graph.pending.SubsetsToLegend = {-1};
-  PEactions(graph, kTakeOverAndRedraw);
-  return graph;
-}
-
-std::string titles_of(const GraphLayout& layout) {
-  std::string all;
-  for (const PlacedText& title : layout.titles) all += (all.empty() ? "" : ", ") + title.text;
-  return all;
-}
-
-TEST(TitleLayoutTest, LinesAboveAndBelowShareTheRoom) {
-  // 0.45 of 284 are 127, nine lines: half of it for four above, five below.
-  const GraphLayout layout = layout_of(graph_with_lines(8, 8), 700, 300);
-  EXPECT_EQ(
-      titles_of(layout),
-      "Lauf, oben 0, oben 1, + 5 Zeilen, oben 2, "
-      "unten 0, rechts, unten 1, rechts, unten 2, rechts, unten 3, rechts, + 3 Zeilen, unten 4, rechts");
-  for (const PlacedText& title : layout.titles) {
-    EXPECT_GE(title.box.x, 8);
-    EXPECT_LE(title.box.right(), 692);
-  }
-}
-
-TEST(TitleLayoutTest, OneSideTakesWhatTheOtherLeaves) {
-  EXPECT_EQ(titles_of(layout_of(graph_with_lines(6, 1), 700, 300)),
-            "Lauf, oben 0, oben 1, oben 2, oben 3, oben 4, oben 5, unten 0, rechts");
-  EXPECT_EQ(titles_of(layout_of(graph_with_lines(8, 1), 700, 300)),
-            "Lauf, oben 0, oben 1, oben 2, oben 3, oben 4, oben 5, + 1 Zeile, oben 6, unten 0, rechts");
-}
-
-TEST(TitleLayoutTest, ALowGraphGivesUpMostLinesBeforeAll) {
-  const GraphSurface graph = graph_with_lines(3, 3);
-  // 0.45 of 156 are five lines: two above, three below.
-  EXPECT_EQ(titles_of(layout_of(graph, 700, 172)),
-            "Lauf, + 2 Zeilen, oben 0, unten 0, rechts, unten 1, rechts, unten 2, rechts");
-  // A third of 109 are two lines, and one on each side leaves 39 for the area.
-  EXPECT_EQ(titles_of(layout_of(graph, 700, 125)), "+ 3 Zeilen, Lauf, + 2 Zeilen, unten 0, rechts");
-  // Two lines would leave 20 of 90; a fifth of it holds one line, whose note counts for both sides.
-  EXPECT_EQ(titles_of(layout_of(graph, 700, 106)), "+ 6 Zeilen, Lauf");
-}
-
 TEST(ElidedTest, CutsBetweenCharactersOnly) {
   const FixedMeasure measure;
   EXPECT_EQ(elided("Größe", 35, TextRole::Axis, measure), "Größe");
@@ -591,16 +356,6 @@ TEST(ElidedTest, CutsBetweenCharactersOnly) {
   EXPECT_EQ(elided("Größe", 21, TextRole::Axis, measure), "Gr…");
   EXPECT_EQ(elided("Größe", 7, TextRole::Axis, measure), "…");
   EXPECT_EQ(elided("Größe", 6, TextRole::Axis, measure), "");
-}
-
-TEST(ElidedTest, InTheMiddleStartAndEndStay) {
-  const FixedMeasure measure;
-  EXPECT_EQ(elided_in_middle("Größe Öl", 56, TextRole::Legend, measure), "Größe Öl");
-  EXPECT_EQ(elided_in_middle("Größe Öl", 49, TextRole::Legend, measure), "Grö… Öl");
-  EXPECT_EQ(elided_in_middle("Größe Öl", 42, TextRole::Legend, measure), "Grö…Öl");
-  EXPECT_EQ(elided_in_middle("Größe Öl", 14, TextRole::Legend, measure), "G…");
-  EXPECT_EQ(elided_in_middle("Größe Öl", 7, TextRole::Legend, measure), "…");
-  EXPECT_EQ(elided_in_middle("Größe Öl", 6, TextRole::Legend, measure), "");
 }
 
 }  // namespace
