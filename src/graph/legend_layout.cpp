@@ -105,15 +105,16 @@ std::size_t rows_of(std::size_t entries, std::size_t columns) {
   return (entries + columns - 1) / columns;
 }
 
-// The widest table that fits, and then no wider than its number of rows asks for.
+// The fewest columns that fit, among those with as few rows as any table that fits.
 LegendTable fitting_table(const std::vector<LooseEntry>& entries, f64 width, const EntryMeasure& entry) {
   const auto most = static_cast<std::size_t>(std::max(1.0, width / (entry.lead() + entry.entry_gap)));
-  for (std::size_t columns = std::min(entries.size(), most); columns > 1; --columns) {
-    if (table_of(entries, columns).width(entry) > width) continue;
-    const std::size_t rows = rows_of(entries.size(), columns);
-    return table_of(entries, (entries.size() + rows - 1) / rows);
-  }
-  return table_of(entries, 1);
+  std::size_t columns = std::min(entries.size(), most);
+  while (columns > 1 && table_of(entries, columns).width(entry) > width) --columns;
+  const std::size_t rows = rows_of(entries.size(), columns);
+  // The names of fewer columns are grouped anew, so that these may be wider.
+  for (std::size_t fewer = rows_of(entries.size(), rows); fewer < columns; ++fewer)
+    if (LegendTable table = table_of(entries, fewer); table.width(entry) <= width) return table;
+  return table_of(entries, columns);
 }
 
 // What a name may take where `columns` share the width evenly.

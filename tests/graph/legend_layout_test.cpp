@@ -1,5 +1,6 @@
 #include "graph/legend_layout.h"
 
+#include <random>
 #include <set>
 #include <string>
 #include <vector>
@@ -81,6 +82,55 @@ TEST(LegendLayoutTest, ManyCurvesGetMoreColumnsWithShorterNames) {
   std::set<std::string> names;
   for (const LegendEntry& entry : layout.legend) names.insert(entry.name.text);
   EXPECT_EQ(names.size(), 24U);
+}
+
+// Names of these lengths, in `room`; the legend takes what it needs from it.
+GraphLayout legend_of(const std::vector<std::size_t>& lengths, i16 location, PixelRectangle& room) {
+  GraphSurface graph = graph_with(static_cast<i32>(lengths.size()));
+  for (std::size_t i = 0; i < lengths.size(); ++i)
+    graph.pending.SubsetLabels[i] = std::string(lengths[i], 'n');
+  graph.pending.LegendLocation = location;
+  PEactions(graph, kRedrawFromSettings);
+  GraphLayout layout;
+  place_legend(graph.shown(), FixedMeasure(), room, layout);
+  return layout;
+}
+
+TEST(LegendLayoutTest, FewerColumnsForTheSameRowsAreTakenOnlyWhereTheyFit) {
+  // A column takes 7 pixels a character of its longest name, and 28; gaps are 20. In two rows
+  // - six columns hold 36, 39, 9, 3, 18 and 14 characters: 119 * 7 + 6 * 28 + 5 * 20 = 1101,
+  // - five hold 36, 39, 36, 3 and 18: 132 * 7 + 5 * 28 + 4 * 20 = 1144,
+  // - four hold 36, 39, 31 and 36: 142 * 7 + 4 * 28 + 3 * 20 = 1166.
+  const auto columns_in = [](f64 width) {
+    PixelRectangle room{0, 0, width, 400};
+    const GraphLayout layout = legend_of({36, 39, 9, 3, 18, 14, 31, 36}, kLegendBottom, room);
+    EXPECT_EQ(layout.legend.size(), 8U);
+    for (const LegendEntry& entry : layout.legend) EXPECT_LE(entry.name.box.right(), width) << entry.subset;
+    EXPECT_EQ(room.height, 400 - 2 * 14 - 6);
+    return columns_of(layout);
+  };
+  EXPECT_EQ(columns_in(1101), 6U);
+  EXPECT_EQ(columns_in(1143), 6U);
+  EXPECT_EQ(columns_in(1144), 5U);
+  EXPECT_EQ(columns_in(1166), 4U);
+}
+
+TEST(LegendLayoutTest, EveryEntryStandsInsideOfItsRoom) {
+  std::mt19937 random(1);
+  const auto below = [&](std::size_t limit) { return random() % limit; };
+  for (int round = 0; round < 20000; ++round) {
+    std::vector<std::size_t> lengths(2 + below(11));
+    for (std::size_t& length : lengths) length = 1 + below(40);
+    const PixelRectangle all{10, 20, static_cast<f64>(100 + below(1600)), 400};
+    PixelRectangle room = all;
+    const GraphLayout layout = legend_of(lengths, static_cast<i16>(below(4)), room);
+    for (const LegendEntry& entry : layout.legend) {
+      ASSERT_GE(entry.sample.x, all.x) << round;
+      ASSERT_GE(entry.sample.y, all.y) << round;
+      EXPECT_LE(entry.name.box.right(), all.right()) << round;
+      ASSERT_LE(entry.name.box.bottom(), all.bottom()) << round;
+    }
+  }
 }
 
 TEST(LegendLayoutTest, CurvesThatFindNoRoomAreCounted) {
