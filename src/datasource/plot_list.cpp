@@ -154,6 +154,12 @@ void count_layers(Model& model) {
 
 }  // namespace
 
+void count_hidden_plots(Model& model) {
+  model.CurveOffset = 0;
+  for (i16 layer = 1; layer <= model.FirstZoomLayer; ++layer)
+    model.CurveOffset = static_cast<i16>(model.CurveOffset + model.LayerPlotCount[layer]);
+}
+
 void follow_plots(Model& model) {
   if (model.AnnotationCount <= 0) return;
   for (i16 i = 1; i <= model.AnnotationCount && model.Annotations.has(i);) {
@@ -209,6 +215,7 @@ void RebuildPlotList(Model& model) {
     ToolbarHandler(model, false);
   }
   count_layers(model);
+  count_hidden_plots(model);
 }
 
 }  // namespace trendaro

@@ -23,6 +23,9 @@ void RebuildPlotList(Model& model);
 // compares with the former ones.
 void clear_plot_list(Model& model);
 
+// CurveOffset: the plots of the layers below the first one that a zoom shows.
+void count_hidden_plots(Model& model);
+
 // Annotations of plots that have gone go with them, without a question; the others take the colour of theirs.
 void follow_plots(Model& model);
 

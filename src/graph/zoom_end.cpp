@@ -6,6 +6,7 @@
 #include "app/commands.h"
 #include "app/model.h"
 #include "datasource/grid_handlers.h"
+#include "datasource/plot_list.h"
 #include "graph/compressed_section.h"
 #include "graph/data_zoom.h"
 #include "graph/main_redraw.h"
@@ -70,12 +71,6 @@ void redraw_section(Model& model) {
   PEactions(model.PESG, kRedrawFromSettings);
 }
 
-void count_hidden_plots(Model& model) {
-  model.CurveOffset = 0;
-  for (i16 layer = 1; layer <= model.FirstZoomLayer; ++layer)
-    model.CurveOffset = static_cast<i16>(model.CurveOffset + model.LayerPlotCount[layer]);
-}
-
 // What the main graph shows at the moment, as its zoom limits.
 void take_shown_section(Model& model) {
   GraphProperties& graph = model.PESG.pending;
@@ -133,6 +128,7 @@ void end_main_zoom(Model& model) {
   if (!model.Zoomed || !model.unzoomed_scale.held) hold_unzoomed_scale(model);
   if (vertical) take_y_limits(model);
   const bool other_layers = take_layer_range(model);
+  count_hidden_plots(model);  // a redraw fills the cursor's readout by it
   keep_limits(model);
   if (!vertical) {
     model.OriginalDataMode = false;
@@ -149,7 +145,6 @@ void end_main_zoom(Model& model) {
   } else if (other_layers) {
     RedrawKMGraph(model, false);
   }
-  count_hidden_plots(model);
   // The redraw has emptied the panel.
   if (model.HasFullDataPlot) show_plot_status(model);
   show_missing_original(model);

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <string>
+#include <vector>
 
 #include "support/recorder_builder.h"
 
@@ -13,6 +14,7 @@ struct ZoomRecording {
   i32 rows = 20000;
   i32 factor = 10;  // samples a pair
   i16 channels = 2;
+  std::vector<std::string> units = {};  // of the first channels; the others have V
 
   static f64 known_sample(i16 channel, i64 i) {
     return static_cast<f64>((i * (37 + 2 * channel) + 11 * channel) % 20001 - 10000);
@@ -46,9 +48,13 @@ struct ZoomRecording {
  private:
   [[nodiscard]] RecorderBuilder header(i32 id, i32 row_count, i32 mask) const {
     RecorderBuilder file{.id = id, .row_count = row_count};
-    for (i16 channel = 1; channel <= channels; ++channel)
-      file.entries.push_back(
-          {.channel = channel, .mask = mask, .name_field = quoted_name("Kanal " + std::to_string(channel))});
+    for (i16 channel = 1; channel <= channels; ++channel) {
+      RecorderEntry entry{
+          .channel = channel, .mask = mask, .name_field = quoted_name("Kanal " + std::to_string(channel))};
+      const auto place = static_cast<std::size_t>(channel - 1);
+      if (place < units.size()) entry.unit = units[place];
+      file.entries.push_back(entry);
+    }
     return file;
   }
 };
