@@ -59,6 +59,19 @@ LoadStatus load_block_values(Model& model, ByteCursor& cursor, const BlockHeader
   return LoadStatus::Done;
 }
 
+LoadStatus pass_block_values(LoaderResult& result, ByteCursor& cursor, const BlockHeader& header, i16 channel,
+                             const TakeValues& take) {
+  const BlockSink sink = [&](std::span<const f64> values) {
+    if (!values.empty()) take(values);
+  };
+  if (!header.fixed_blocks)
+    pass_variable_blocks(result, cursor, header, channel, sink);
+  else if (has_channel(result, channel))
+    pass_fixed_blocks(result, cursor, header, channel, sink);
+  if (cursor.device_failed()) throw RunTimeError{kDeviceError};
+  return LoadStatus::Done;
+}
+
 LoadStatus load_block_range(const LoaderResult& result, ByteCursor& cursor, const BlockHeader& header,
                             i16 channel, i64 first, i64 count, SampleArray& destination) {
   destination.clear();

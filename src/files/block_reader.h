@@ -4,7 +4,9 @@
 #include "files/block_header.h"
 #include "files/byte_cursor.h"
 #include "files/load_status.h"
+#include "files/loader_result.h"
 #include "files/sample_array.h"
+#include "files/value_run.h"
 
 namespace trendaro {
 
@@ -15,6 +17,10 @@ struct Model;
 // of fixed blocks for the requested one, at index n for channel n. Throws RunTimeError.
 LoadStatus load_block_values(Model& model, ByteCursor& cursor, const BlockHeader& header, i16 mode,
                              i16 channel, i32 database_channel);
+
+// Mode 1 without an array: `take` gets the values of each block that has some.
+LoadStatus pass_block_values(LoaderResult& result, ByteCursor& cursor, const BlockHeader& header, i16 channel,
+                             const TakeValues& take);
 
 // The samples `first` to `first + count - 1` of a channel, as far as the file goes. Of blocks that hold none
 // of them only the length is read. Throws RunTimeError.

@@ -7,6 +7,11 @@
 
 namespace trendaro {
 
+void expect_estimate_to_give_slots(const LoaderResult& result, i16 channel) {
+  if (!result.FileChannelPointsEstimate.has(channel)) return;
+  if (result.FileChannelPointsEstimate[channel] + kReservedSlots < 0) throw RunTimeError{kIndexOutOfRange};
+}
+
 BlockWalk::BlockWalk(ByteCursor& cursor, const BlockHeader& header, i16 channel_count)
     : cursor_(cursor), prefixed_(header.id != kUnprefixedBlockId), channel_count_(channel_count) {
   cursor_.seek(header.header_end);

@@ -5,6 +5,7 @@
 #include "app/types.h"
 #include "files/block_header.h"
 #include "files/byte_cursor.h"
+#include "files/loader_result.h"
 
 namespace trendaro {
 
@@ -16,6 +17,10 @@ inline constexpr i32 kUnprefixedBlock = 100;
 
 // Slots beyond the estimate that the values of a channel get at first.
 inline constexpr i64 kReservedSlots = 100;
+
+// Throws RunTimeError{kIndexOutOfRange} for an estimate so far below 0 that it gives no slots. A channel that
+// the file lacks has none.
+void expect_estimate_to_give_slots(const LoaderResult& result, i16 channel);
 
 // One block of a channel, found but not read.
 struct Block {

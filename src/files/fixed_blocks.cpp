@@ -70,11 +70,23 @@ i64 count_values(const FixedPlaces& places, const ByteCursor& cursor) {
   return last_round * places.block_values + rounded_values(last_bytes);
 }
 
+void hand_on(LoaderResult& result, ByteCursor& cursor, const FixedPlaces& places, i16 channel,
+             const BlockSink& sink) {
+  set_points(result, channel, count_values(places, cursor));
+  std::vector<f64> buffer;
+  for_blocks(places, cursor, 0, [&](i64 bytes) {
+    buffer.assign(static_cast<std::size_t>(rounded_values(bytes)), 0);
+    read_or_zero(cursor, buffer.data(), rounded_values(bytes) * kSampleBytes);
+    sink(buffer);
+    return true;
+  });
+}
+
 }  // namespace
 
 void load_fixed_blocks(LoaderResult& result, ByteCursor& cursor, const BlockHeader& header, i16 channel) {
   const FixedPlaces places = find_places(result, cursor, header, channel);
-  if (result.FileChannelPointsEstimate[channel] + kReservedSlots < 0) throw RunTimeError{kIndexOutOfRange};
+  expect_estimate_to_give_slots(result, channel);
   const i64 points = count_values(places, cursor);
   set_points(result, channel, points);
   make_room(result.FileChannelValues, points);
@@ -88,15 +100,14 @@ void load_fixed_blocks(LoaderResult& result, ByteCursor& cursor, const BlockHead
 
 void pass_on_fixed_blocks(LoaderResult& result, ByteCursor& cursor, const BlockHeader& header, i16 channel,
                           const BlockSink& sink) {
+  hand_on(result, cursor, find_places(result, cursor, header, channel), channel, sink);
+}
+
+void pass_fixed_blocks(LoaderResult& result, ByteCursor& cursor, const BlockHeader& header, i16 channel,
+                       const BlockSink& sink) {
   const FixedPlaces places = find_places(result, cursor, header, channel);
-  set_points(result, channel, count_values(places, cursor));
-  std::vector<f64> buffer;
-  for_blocks(places, cursor, 0, [&](i64 bytes) {
-    buffer.assign(static_cast<std::size_t>(rounded_values(bytes)), 0);
-    read_or_zero(cursor, buffer.data(), rounded_values(bytes) * kSampleBytes);
-    sink(buffer);
-    return true;
-  });
+  expect_estimate_to_give_slots(result, channel);
+  hand_on(result, cursor, places, channel, sink);
 }
 
 void read_fixed_range(const LoaderResult& result, ByteCursor& cursor, const BlockHeader& header, i16 channel,

@@ -17,7 +17,11 @@ namespace trendaro {
 // channel n. Throws RunTimeError{kIndexOutOfRange} for a number that no file can hold.
 void load_fixed_blocks(LoaderResult& result, ByteCursor& cursor, const BlockHeader& header, i16 channel);
 
-// Counts in the same way and hands the channel's blocks to `sink`.
+// Does the same without an array, block by block.
+void pass_fixed_blocks(LoaderResult& result, ByteCursor& cursor, const BlockHeader& header, i16 channel,
+                       const BlockSink& sink);
+
+// Counts in the same way and hands the channel's blocks to `sink`, whatever was estimated.
 void pass_on_fixed_blocks(LoaderResult& result, ByteCursor& cursor, const BlockHeader& header, i16 channel,
                           const BlockSink& sink);
 

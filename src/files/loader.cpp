@@ -121,7 +121,11 @@ LoadStatus PassMeasurementValues(Model& model, const std::string& path, i16 chan
           expect_no_device_error(cursor);
           return pass_standard_values(model, cursor, header, channel, take);
         },
-        [&](ByteCursor& cursor) { return load_block_file(model, cursor, 1, channel, 0); },
+        [&](ByteCursor& cursor) {
+          const BlockHeader header = read_block_header(cursor, model.FileId, channel, model);
+          expect_no_device_error(cursor);
+          return pass_block_values(model, cursor, header, channel, take);
+        },
         [&] { return PassRecorderValues(model, path, channel, take); });
   });
   // Some readers leave an array, which may hold values also where they have failed.

@@ -51,7 +51,6 @@ class BlockSource {
 // Room for what is known to come: the estimate, but never more than the bytes that are there.
 void reserve_estimate(LoaderResult& result, const ByteCursor& cursor, i16 channel) {
   const i64 estimate = i64{result.FileChannelPointsEstimate[channel]} + kReservedSlots;
-  if (estimate < 0) throw RunTimeError{kIndexOutOfRange};
   make_room(result.FileChannelValues, std::min(estimate, cursor.size() / kSampleBytes + 1));
   result.FileChannelValues.clear();
 }
@@ -87,6 +86,7 @@ void for_blocks_of(LoaderResult& result, ByteCursor& cursor, const BlockHeader& 
 }  // namespace
 
 void load_variable_blocks(LoaderResult& result, ByteCursor& cursor, const BlockHeader& header, i16 channel) {
+  expect_estimate_to_give_slots(result, channel);
   if (result.FileChannelPointsEstimate.has(channel)) reserve_estimate(result, cursor, channel);
   BlockSource source(cursor, header, result.FileChannelCount);
   for_blocks_of(result, cursor, header, channel, [&](const Block& block) {
@@ -102,6 +102,12 @@ void pass_on_variable_blocks(LoaderResult& result, ByteCursor& cursor, const Blo
     source.read(block, buffer.data());
     sink({buffer.data(), static_cast<std::size_t>(block.values)});
   });
+}
+
+void pass_variable_blocks(LoaderResult& result, ByteCursor& cursor, const BlockHeader& header, i16 channel,
+                          const BlockSink& sink) {
+  expect_estimate_to_give_slots(result, channel);
+  pass_on_variable_blocks(result, cursor, header, channel, sink);
 }
 
 void read_variable_range(const LoaderResult& result, ByteCursor& cursor, const BlockHeader& header,

@@ -21,7 +21,11 @@ using BlockSink = std::function<void(std::span<const f64>)>;
 // FileChannelPoints of every channel, with index n for channel n.
 void load_variable_blocks(LoaderResult& result, ByteCursor& cursor, const BlockHeader& header, i16 channel);
 
-// Counts in the same way and hands the channel's blocks to `sink`.
+// Does the same without an array, block by block.
+void pass_variable_blocks(LoaderResult& result, ByteCursor& cursor, const BlockHeader& header, i16 channel,
+                          const BlockSink& sink);
+
+// Counts in the same way and hands the channel's blocks to `sink`, whatever was estimated.
 void pass_on_variable_blocks(LoaderResult& result, ByteCursor& cursor, const BlockHeader& header, i16 channel,
                              const BlockSink& sink);
 

@@ -21,6 +21,17 @@ class BlockReaderTest : public LoadTest {
     block.channels.resize(channels);
     return block;
   }
+  // The values of a channel, run by run.
+  std::vector<std::vector<f64>> runs(const FileBuilder& bytes, i16 channel) {
+    file.rewrite(bytes.bytes());
+    std::vector<std::vector<f64>> list;
+    pass_status = PassMeasurementValues(model, file.path(), channel, [&](std::span<const f64> run) {
+      list.emplace_back(run.begin(), run.end());
+    });
+    return list;
+  }
+
+  LoadStatus pass_status = LoadStatus::Done;
 };
 
 TEST_F(BlockReaderTest, HeaderOfTheNewestId) {
@@ -272,6 +283,26 @@ TEST_F(BlockReaderTest, DatabaseModeAppendsBlockByBlock) {
   EXPECT_EQ(model.FileChannelPoints, (std::vector<i32>{-1, 3, 3}));
 }
 
+TEST_F(BlockReaderTest, ValuesPassBlockByBlock) {
+  using Runs = std::vector<std::vector<f64>>;
+  FileBuilder variable = file_of(5056, 2).header();
+  for (const auto& values : Runs{{1, 2}, {10, 11}, {3}, {}, {4, 5}, {12}}) add_block(variable, values);
+  EXPECT_EQ(runs(variable, 2), (Runs{{10, 11}, {12}}));
+  EXPECT_EQ(model.FileChannelPoints, (std::vector<i32>{-1, 5, 3}));
+  EXPECT_EQ(runs(variable, 3), Runs{});
+  EXPECT_EQ(model.FileChannelPoints, (std::vector<i32>{-1, 5, 3}));
+
+  BlockFileLayout block = file_of(5003, 1);
+  block.channels[0].record.FixedBlockFlag = 1;
+  // Each read begins with the length of its block, and a round has 16 bytes of one block more.
+  FileBuilder fixed = block.header();
+  fixed.i32_field(2).zeros(32).values({7, 8});
+  EXPECT_EQ(runs(fixed, 1).size(), 2u);
+  EXPECT_EQ(runs(fixed, 1)[1], (std::vector<f64>{7, 8}));
+  EXPECT_EQ(model.FileChannelPoints, (std::vector<i32>{-1, 4}));
+  EXPECT_EQ(runs(fixed, 2), Runs{});
+}
+
 TEST_F(BlockReaderTest, DatabaseModeWithoutADatabaseIsARunTimeError) {
   model.Kernel = nullptr;
   EXPECT_EQ(load(file_of(5056, 1).header(), 2, 1, 2), run_time_error(kHostMemberMissing));
@@ -317,6 +348,8 @@ TEST_F(BlockReaderTest, TheWayToAFixedBlockMustFitInto16Bits) {
   beyond.i32_field(2048).zeros(40000);
   EXPECT_EQ(load(beyond, 1, 2), LoadStatus::Done);
   EXPECT_EQ(load(beyond, 1, 3), run_time_error(kOverflow));
+  EXPECT_TRUE(runs(beyond, 3).empty());
+  EXPECT_EQ(pass_status, run_time_error(kOverflow));
   EXPECT_TRUE(range(3, 0, 1).empty());
   EXPECT_EQ(range_status, run_time_error(kOverflow));
 }
@@ -359,6 +392,8 @@ TEST_F(BlockReaderTest, RecordLengthsBeyondTheFileMakeImpossibleEstimates) {
   EXPECT_EQ(load(bytes, 0, 1), LoadStatus::Done);
   EXPECT_LT(model.FileChannelPointsEstimate[1], -12000);
   EXPECT_EQ(load(bytes, 1, 1), run_time_error(kIndexOutOfRange));
+  EXPECT_TRUE(runs(bytes, 1).empty());
+  EXPECT_EQ(pass_status, run_time_error(kIndexOutOfRange));
   // A large estimate takes no more memory than the file can fill.
   bytes.patch(bytes.size() - 156, std::numeric_limits<i32>::min());
   EXPECT_EQ(load(bytes, 1, 1), LoadStatus::Done);
