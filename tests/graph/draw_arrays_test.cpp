@@ -202,7 +202,7 @@ class RandomWrites {
   // Halves in turn, as the rows of a recording give them.
   void write_runs(std::size_t curve) {
     for (std::size_t first = 0; first < 12; first += 6)
-      for (const std::size_t half : {0, 1}) {
+      for (const std::size_t half : {std::size_t{0}, std::size_t{1}}) {
         const std::vector<f64> list = values(3);
         write_y(y_slot(curve), list, {.offset = 0.5, .sign = -1}, first + half, 2);
         put_y(curve, list, first + half, 2);
