@@ -76,7 +76,6 @@ void choose_time_unit(Model& model, i16 index) {
   if (zoomed && in_units) {
     carry_zoom_over(model, old_unit);
     DataZoom(model);
-    if (model.HasFullDataPlot) PEactions(model.PESG, kRedrawFromSettings);  // no import has shown the limits
   }
   show_plot_status(model);
 }
