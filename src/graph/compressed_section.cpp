@@ -22,11 +22,6 @@ bool curve_on_show(const Model& model, bool plain) {
   });
 }
 
-// Behind an undo curves are whole.
-bool is_limited(const Model& model) {
-  return std::isfinite(model.ZoomScaleLimits[0][1]);
-}
-
 void hold_automatic_x(Model& model) {
   if (model.PESG.pending.ManualScaleControlX != 0) return;
   if (!model.unzoomed_scale.held) hold_unzoomed_scale(model);
@@ -36,7 +31,7 @@ void hold_automatic_x(Model& model) {
 
 // A reduced curve beside the section of a compressed one would widen an automatic x axis to its own length.
 void hold_shared_section(Model& model) {
-  if (is_limited(model) && curve_on_show(model, false)) hold_automatic_x(model);
+  if (!zoom_taken_back(model) && curve_on_show(model, false)) hold_automatic_x(model);
 }
 
 // Over half of the section at least.
@@ -51,7 +46,7 @@ bool samples_fill_section(const Model& model) {
 // A section outlasts the zoom of the graph, which a released mode takes back.
 bool section_stands(const Model& model) {
   const GraphProperties& graph = model.PESG.pending;
-  return graph.ZoomActive || (is_limited(model) && graph.ZoomMinX < graph.ZoomMaxX);
+  return graph.ZoomActive || (!zoom_taken_back(model) && graph.ZoomMinX < graph.ZoomMaxX);
 }
 
 // Limits that curves had before stay: a change of the time unit has carried them over already.
@@ -68,6 +63,14 @@ void forget_section(Model& model) {
   constexpr f64 kUnlimited = std::numeric_limits<f64>::infinity();
   model.ZoomScaleLimits = {};
   model.ZoomScaleLimits[0] = {-kUnlimited, kUnlimited, 0, 0};
+}
+
+bool zoom_taken_back(const Model& model) {
+  return !std::isfinite(model.ZoomScaleLimits[0][1]);
+}
+
+void begin_section(Model& model) {
+  if (zoom_taken_back(model)) model.ZoomScaleLimits = {};
 }
 
 bool compresses_curves(const Model& model) {
@@ -91,7 +94,7 @@ void settle_section(Model& model) {
   if (!were_of_section) return;
   // The limits of the band still stand in the zoom of the graph.
   show_unzoomed_scale(model);
-  if (!model.OriginalDataMode && is_limited(model)) model.PESG.pending.ZoomActive = true;
+  if (!model.OriginalDataMode && !zoom_taken_back(model)) model.PESG.pending.ZoomActive = true;
 }
 
 }  // namespace trendaro

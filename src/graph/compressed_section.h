@@ -15,7 +15,12 @@ void settle_section(Model& model);
 // scaled itself to those few samples, shows the section instead and keeps to it.
 void hold_sparse_section(Model& model);
 
-// From here on compressed curves are whole and hold no axis, until another zoom has limits.
+// The zoom was taken back in the graph: from here on compressed curves are whole and hold no axis, until
+// another section begins.
 void forget_section(Model& model);
+bool zoom_taken_back(const Model& model);
+
+// A section has begun without a band, which would keep its limits: what was taken back before is over.
+void begin_section(Model& model);
 
 }  // namespace trendaro

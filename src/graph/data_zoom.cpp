@@ -9,6 +9,7 @@
 #include "app/numbers.h"
 #include "app/panel_note.h"
 #include "app/run_time_error.h"
+#include "graph/compressed_section.h"
 #include "graph/limit_lines.h"
 #include "graph/main_redraw.h"
 #include "graph/original_file.h"
@@ -146,6 +147,7 @@ void zoom_into_data(Model& model) {
   model.Zoomed = true;
   take_limits(model);
   if (model.HasFullDataPlot) return;  // full data have nothing behind them
+  if (model.PESG.pending.ZoomActive) begin_section(model);
   if (model.xSrc.ListIndex == kChannelAsX)
     XScaleZoom(model);
   else

@@ -7,6 +7,7 @@
 #include "app/model.h"
 #include "app/numbers.h"
 #include "app/raised.h"
+#include "graph/compressed_section.h"
 #include "graph/limit_lines.h"
 #include "graph/main_redraw.h"
 #include "graph/original_file.h"
@@ -146,6 +147,7 @@ void scroll_section(Model& model, bool right) {
   model.ZoomXMax = section.high;
   try {
     scroll(model);
+    begin_section(model);
   } catch (...) {
     restore(model, former);  // the former section is still on show
     model.OriginalDataMode = any_on_original(model);

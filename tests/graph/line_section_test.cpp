@@ -1,9 +1,11 @@
+#include <functional>
 #include <tuple>
 #include <utility>
 
 #include <gtest/gtest.h>
 
 #include "app/commands.h"
+#include "config/time_unit.h"
 #include "graph/limit_lines.h"
 #include "graph/main_redraw.h"
 #include "graph/zoom_end.h"
@@ -121,6 +123,46 @@ TEST_F(LineSectionTest, SignalMarkedBehindAScrolledAndReleasedBandShowsTheLastSe
   mark(add_plain(20000));
   expect_curve_of_section(70);
   EXPECT_NEAR(model.PESG.shown().ManualMinX, 70, 1e-9);
+}
+
+// Behind a zoom that was taken back, each of these begins a new section without a band.
+TEST_F(LineSectionTest, SignalMarkedBehindASectionThatFollowsAnUndoShowsThatSection) {
+  const std::pair<f64, std::function<void()>> roads[] = {
+      {70, [&] { click_tool(model, "TB_SCROLLRIGHT"); }},
+      {80, [&] { drag_left_line(80); }},
+      {50, [&] { click_tool(model, "TB_ZOOMINTERVAL"); }},
+  };
+  plain_row = add_plain(20000);
+  box("StepBox") = "2000";
+  for (const auto& [low, begin] : roads) {
+    SCOPED_TRACE(low);
+    box("PointsBox") = "100";
+    mark(2);
+    click_tool(model, "TB_ZOOMHORZ");
+    set_limits(50, 100);
+    end_main_zoom(model);
+    ASSERT_TRUE(undo());
+    begin();
+    ASSERT_NEAR(model.ZoomXMin, low, 1e-9);
+    if (model.controls["TB_ZOOMHORZ"].tag == "1") click_tool(model, "TB_ZOOMHORZ");
+    mark(plain_row);
+    expect_curve_of_section(low);
+    unmark(plain_row);
+    reset_zoom(model);
+  }
+}
+
+TEST_F(LineSectionTest, AnotherUnitBringsNoZoomBackThatWasTakenBack) {
+  mark(2);
+  click_tool(model, "TB_ZOOMHORZ");
+  box("PointsBox") = "100";
+  set_limits(50, 100);
+  end_main_zoom(model);
+  ASSERT_TRUE(undo());
+  choose_time_unit(model, 0);
+  choose_time_unit(model, 1);
+  mark(add_plain(20000));
+  expect_whole_recording();
 }
 
 TEST_F(LineSectionTest, RectangleIntoASectionOfTheLimitLinesIsTakenBackAndReset) {
