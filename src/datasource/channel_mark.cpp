@@ -10,10 +10,12 @@
 #include "datasource/plot_list.h"
 #include "datasource/survey_presence.h"
 #include "datasource/zoom_readout.h"
+#include "graph/compressed_section.h"
 #include "graph/data_zoom.h"
 #include "graph/main_redraw.h"
 #include "graph/survey_redraw.h"
 #include "graph/unzoomed_scale.h"
+#include "graph/zoom_arithmetic.h"
 
 namespace trendaro {
 namespace {
@@ -28,13 +30,17 @@ FormerView view_of(const Model& model) {
   return {.originals = model.OriginalDataMode, .plain = model.HasFullDataPlot};
 }
 
+// Data of the survey, zoomed or not.
+XWindow whole_survey(const Model& model) {
+  const GraphProperties& survey = model.PESGSurvey.pending;
+  return {survey.ManualMinX + model.SurveyMarginX, survey.ManualMaxX - model.SurveyMarginX};
+}
+
 // Along a channel as x no step tells how many samples the survey's range holds.
 bool section_lies_behind_data(const Model& model) {
-  const GraphProperties& survey = model.PESGSurvey.pending;
-  const f64 first = survey.ManualMinX + model.SurveyMarginX;
-  const f64 last = survey.ManualMaxX - model.SurveyMarginX;
-  if (model.xSrc.ListIndex == kChannelAsX) return model.ZoomXMin >= last || model.ZoomXMax <= first;
-  const auto points = section_points(model, first, last);
+  const XWindow data = whole_survey(model);
+  if (model.xSrc.ListIndex == kChannelAsX) return model.ZoomXMin >= data.high || model.ZoomXMax <= data.low;
+  const auto points = section_points(model, data.low, data.high);
   return !points || std::nearbyint(ParseNumber(model.controls["ZoomPointsBox"].text)) > *points;
 }
 
@@ -59,6 +65,32 @@ void show_points(Model& model, bool was_beside_plain) {
   if (!model.Zoomed || was_beside_plain)
     model.controls["ZoomPointsBox"].text = std::to_string(model.MaxViewPoints);
   if (model.Zoomed) zoom_again(model);
+}
+
+bool graph_has_section(const Model& model) {
+  const GraphProperties& graph = model.PESG.pending;
+  return model.Zoomed && !zoom_taken_back(model) && graph.ZoomMinX < graph.ZoomMaxX;
+}
+
+// Behind the last plain signal the reduced files have the section of the graph: bands, scroll bars and units
+// of full data import nothing, and so leave the section of before in the model. One that holds the padding of
+// the axes, too, is the whole recording.
+void take_section_of_graph(Model& model) {
+  if (!model.Zoomed || model.NofPlots == 0) return;
+  if (!graph_has_section(model)) return reset_zoom(model);
+  const XWindow section{model.PESG.pending.ZoomMinX, model.PESG.pending.ZoomMaxX};
+  const XWindow data = whole_survey(model);
+  const bool all = section.low <= data.low && section.high >= data.high;
+  model.ZoomXMin = all ? data.low : section.low;
+  model.ZoomXMax = all ? data.high : section.high;
+}
+
+// A released mode has taken the zoom of the graph back, and the section stands behind it.
+void show_plain_section(Model& model) {
+  GraphProperties& graph = model.PESG.pending;
+  if (graph.ZoomActive || compresses_curves(model) || !graph_has_section(model)) return;
+  graph.ZoomActive = true;
+  PEactions(model.PESG, kRedrawFromSettings);
 }
 
 void redraw_survey(Model& model) {
@@ -102,10 +134,12 @@ void redraw_after_mark(Model& model, const FormerView& former) {
   else
     redraw_survey(model);
   if (model.NofPlots == 0) release_tools_without_plots(model);
-  if (model.HasFullDataPlot)
-    follow_longest_plain_signal(model);
-  else
-    show_points(model, former.plain);
+  if (model.HasFullDataPlot) {
+    show_plain_section(model);
+    return follow_longest_plain_signal(model);
+  }
+  if (former.plain) take_section_of_graph(model);
+  show_points(model, former.plain);
 }
 
 }  // namespace
