@@ -72,17 +72,23 @@ bool graph_has_section(const Model& model) {
   return model.Zoomed && !zoom_taken_back(model) && graph.ZoomMinX < graph.ZoomMaxX;
 }
 
+// To a point of the display, and with the padding of an axis; along a channel as x there are no such points.
+bool holds_all(const Model& model, XWindow section, XWindow data) {
+  const f64 point = model.CompressedDXMax;
+  return model.xSrc.ListIndex != kChannelAsX && section.low < data.low + point &&
+         section.high > data.high - point;
+}
+
 // Behind the last plain signal the reduced files have the section of the graph: bands, scroll bars and units
-// of full data import nothing, and so leave the section of before in the model. One that holds the padding of
-// the axes, too, is the whole recording.
+// of full data import nothing, and so leave the section of before in the model.
 void take_section_of_graph(Model& model) {
   if (!model.Zoomed || model.NofPlots == 0) return;
   if (!graph_has_section(model)) return reset_zoom(model);
   const XWindow section{model.PESG.pending.ZoomMinX, model.PESG.pending.ZoomMaxX};
   const XWindow data = whole_survey(model);
-  const bool all = section.low <= data.low && section.high >= data.high;
-  model.ZoomXMin = all ? data.low : section.low;
-  model.ZoomXMax = all ? data.high : section.high;
+  const XWindow taken = holds_all(model, section, data) ? data : section;
+  model.ZoomXMin = taken.low;
+  model.ZoomXMax = taken.high;
 }
 
 // A released mode has taken the zoom of the graph back, and the section stands behind it.

@@ -84,6 +84,19 @@ TEST_F(LastPlainMarkTest, VerticalBandAheadOfTheFirstSurveyKeepsTheWholeRecordin
   EXPECT_EQ(box("ZoomPointsBox"), "19990");
 }
 
+TEST_F(LastPlainMarkTest, VerticalBandOverAnAxisThatEndsWithTheLastBlockHoldsTheWholeRecording) {
+  mark(2);
+  mark(plain);
+  model.PESG.pending.ManualScaleControlX = 3;
+  model.PESG.pending.ManualMinX = 0;
+  model.PESG.pending.ManualMaxX = 200;
+  RedrawKMGraph(model, false);
+  vertical_band();
+  unmark(plain);
+  expect_section(0, 199.9);
+  expect_y_band();
+}
+
 TEST_F(LastPlainMarkTest, VerticalBandInAnotherUnitKeepsTheWholeRecording) {
   mark(2);
   mark(plain);
