@@ -16,6 +16,7 @@
 #include "app/window_toolkit_notes.h"
 #include "datasource/mark.h"
 #include "datasource/plot_list.h"
+#include "graph/graph_scale.h"
 #include "graph/main_redraw.h"
 #include "graph/window_reading.h"
 #include "output/picture_file.h"
@@ -139,6 +140,16 @@ void read_columns(Model& model, const RenderCommand& command) {
   set_x_range(model.PESG, command);
 }
 
+// An axis cannot show less than the numbers on it tell apart, of days some 50 microseconds.
+void tell_of_wider_axis(const Model& model, const RenderCommand& command, std::ostream& errors) {
+  if (!command.from || !command.to) return;
+  const GraphProperties& shown = model.PESG.shown();
+  const AxisScale scale = make_scale(shown.ManualMinX, shown.ManualMaxX, shown.XAxisScaleControl);
+  if (scale.minimum >= *command.from && scale.maximum <= *command.to) return;
+  errors << "Die x-Achse ist breiter als verlangt: feiner als in diesem Bild kann sie --from und --to nicht "
+            "unterscheiden\n";
+}
+
 // The application object that fonts and images need, where there is none yet; it never asks for a display.
 class OffscreenApplication {
  public:
@@ -186,6 +197,7 @@ int run_render(const RenderCommand& command, std::ostream& errors) {
   set_x_range(model.PESG, command);
   read_columns(model, command);
   if (shell.failed()) return 1;
+  tell_of_wider_axis(model, command, errors);
   if (save_picture(model.PESG.shown(), command.output, QSize(command.width, command.height))) return 0;
   errors << "Die Datei kann nicht geschrieben werden: " << command.output << '\n';
   return 1;

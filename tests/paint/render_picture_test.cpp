@@ -1,6 +1,7 @@
 #include "app/render_picture.h"
 
 #include <QImage>
+#include <algorithm>
 #include <cmath>
 #include <filesystem>
 #include <fstream>
@@ -110,6 +111,28 @@ TEST_F(RenderCommandTest, EachCurveIsReadOnceHoweverManyThereAre) {
   command.files = {{other.path(), {2, 1}}};
   ASSERT_EQ(render(), 0) << errors.str();
   EXPECT_NE(coloured_pixels(), both);
+}
+
+// Days since 1900 are told apart in steps of 0.6 microseconds, and an axis has a few dozen of them.
+TEST_F(RenderCommandTest, AnAxisThatIsWiderThanAskedIsTold) {
+  constexpr f64 kMicrosecond = 1e-6 / 86400;
+  command.time_unit = 4;
+  command.from = 44260.85;
+  command.to = 44260.85 + 200 * kMicrosecond;
+  ASSERT_EQ(render(), 0);
+  EXPECT_EQ(errors.str(), "");
+  command.to = 44260.85 + 20 * kMicrosecond;
+  ASSERT_EQ(render(), 0);
+  const std::string told = errors.str();
+  EXPECT_NE(told.find("x-Achse ist breiter als verlangt"), std::string::npos) << told;
+  EXPECT_EQ(std::ranges::count(told, '\n'), 1);
+}
+
+TEST_F(RenderCommandTest, AFewNanosecondsAreNotTooNarrowInSeconds) {
+  command.from = 0.1;
+  command.to = 0.1 + 2e-9;
+  ASSERT_EQ(render(), 0);
+  EXPECT_EQ(errors.str(), "");
 }
 
 TEST_F(RenderCommandTest, TheRangeOfXCutsTheCurve) {
