@@ -64,6 +64,8 @@ std::vector<LayerAxes> layer_axes(const GraphProperties& shown, const GraphLayou
     if (!titles) give_up_title(axes.right);
     set_pixels(axes.left, layer.area.y, layer.area.height);
     set_pixels(axes.right, layer.area.y, layer.area.height);
+    fit_title(axes.left, measure);
+    fit_title(axes.right, measure);
     make_room_for_shapes_in_y(shown, layout, slot, axes.left);
     make_room_for_shapes_in_y(shown, layout, slot, axes.right);
     if (layer.has_left) axes.left_ticks = axis_ticks(axes.left, measure);
@@ -151,6 +153,7 @@ RoomShortage place_axes(const GraphProperties& shown, const TextMeasure& measure
   if (shortage.width) return shortage;
 
   set_pixels(x_axis, left, width);
+  fit_title(x_axis, measure);
   make_room_for_shapes_in_x(shown, layout, x_axis);
   x_axis.room_start = room.x;
   x_axis.room_end = room.right();

@@ -8,6 +8,7 @@ namespace {
 
 constexpr f64 kLargestUnscaled = 10000;
 constexpr f64 kSmallestUnscaled = 0.01;
+constexpr std::ptrdiff_t kLeastReadable = 4;  // characters
 
 // The power of ten that automatic data scaling takes out of the labels.
 int power_of(const GraphProperties& shown, const AxisScale& scale) {
@@ -22,9 +23,16 @@ std::string superscript(int number) {
   return (number < 0 ? "⁻" : "") + std::string(digits[std::abs(number) % 10]);
 }
 
-std::string title_with_power(const std::string& title, int power) {
-  if (power == 0) return title;
-  return title + (title.empty() ? "×10" : "  ×10") + superscript(power);
+std::string title_with_power(const AxisSettings& axis) {
+  if (axis.power == 0) return axis.title;
+  return axis.title + (axis.title.empty() ? "×10" : "  ×10") + superscript(axis.power);
+}
+
+// Characters of a text that was cut, its ellipsis left out.
+std::ptrdiff_t kept_characters(const std::string& cut) {
+  return std::count_if(cut.begin(), cut.end(),
+                       [](char byte) { return (static_cast<unsigned char>(byte) & 0xC0) != 0x80; }) -
+         1;
 }
 
 // A single manual distance serves for both.
@@ -48,7 +56,7 @@ AxisSettings left_settings(const GraphProperties& shown, const LayerProperties& 
   axis.inverted = layer.InvertedYAxis;
   axis.format = parse_number_format(layer.AxisFormatY);
   axis.power = power_of(shown, axis.scale);
-  axis.title = title_with_power(layer.YAxisLabel, axis.power);
+  axis.title = layer.YAxisLabel;
   axis.color = layer.YAxisColor;
   set_manual(axis, layer.ManualYAxisTicknLine, layer.ManualYAxisTick, layer.ManualYAxisLine);
   return axis;
@@ -64,7 +72,7 @@ AxisSettings right_settings(const GraphProperties& shown, const LayerProperties&
   axis.inverted = layer.InvertedRYAxis;
   axis.format = parse_number_format(layer.AxisFormatRY);
   axis.power = power_of(shown, axis.scale);
-  axis.title = title_with_power(layer.RYAxisLabel, axis.power);
+  axis.title = layer.RYAxisLabel;
   axis.color = layer.RYAxisColor;
   set_manual(axis, layer.ManualRYAxisTicknLine, layer.ManualRYAxisTick, layer.ManualRYAxisLine);
   return axis;
@@ -127,15 +135,10 @@ PlacedText axis_title(const AxisSettings& axis, f64 thickness, const PixelRectan
   const f64 height = measure.height(TextRole::Axis);
   if (axis.side == AxisSide::Bottom) {
     const PixelRectangle box{area.x, area.bottom() + thickness - height, area.width, height};
-    return {elided(axis.title, area.width, TextRole::Axis, measure),
-            box,
-            TextRole::Axis,
-            TextAlignment::Centre,
-            false,
-            axis.color};
+    return {title_with_power(axis), box, TextRole::Axis, TextAlignment::Centre, false, axis.color};
   }
   const f64 x = axis.side == AxisSide::Left ? bounds.x : bounds.right() - height;
-  return {elided(axis.title, area.height, TextRole::Axis, measure),
+  return {title_with_power(axis),
           {x, area.y, height, area.height},
           TextRole::Axis,
           TextAlignment::Centre,
@@ -155,7 +158,7 @@ AxisSettings x_axis_settings(const GraphProperties& shown) {
   axis.dates = shown.DateTimeMode == 1;
   axis.format = parse_number_format(shown.AxisFormatX);
   axis.power = axis.dates ? 0 : power_of(shown, axis.scale);
-  axis.title = title_with_power(shown.XAxisLabel, axis.power);
+  axis.title = shown.XAxisLabel;
   axis.color = shown.XAxisColor;
   set_manual(axis, shown.ManualXAxisTicknLine, shown.ManualXAxisTick, shown.ManualXAxisLine);
   return axis;
@@ -170,6 +173,15 @@ void set_pixels(AxisSettings& axis, f64 start, f64 length) {
   const bool rising = (axis.side == AxisSide::Bottom) != axis.inverted;
   axis.scale.first = rising ? start : start + length;
   axis.scale.last = rising ? start + length : start;
+}
+
+void fit_title(AxisSettings& axis, const TextMeasure& measure) {
+  const f64 length = std::abs(axis.scale.last - axis.scale.first);
+  if (measure.width(TextRole::Axis, title_with_power(axis)) <= length) return;
+  axis.power = 0;
+  if (measure.width(TextRole::Axis, axis.title) <= length) return;
+  axis.title = elided(axis.title, length, TextRole::Axis, measure);
+  if (kept_characters(axis.title) < kLeastReadable) axis.title.clear();
 }
 
 AxisTicks axis_ticks(const AxisSettings& axis, const TextMeasure& measure) {
@@ -190,7 +202,7 @@ f64 label_distance(const TextMeasure& measure) {
 
 f64 axis_thickness(const AxisSettings& axis, const AxisTicks& ticks, const TextMeasure& measure) {
   const f64 height = measure.height(TextRole::Axis);
-  const f64 title = axis.title.empty() ? 0 : height + std::round(height * 0.35);
+  const f64 title = title_with_power(axis).empty() ? 0 : height + std::round(height * 0.35);
   if (axis.side == AxisSide::Bottom)
     return label_distance(measure) + height * (has_days(ticks) ? 2 : 1) + title;
   return label_distance(measure) + widest_label(ticks, measure) + title;

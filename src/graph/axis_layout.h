@@ -14,10 +14,10 @@ struct AxisSettings {
   bool automatic = false;  // scales itself to its data, and no zoom narrows it
   bool inverted = false;
   bool dates = false;
-  std::string title;
+  std::string title;  // without the power
   NumberFormat format;
   f64 manual_tick = 0, manual_line = 0;
-  int power = 0;
+  int power = 0;  // of ten, that the title tells of the labels
   i32 color = 0;
   // Pixels between which the labels of an x axis stand.
   f64 room_start = -std::numeric_limits<f64>::infinity();
@@ -29,6 +29,10 @@ AxisSettings y_axis_settings(const GraphProperties& shown, std::size_t layer, Ax
 
 // Gives the scale its pixels: an x axis runs from `near` to `far`, a y axis from the bottom up.
 void set_pixels(AxisSettings& axis, f64 start, f64 length);
+
+// Cuts the title to the length of the axis. A power of ten that would be cut off with it goes back into the
+// labels, and a title of which too little is left to be read goes away.
+void fit_title(AxisSettings& axis, const TextMeasure& measure);
 
 AxisTicks axis_ticks(const AxisSettings& axis, const TextMeasure& measure);
 

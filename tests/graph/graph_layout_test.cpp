@@ -200,6 +200,45 @@ TEST(GraphLayoutTest, AutomaticDataScalingMovesThePowerIntoTheTitle) {
   EXPECT_EQ(labels_of(layout.x_axis), "0.0 0.5 1.0 1.5 2.0 2.5 3.0 3.5 4.0 4.5 5.0");
 }
 
+std::string left_title(GraphSurface& graph, const std::string& title, f64 height) {
+  graph.pending.layers[0].YAxisLabel = title;
+  PEactions(graph, kTakeOverAndRedraw);
+  return layout_of(graph, 700, height).layers[0].left.title.text;
+}
+
+TEST(GraphLayoutTest, ATitleOfWhichTooLittleIsLeftGoesAwayWithItsRoom) {
+  GraphSurface graph = graph_with(1);
+  const f64 area = layout_of(graph, 700, 150).layers[0].area.height;
+  // 7 pixels a character: the layer holds the ellipsis and four or three more.
+  EXPECT_EQ(left_title(graph, "Schwinggeschwindigkeit", 150 - area + 36), "Schw…");
+  EXPECT_EQ(left_title(graph, "Öl°C Temperatur", 150 - area + 36), "Öl°C…");
+  EXPECT_EQ(left_title(graph, "Schwinggeschwindigkeit", 150 - area + 34), "");
+  EXPECT_EQ(left_title(graph, "U/mi", 150 - area + 34), "U/mi");
+  // Without a title its line of 14 and the gap of 5 belong to the curves.
+  const f64 left = layout_of(graph, 700, 150 - area + 34).layers[0].area.x;
+  left_title(graph, "Schwinggeschwindigkeit", 150 - area + 34);
+  EXPECT_EQ(layout_of(graph, 700, 150 - area + 34).layers[0].area.x, left - 19);
+}
+
+TEST(GraphLayoutTest, APowerThatWouldBeCutOffItsTitleStaysInTheLabels) {
+  GraphSurface graph(1);
+  graph.pending.SubsetCount = 1;
+  graph.pending.PointCount = 2;
+  graph.pending.AutoPadPercent = 0;
+  graph.pending.AutoScaleData = true;
+  PEvset(graph, kXData, FlatArray{0, 10});
+  PEvset(graph, kYData, FlatArray{0, 20000});
+  graph.pending.layers[0].YAxisLabel = "Drehzahl";
+  PEactions(graph, kTakeOverAndRedraw);
+  const GraphLayout roomy = layout_of(graph, 700, 400);
+  EXPECT_EQ(roomy.layers[0].left.title.text, "Drehzahl  ×10⁴");
+  EXPECT_EQ(roomy.layers[0].left.labels.back().text, "2.0");
+  // 98 pixels for the whole, 56 for the name.
+  const GraphLayout low = layout_of(graph, 700, 400 - roomy.layers[0].area.height + 90);
+  EXPECT_EQ(low.layers[0].left.title.text, "Drehzahl");
+  EXPECT_EQ(low.layers[0].left.labels.back().text, "20000");
+}
+
 TEST(GraphLayoutTest, AxesComeBeforeLegendAndTitles) {
   GraphSurface graph = graph_with(3);
   graph.pending.MainTitle = "Prüflauf";
@@ -227,7 +266,7 @@ GraphSurface crowded_graph() {
   graph.pending.MainTitle = "Übersicht";
   graph.pending.MultiAxesSubsets = {1, 1, 1};
   graph.pending.XAxisLabel = "Zeit/s";
-  for (LayerProperties& layer : graph.pending.layers) layer.YAxisLabel = "bar";
+  for (LayerProperties& layer : graph.pending.layers) layer.YAxisLabel = "V";
   PEactions(graph, kTakeOverAndRedraw);
   return graph;
 }
