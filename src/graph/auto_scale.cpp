@@ -15,7 +15,6 @@ namespace {
 
 constexpr i32 kAutomatic = 0;
 constexpr i32 kLogarithmic = 2;
-constexpr f64 kMinuteInDays = 1.0 / 1440;
 
 f64 half_width_around(f64 value) {
   return value == 0 ? 1 : std::abs(value) / 10;
@@ -108,8 +107,11 @@ std::optional<AxisLimits> padded_limits(f64 low, f64 high, i16 percent, bool log
   const f64 share = percent > 0 ? percent / 100.0 : 0;
   if (low == high) return AxisLimits{low - flat_half_width, high + flat_half_width};
   if (logarithmic && low > 0) {
-    const f64 factor = std::pow(high / low, share);
-    return AxisLimits{low / factor, high * factor};
+    // More decades than a number holds have no ratio.
+    const f64 factor = std::isfinite(high / low) ? std::pow(high / low, share)
+                                                 : std::exp((std::log(high) - std::log(low)) * share);
+    return AxisLimits{std::max(low / factor, std::numeric_limits<f64>::min()),
+                      std::min(high * factor, std::numeric_limits<f64>::max())};
   }
   // Halves, because the width of a range may be beyond the largest number.
   const f64 padding = (high / 2 - low / 2) * share * 2;
@@ -124,7 +126,7 @@ void scale_to_data(GraphProperties& properties) {
   const AxisExtents extents = gather_extents(properties);
   const i16 percent = properties.AutoPadPercent;
   if (properties.ManualScaleControlX == 0) {
-    const f64 half_width = properties.DateTimeMode == 1 ? kMinuteInDays : half_width_around(extents.x.x_low);
+    const f64 half_width = properties.DateTimeMode == 1 ? kDateHalfWidth : half_width_around(extents.x.x_low);
     assign(axis_limits(extents.x.x_low, extents.x.x_high, percent, properties.XAxisScaleControl, half_width),
            properties.ManualMinX, properties.ManualMaxX);
   }

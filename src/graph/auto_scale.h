@@ -15,6 +15,9 @@ struct AxisLimits {
   friend bool operator==(const AxisLimits&, const AxisLimits&) = default;
 };
 
+// To both sides of a single date: a minute, in days.
+inline constexpr f64 kDateHalfWidth = 1.0 / 1440;
+
 // The range of the data extended by `percent` at both ends; on a logarithmic axis the decades are extended,
 // of data that reach down to 0 or below it those that the axis shows, at the top alone. Data without a width
 // get one: `flat_half_width` to both sides of their value. Nothing for a range that is none (low above high).

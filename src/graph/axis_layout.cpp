@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <cmath>
 
+#include "graph/auto_scale.h"
+
 namespace trendaro {
 namespace {
 
@@ -151,11 +153,17 @@ PlacedText axis_title(const AxisSettings& axis, f64 thickness, const PixelRectan
 AxisSettings x_axis_settings(const GraphProperties& shown) {
   AxisSettings axis;
   const bool zoomed = shown.ZoomActive && shown.ZoomMaxX > shown.ZoomMinX;
-  axis.scale = zoomed ? make_scale(shown.ZoomMinX, shown.ZoomMaxX, shown.XAxisScaleControl)
-                      : make_scale(shown.ManualMinX, shown.ManualMaxX, shown.XAxisScaleControl);
+  axis.dates = shown.DateTimeMode == 1;
+  f64 low = zoomed ? shown.ZoomMinX : shown.ManualMinX;
+  f64 high = zoomed ? shown.ZoomMaxX : shown.ManualMaxX;
+  // A part of a date would be years.
+  if (axis.dates && low == high) {
+    low -= kDateHalfWidth;
+    high += kDateHalfWidth;
+  }
+  axis.scale = make_scale(low, high, shown.XAxisScaleControl);
   axis.automatic = !zoomed && shown.ManualScaleControlX == 0;
   axis.inverted = shown.InvertedXAxis;
-  axis.dates = shown.DateTimeMode == 1;
   axis.format = parse_number_format(shown.AxisFormatX);
   axis.power = axis.dates ? 0 : power_of(shown, axis.scale);
   axis.title = shown.XAxisLabel;

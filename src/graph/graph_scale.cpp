@@ -27,6 +27,12 @@ void move_apart(f64& minimum, f64& maximum) {
   maximum += half;
 }
 
+// The logarithm of a ratio that may itself lie beyond the largest number, or be lost below the smallest.
+f64 log_ratio(f64 value, f64 to) {
+  const f64 ratio = value / to;
+  return ratio > 0 && std::isfinite(ratio) ? std::log(ratio) : std::log(value) - std::log(to);
+}
+
 }  // namespace
 
 AxisScale make_scale(f64 minimum, f64 maximum, i32 kind) {
@@ -50,14 +56,19 @@ bool spans_decades(f64 minimum, f64 maximum) {
 
 f64 pixel_of(const AxisScale& scale, f64 value) {
   const f64 part = scale.logarithmic
-                       ? std::log(value / scale.minimum) / std::log(scale.maximum / scale.minimum)
+                       ? log_ratio(value, scale.minimum) / log_ratio(scale.maximum, scale.minimum)
                        : (value - scale.minimum) / (scale.maximum - scale.minimum);
   return scale.first + part * (scale.last - scale.first);
 }
 
 f64 value_of(const AxisScale& scale, f64 pixel) {
   const f64 part = (pixel - scale.first) / (scale.last - scale.first);
-  if (scale.logarithmic) return scale.minimum * std::pow(scale.maximum / scale.minimum, part);
+  if (scale.logarithmic) {
+    const f64 ratio = scale.maximum / scale.minimum;
+    return std::isfinite(ratio)
+               ? scale.minimum * std::pow(ratio, part)
+               : std::exp(std::log(scale.minimum) + part * log_ratio(scale.maximum, scale.minimum));
+  }
   return scale.minimum + part * (scale.maximum - scale.minimum);
 }
 

@@ -51,6 +51,18 @@ TEST(AutoScaleTest, LogarithmicAxisWithNegativeDataAloneIsExtendedAsALinearOne) 
   EXPECT_EQ(padded_limits(-50, -10, 10, true, 1), (AxisLimits{-54, -6}));
 }
 
+TEST(AutoScaleTest, MoreDecadesThanANumberHoldsArePaddedInDecades) {
+  // One percent of 400 decades.
+  const auto limits = padded_limits(1e-200, 1e200, 1, true, 1);
+  ASSERT_TRUE(limits);
+  EXPECT_NEAR(std::log10(limits->low), -204, 1e-9);
+  EXPECT_NEAR(std::log10(limits->high), 204, 1e-9);
+  const auto widest = padded_limits(1e-300, 1e300, 10, true, 1);
+  ASSERT_TRUE(widest);
+  EXPECT_GT(widest->low, 0);
+  EXPECT_TRUE(std::isfinite(widest->high));
+}
+
 TEST(AutoScaleTest, EmptyRangeHasNoLimits) {
   const f64 infinity = std::numeric_limits<f64>::infinity();
   EXPECT_FALSE(padded_limits(infinity, -infinity, 2, false, 1));

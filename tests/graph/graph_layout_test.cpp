@@ -239,6 +239,19 @@ TEST(GraphLayoutTest, APowerThatWouldBeCutOffItsTitleStaysInTheLabels) {
   EXPECT_EQ(low.layers[0].left.labels.back().text, "20000");
 }
 
+TEST(GraphLayoutTest, EqualManualLimitsOfADateAxisAreAMinuteToBothSides) {
+  GraphSurface graph = graph_with(1);
+  graph.pending.DateTimeMode = 1;
+  graph.pending.ManualScaleControlX = 3;
+  graph.pending.ManualMinX = 45292.5;
+  graph.pending.ManualMaxX = 45292.5;
+  PEactions(graph, kRedrawFromSettings);
+  const GraphLayout layout = layout_of(graph);
+  EXPECT_NEAR(layout.x_axis.scale.minimum, 45292.5 - 60.0 / 86400, 1e-10);
+  EXPECT_NEAR(layout.x_axis.scale.maximum, 45292.5 + 60.0 / 86400, 1e-10);
+  EXPECT_EQ(layout.x_axis.labels.front().text, "11:59:00");
+}
+
 TEST(GraphLayoutTest, AxesComeBeforeLegendAndTitles) {
   GraphSurface graph = graph_with(3);
   graph.pending.MainTitle = "Prüflauf";

@@ -40,5 +40,27 @@ TEST(GraphScaleTest, PixelsAndValuesAreEachOthersInverse) {
   EXPECT_DOUBLE_EQ(value_of(scale, 200), 100);
 }
 
+TEST(GraphScaleTest, ALogarithmicAxisOfMoreDecadesThanANumberHoldsHasItsPixels) {
+  AxisScale scale = make_scale(1e-200, 1e200, 2);
+  scale.first = 0;
+  scale.last = 400;
+  EXPECT_NEAR(pixel_of(scale, 1e-200), 0, 1e-9);
+  EXPECT_NEAR(pixel_of(scale, 1), 200, 1e-9);
+  EXPECT_NEAR(pixel_of(scale, 1e200), 400, 1e-9);
+  EXPECT_FALSE(std::isfinite(pixel_of(scale, 0)));
+  EXPECT_FALSE(std::isfinite(pixel_of(scale, -1)));
+  EXPECT_NEAR(std::log10(value_of(scale, 0)), -200, 1e-9);
+  EXPECT_NEAR(std::log10(value_of(scale, 300)), 100, 1e-9);
+  EXPECT_NEAR(std::log10(value_of(scale, 400)), 200, 1e-9);
+}
+
+TEST(GraphScaleTest, AValueFarBelowALogarithmicAxisHasAPixel) {
+  AxisScale scale = make_scale(1e200, 1e210, 2);
+  scale.first = 0;
+  scale.last = 100;
+  // 500 decades below, ten pixels each.
+  EXPECT_NEAR(pixel_of(scale, 1e-300), -5000, 1e-6);
+}
+
 }  // namespace
 }  // namespace trendaro
