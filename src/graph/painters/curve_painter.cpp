@@ -1,5 +1,6 @@
 #include "graph/painters/curve_painter.h"
 
+#include <QPaintEngine>
 #include <algorithm>
 #include <cmath>
 #include <limits>
@@ -30,7 +31,7 @@ constexpr f64 kMarkSize = 4;
 void draw_points(const PaintTask& task, const CurveOutline& outline) {
   const Symbol symbol =
       make_symbol(point_type_of(task.shown, task.place.subset), symbol_size(task.shown.DataPointSize));
-  const PixelRectangle visible = widened(task.area);
+  const PixelRectangle visible = visible_area(task);
   // Where many samples fall on one pixel the symbol is drawn once.
   std::set<std::pair<i32, i32>> taken;
   f64 former_x = -1e9;
@@ -190,7 +191,13 @@ f64 base_line(const AxisScale& scale) {
   return pixel_of(scale, std::clamp(scale.logarithmic ? scale.minimum : 0.0, scale.minimum, scale.maximum));
 }
 
-PixelRectangle widened(const PixelRectangle& area) {
+bool cuts_at_clip(const QPainter& painter) {
+  return painter.paintEngine()->type() != QPaintEngine::SVG;
+}
+
+PixelRectangle visible_area(const PaintTask& task) {
+  const PixelRectangle& area = task.area;
+  if (!cuts_at_clip(task.painter)) return area;
   return {area.x - kMargin, area.y - kMargin, area.width + 2 * kMargin, area.height + 2 * kMargin};
 }
 

@@ -27,8 +27,12 @@ PaintTask curve_task(QPainter& painter, const GraphProperties& shown, const Grap
 // The level from which bars and areas grow: zero, or the edge of the axis nearest to it.
 f64 base_line(const AxisScale& scale);
 
-// The area and a margin, so that no cut shows.
-PixelRectangle widened(const PixelRectangle& area);
+// Whether the device cuts off what lies beyond a clip. An SVG file has it all.
+bool cuts_at_clip(const QPainter& painter);
+
+// What of a curve is drawn: the area and a margin, so that no cut shows, or the bare area where nothing would
+// cut the margin off.
+PixelRectangle visible_area(const PaintTask& task);
 
 // The outline in the line type of the curve, and in a type of the caller's choice.
 void draw_lines(const PaintTask& task, const CurveOutline& outline);

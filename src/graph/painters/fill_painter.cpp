@@ -7,6 +7,7 @@
 #include "graph/painters/curve_painter.h"
 #include "graph/painters/graph_colors.h"
 #include "graph/painters/sharp_lines.h"
+#include "graph/pressed_outline.h"
 #include "graph/shape_sizes.h"
 #include "graph/stacked_curves.h"
 
@@ -66,10 +67,12 @@ void draw_in_bands(const PaintTask& task, Draw draw) {
   const auto bands = static_cast<f64>(levels.size() - 1);
   for (std::size_t i = 0; i + 1 < levels.size(); ++i) {
     const f64 height = bands > 1 ? 1 - static_cast<f64>(i) / (bands - 1) : 1;
+    const PixelRectangle band{task.area.x, levels[i], task.area.width, levels[i + 1] - levels[i]};
     task.painter.save();
-    task.painter.setClipRect(QRectF(task.area.x, levels[i], task.area.width, levels[i + 1] - levels[i]),
-                             Qt::IntersectClip);
-    draw(blended(task.color, back, kPalestBand + (1 - kPalestBand) * height));
+    task.painter.setClipRect(QRectF(band.x, band.y, band.width, band.height), Qt::IntersectClip);
+    draw(PaintTask{task.painter, task.shown, task.layout, task.place,
+                   cuts_at_clip(task.painter) ? task.area : band, task.x_scale, task.y_scale,
+                   blended(task.color, back, kPalestBand + (1 - kPalestBand) * height)});
     task.painter.restore();
   }
 }
@@ -83,7 +86,7 @@ CurveOutline in_values(const PaintTask& task, CurveOutline outline) {
 
 // The way back; a place without a pixel lies on the base.
 std::vector<QPointF> in_pixels(const PaintTask& task, const std::vector<f64>& x, const std::vector<f64>& y) {
-  const PixelRectangle visible = widened(task.area);
+  const PixelRectangle visible = visible_area(task);
   std::vector<QPointF> points;
   for (std::size_t i = 0; i < x.size(); ++i) {
     const f64 pixel = pixel_of(task.y_scale, y[i]);
@@ -120,19 +123,16 @@ void draw_band(const PaintTask& task, const StackedBand& band) {
 }  // namespace
 
 void fill_to_base(const PaintTask& task, const CurveOutline& outline, const QColor& fill) {
-  const f64 base = base_line(task.y_scale);
-  const PixelRectangle visible = widened(task.area);
-  const auto inside = [&](const PixelPoint& point) {
-    return QPointF(std::clamp(point.x, visible.x, visible.right()),
-                   std::clamp(point.y, visible.y, visible.bottom()));
-  };
+  const PixelRectangle visible = visible_area(task);
+  const f64 base = std::clamp(base_line(task.y_scale), visible.y, visible.bottom());
+  const CurveOutline inside = pressed_into(visible, outline);
   task.painter.setPen(Qt::NoPen);
   task.painter.setBrush(fill);
-  for_each_piece(outline, [&](std::size_t first, std::size_t last) {
+  for_each_piece(inside, [&](std::size_t first, std::size_t last) {
     QPolygonF polygon;
-    polygon.append({inside(outline.points[first]).x(), base});
-    for (std::size_t i = first; i < last; ++i) polygon.append(inside(outline.points[i]));
-    polygon.append({inside(outline.points[last - 1]).x(), base});
+    polygon.append({inside.points[first].x, base});
+    for (std::size_t i = first; i < last; ++i) polygon.append({inside.points[i].x, inside.points[i].y});
+    polygon.append({inside.points[last - 1].x, base});
     task.painter.drawPolygon(polygon);
   });
 }
@@ -146,13 +146,13 @@ void draw_bars(const PaintTask& task, const CurveOutline& outline) {
   const bool side_by_side = share.count > 1 && part >= kNarrowestBar;
   const f64 width = side_by_side ? part : room;
   const f64 offset = side_by_side ? static_cast<f64>(share.index) * part - room / 2 : -width / 2;
-  const PixelRectangle visible = widened(task.area);
+  const PixelRectangle visible = visible_area(task);
   for (const PixelPoint& point : outline.points) {
     if (point.x + room < visible.x || point.x - room > visible.right()) continue;
     const f64 y = std::clamp(point.y, visible.y, visible.bottom());
     QRectF bar = grid.aligned(QRectF(point.x + offset, std::min(y, base), width, std::abs(y - base)));
     bar.setWidth(std::max(bar.width(), 1 / grid.ratio()));
-    task.painter.fillRect(bar, task.color);
+    task.painter.fillRect(bar & QRectF(visible.x, visible.y, visible.width, visible.height), task.color);
   }
 }
 
@@ -164,7 +164,7 @@ void draw_area(const PaintTask& task, const CurveOutline& outline) {
 }
 
 void draw_ribbon(const PaintTask& task, const CurveOutline& outline) {
-  const CurveOutline inside = clipped(outline, widened(task.area));
+  const CurveOutline inside = clipped(outline, visible_area(task));
   const QColor back = graph_color(task.shown.GraphBackColor);
   const QColor face = blended(task.color, back, 0.55);
   const QColor shade = blended(task.color, QColor(Qt::black), 0.75);
@@ -187,11 +187,11 @@ void draw_ribbon(const PaintTask& task, const CurveOutline& outline) {
 
 void draw_contour_lines(const PaintTask& task, const CurveOutline& outline) {
   const i32 line_type = line_type_of(task.shown, task.place.subset);
-  draw_in_bands(task, [&](const QColor& color) { draw_lines(task, outline, line_type, color); });
+  draw_in_bands(task, [&](const PaintTask& band) { draw_lines(band, outline, line_type, band.color); });
 }
 
 void draw_contour_areas(const PaintTask& task, const CurveOutline& outline) {
-  draw_in_bands(task, [&](const QColor& color) { fill_to_base(task, outline, color); });
+  draw_in_bands(task, [&](const PaintTask& band) { fill_to_base(band, outline, band.color); });
 }
 
 void draw_bubbles(const PaintTask& task, const CurveOutline& outline) {
@@ -202,8 +202,9 @@ void draw_bubbles(const PaintTask& task, const CurveOutline& outline) {
   fill.setAlphaF(static_cast<float>(kBubbleShare));
   task.painter.setPen(QPen(task.color, 1));
   task.painter.setBrush(fill);
-  const PixelRectangle visible{task.area.x - kLargestBubble, task.area.y - kLargestBubble,
-                               task.area.width + 2 * kLargestBubble, task.area.height + 2 * kLargestBubble};
+  const f64 beyond = cuts_at_clip(task.painter) ? kLargestBubble : 0;
+  const PixelRectangle visible{task.area.x - beyond, task.area.y - beyond, task.area.width + 2 * beyond,
+                               task.area.height + 2 * beyond};
   for (const PixelPoint& point : outline.points) {
     if (point.x < visible.x || point.x > visible.right() || point.y < visible.y || point.y > visible.bottom())
       continue;

@@ -97,7 +97,7 @@ void draw_lines(const PaintTask& task, const CurveOutline& outline, i32 line_typ
   QPainter& painter = task.painter;
   const QPen pen = line_pen(line_type, color);
   const std::vector<f64> pattern = dash_pattern(line_type);
-  const CurveOutline inside = clipped(outline, widened(task.area));
+  const CurveOutline inside = clipped(outline, visible_area(task));
   const CurveOutline cut =
       pattern.empty() ? inside : dashed(inside, pattern, task.area.width + task.area.height);
   const CurveStrokes strokes = curve_strokes(cut, 1 / DeviceGrid(painter).ratio(), pen.widthF());
