@@ -53,6 +53,12 @@ void take_label(Tick& tick) {
   tick = {tick.value, {}, {}};
 }
 
+std::vector<Tick> each_from(const std::vector<Tick>& ticks, std::size_t first, std::size_t every) {
+  std::vector<Tick> kept;
+  for (std::size_t i = first; i < ticks.size(); i += every) kept.push_back(ticks[i]);
+  return kept;
+}
+
 f64 label_gap(const TickRequest& request, const TextMeasure& measure) {
   return measure.height(TextRole::Axis) * (request.vertical ? 0.1 : 0.9);
 }
@@ -122,12 +128,16 @@ std::size_t label_count(const std::vector<Tick>& ticks) {
 }
 
 void thin_out_labels(const TickRequest& request, const TextMeasure& measure, std::vector<Tick>& ticks) {
+  const auto zero =
+      std::find_if(ticks.begin(), ticks.end(), [](const Tick& tick) { return tick.value == 0; });
+  const std::size_t zero_index = zero == ticks.end() ? 0 : static_cast<std::size_t>(zero - ticks.begin());
   for (std::size_t every = 1; every <= ticks.size(); ++every) {
-    std::vector<Tick> kept;
-    for (std::size_t i = 0; i < ticks.size(); i += every) kept.push_back(ticks[i]);
-    if (!labels_fit(request, measure, kept)) continue;
+    const std::vector<Tick> through_zero = each_from(ticks, zero_index % every, every);
+    const std::vector<Tick> from_first = each_from(ticks, 0, every);
+    const bool keeps_zero = through_zero.size() == from_first.size();
+    if (!labels_fit(request, measure, keeps_zero ? through_zero : from_first)) continue;
     for (std::size_t i = 0; i < ticks.size(); ++i)
-      if (i % every != 0) take_label(ticks[i]);
+      if (i % every != (keeps_zero ? zero_index % every : 0)) take_label(ticks[i]);
     break;
   }
 }

@@ -38,7 +38,8 @@ bool days_collide(const TickRequest& request, const TextMeasure& measure, const 
 // How many ticks have a label. A single one tells no scale.
 std::size_t label_count(const std::vector<Tick>& ticks);
 
-// Takes labels away, evenly and with their second lines, until the rest fit. Every tick stays.
+// Takes labels away, evenly and with their second lines, until the rest fit. The zero keeps its label where
+// that costs none of the others. Every tick stays.
 void thin_out_labels(const TickRequest& request, const TextMeasure& measure, std::vector<Tick>& ticks);
 
 }  // namespace trendaro

@@ -70,6 +70,17 @@ TEST(AxisTicksTest, ManualLinesStandAndTheirLabelsAreThinnedOut) {
   EXPECT_DOUBLE_EQ(ticks.major[1].value, 0.25);
 }
 
+TEST(AxisTicksTest, LabelsThatAreThinnedOutKeepTheZero) {
+  TickRequest request = request_of(-37, 44, 42);
+  request.vertical = true;
+  // 10.4 pixels between -20, 0, 20 and 40; a label needs 15.4.
+  EXPECT_EQ(kept_labels_of(number_ticks(request, FixedMeasure())), "0 40");
+  request = request_of(-40, 45, 100);
+  request.vertical = true;
+  request.manual_line = 10;
+  EXPECT_EQ(kept_labels_of(number_ticks(request, FixedMeasure())), "-40 -20 0 20 40");
+}
+
 TEST(AxisTicksTest, AManualStepThatCrowdsTheAxisIsLeftAside) {
   TickRequest request = request_of(0, 10, 500);
   request.manual_line = 1e-9;
