@@ -156,7 +156,7 @@ AxisSettings x_axis_settings(const GraphProperties& shown) {
   axis.dates = shown.DateTimeMode == 1;
   f64 low = zoomed ? shown.ZoomMinX : shown.ManualMinX;
   f64 high = zoomed ? shown.ZoomMaxX : shown.ManualMaxX;
-  // A part of a date would be years.
+  // The hundredth of a value that other axes get would be a year and more.
   if (axis.dates && low == high) {
     low -= kDateHalfWidth;
     high += kDateHalfWidth;

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cmath>
 
 #include "graph/curve_strokes.h"
 
@@ -46,7 +47,7 @@ CurveOutline pressed_into(const PixelRectangle& box, const CurveOutline& outline
         const Crossings found = crossings(box, from, to);
         for (std::size_t j = 0; j < found.count; ++j)
           inside.points.push_back(pressed(
-              box, {from.x + (to.x - from.x) * found.parts[j], from.y + (to.y - from.y) * found.parts[j]}));
+              box, {std::lerp(from.x, to.x, found.parts[j]), std::lerp(from.y, to.y, found.parts[j])}));
       }
       inside.points.push_back(pressed(box, to));
     }

@@ -39,6 +39,13 @@ TEST(PressedOutlineTest, PiecesStayApart) {
   expect_points(outline, {{10, 20}, {10, 0}, {10, 0}, {30, 20}, {40, 20}});
 }
 
+TEST(PressedOutlineTest, PointsAsFarAwayAsNumbersGoStayInsideTheBox) {
+  for (const PixelPoint& point : pressed_into(kBox, {{{-1e308, -1e308}, {1e308, 1e308}}, {0}}).points) {
+    EXPECT_TRUE(point.x >= 0 && point.x <= 100) << point.x;
+    EXPECT_TRUE(point.y >= 0 && point.y <= 50) << point.y;
+  }
+}
+
 TEST(PressedOutlineTest, AnEmptyOutlineStaysEmpty) {
   EXPECT_TRUE(pressed_into(kBox, {}).points.empty());
 }
