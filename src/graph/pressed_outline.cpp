@@ -15,7 +15,7 @@ PixelPoint pressed(const PixelRectangle& box, const PixelPoint& point) {
 
 // Parts of the way at which a line crosses the edges or what lies in line with them, in their order.
 struct Crossings {
-  std::array<f64, 4> parts{};
+  std::array<f64, 4> parts = {2, 2, 2, 2};  // behind the way's end where there are fewer
   std::size_t count = 0;
 
   void add(f64 from, f64 to, f64 edge) {
@@ -30,7 +30,7 @@ Crossings crossings(const PixelRectangle& box, const PixelPoint& from, const Pix
   found.add(from.x, to.x, box.right());
   found.add(from.y, to.y, box.y);
   found.add(from.y, to.y, box.bottom());
-  std::sort(found.parts.begin(), found.parts.begin() + static_cast<std::ptrdiff_t>(found.count));
+  std::ranges::sort(found.parts);
   return found;
 }
 
