@@ -53,6 +53,7 @@ struct LayerLayout {
   AxisLayout left, right;
   bool has_left = false, has_right = false;  // curves hang on that axis
   bool shows_right = false;                  // the right axis is drawn as well
+  bool tables_below = false;                 // tables inside of it stand in its lower corner
 };
 
 // Where a curve belongs.

@@ -121,10 +121,10 @@ void PEactions(GraphSurface& graph, i16 action) {
 
 void TableRefresh(GraphSurface& graph, i32 apply) {
   if (apply == 0) return;
-  const i32 former = characters_right_of_graph(graph.shown_);
+  const TableExtents former = table_extents(graph.shown_);
   graph.shown_.tables = graph.pending.tables;
   graph.shown_.TablesEnabled = graph.pending.TablesEnabled;
-  ++(characters_right_of_graph(graph.shown_) == former ? graph.overlay_revision_ : graph.revision_);
+  ++(table_extents(graph.shown_) == former ? graph.overlay_revision_ : graph.revision_);
 }
 
 void write_show_annotations(GraphSurface& graph, bool show) {

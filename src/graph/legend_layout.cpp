@@ -4,6 +4,7 @@
 #include <cmath>
 
 #include "graph/middle_elision.h"
+#include "graph/table_layout.h"
 
 namespace trendaro {
 namespace {
@@ -276,6 +277,63 @@ void place_beside(const GraphProperties& shown, const TextMeasure& measure,
   room.width -= column.width + entry.entry_gap / 2;
 }
 
+// What a legend inside of a layer may take, without its margins.
+struct RoomInLayer {
+  f64 width = 0;
+  std::size_t lines = 0;
+
+  [[nodiscard]] bool is_one_line(std::size_t entries) const { return lines == 1 && entries > 1; }
+};
+
+f64 inset_in_layer(const EntryMeasure& entry) {
+  return std::round(entry.line * 0.5);
+}
+
+// The upper left of the layer down to `bottom`.
+RoomInLayer room_in_layer(const PixelRectangle& area, f64 bottom, const EntryMeasure& entry) {
+  const f64 margins = 4 * inset_in_layer(entry);
+  const f64 height = std::max(0.0, bottom - area.y - margins);
+  return {area.width * kInLayerShare - margins, static_cast<std::size_t>(height / entry.line)};
+}
+
+// The room that the tables of a layer leave. They go to the lower corner where they would lie on whole names
+// and all curves can be listed above them, or where names beside them would be cut too short.
+RoomInLayer share_with_tables(const GraphProperties& shown, const std::vector<LooseEntry>& entries,
+                              const TextMeasure& measure, LayerLayout& layer) {
+  const EntryMeasure entry(measure);
+  const RoomInLayer all = room_in_layer(layer.area, layer.area.bottom(), entry);
+  const PixelRectangle tables = table_room_in(shown, layer, measure);
+  const f64 beside = tables.x - layer.area.x - 4 * inset_in_layer(entry);
+  if (tables.width <= 0 || all.width <= beside || all.width < entry.lead()) return all;
+  if (!all.is_one_line(entries.size()) &&
+      LegendColumn(entries, std::max<std::size_t>(all.lines, 1), all.width, measure).width <= beside)
+    return all;
+  layer.tables_below = true;
+  const RoomInLayer above = room_in_layer(layer.area, table_room_in(shown, layer, measure).y, entry);
+  const bool beside_tells = beside >= entry.lead() + kTellingName * entry.line;
+  layer.tables_below = above.lines >= entries.size() || (above.lines > 0 && !beside_tells);
+  return layer.tables_below || !beside_tells ? above : RoomInLayer{beside, all.lines};
+}
+
+void place_in_layer(const GraphProperties& shown, std::vector<LooseEntry> entries, const TextMeasure& measure,
+                    LayerLayout& layer, GraphLayout& layout) {
+  const EntryMeasure entry(measure);
+  const RoomInLayer room = share_with_tables(shown, entries, measure, layer);
+  if (room.lines == 0 || room.width < entry.lead()) return;
+  const f64 inset = inset_in_layer(entry);
+  const PixelPoint corner{layer.area.x + 2 * inset, layer.area.y + 2 * inset};
+  const f64 height = entry.line * static_cast<f64>(std::min(room.lines, entries.size()));
+  f64 width = room.width;
+  if (room.is_one_line(entries.size())) {
+    put_line(std::move(entries), {corner.x, corner.y, width, entry.line}, measure, layout);
+  } else {
+    const LegendColumn column(std::move(entries), room.lines, room.width, measure);
+    column.put(corner, measure, layout);
+    width = column.width;
+  }
+  layout.legend_backs.push_back({corner.x - inset, corner.y - inset, width + 2 * inset, height + 2 * inset});
+}
+
 }  // namespace
 
 std::vector<std::size_t> legend_subsets(const GraphProperties& shown) {
@@ -305,29 +363,13 @@ void place_legend(const GraphProperties& shown, const TextMeasure& measure, Pixe
 
 void place_legend_in_layers(const GraphProperties& shown, const TextMeasure& measure, GraphLayout& layout) {
   if (shown.LegendStyle != kLegendInLayers) return;
-  const EntryMeasure entry(measure);
-  const f64 inset = std::round(entry.line * 0.5);
   const std::vector<std::size_t> listed = legend_subsets(shown);
   for (std::size_t slot = 0; slot < layout.layers.size(); ++slot) {
-    const PixelRectangle& area = layout.layers[slot].area;
     std::vector<std::size_t> subsets;
     for (const std::size_t subset : listed)
       if (subset < layout.curves.size() && layout.curves[subset].slot == slot) subsets.push_back(subset);
-    const f64 most_width = area.width * kInLayerShare - 4 * inset;
-    const auto lines = static_cast<std::size_t>(std::max(0.0, (area.height - 4 * inset) / entry.line));
-    if (subsets.empty() || lines == 0 || most_width < entry.lead()) continue;
-    const PixelPoint corner{area.x + 2 * inset, area.y + 2 * inset};
-    std::vector<LooseEntry> entries = loose_entries(shown, subsets, measure);
-    f64 width = most_width;
-    if (lines == 1 && entries.size() > 1) {
-      put_line(std::move(entries), {corner.x, corner.y, width, entry.line}, measure, layout);
-    } else {
-      const LegendColumn column(std::move(entries), lines, most_width, measure);
-      column.put(corner, measure, layout);
-      width = column.width;
-    }
-    const f64 height = entry.line * static_cast<f64>(std::min(lines, subsets.size()));
-    layout.legend_backs.push_back({area.x + inset, area.y + inset, width + 2 * inset, height + 2 * inset});
+    if (!subsets.empty())
+      place_in_layer(shown, loose_entries(shown, subsets, measure), measure, layout.layers[slot], layout);
   }
 }
 

@@ -29,7 +29,9 @@ bool stands_beside(const GraphProperties& shown);
 void place_legend(const GraphProperties& shown, const TextMeasure& measure, PixelRectangle& room,
                   GraphLayout& layout);
 
-// Lists the curves of each layer in the upper left corner of its area, in the order of the legend.
+// Lists the curves of each layer in the upper left corner of its area, in the order of the legend. Where it
+// does not find room beside the tables inside of the layer, it sends these to the lower corner, cuts its
+// names or, in a low layer, leaves the room to them.
 void place_legend_in_layers(const GraphProperties& shown, const TextMeasure& measure, GraphLayout& layout);
 
 }  // namespace trendaro

@@ -1,7 +1,5 @@
 #include "graph/picture_state.h"
 
-#include "graph/table_layout.h"
-
 namespace trendaro {
 namespace {
 
@@ -49,13 +47,13 @@ GraphProperties settings_of(const GraphProperties& properties) {
 }  // namespace
 
 PictureState picture_state(const GraphProperties& painted) {
-  return {settings_of(painted), characters_right_of_graph(painted), painted.curve_index};
+  return {settings_of(painted), table_extents(painted), painted.curve_index};
 }
 
 bool same_picture(const PictureState& painted, const GraphProperties& properties) {
   const bool same_data = !painted.data.owner_before(properties.curve_index) &&
                          !properties.curve_index.owner_before(painted.data);
-  return same_data && painted.table_characters == characters_right_of_graph(properties) &&
+  return same_data && painted.tables == table_extents(properties) &&
          painted.settings == settings_of(properties);
 }
 

@@ -3,6 +3,7 @@
 #include <memory>
 
 #include "graph/graph_properties.h"
+#include "graph/table_layout.h"
 
 namespace trendaro {
 
@@ -11,7 +12,7 @@ namespace trendaro {
 // tables.
 struct PictureState {
   GraphProperties settings;
-  i32 table_characters = 0;  // beside the graph, where they take its room
+  TableExtents tables;  // that take room from curves or legend
   std::weak_ptr<const CurveIndex> data;
 };
 

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <cmath>
 
+#include "graph/legend_layout.h"
+
 namespace trendaro {
 namespace {
 
@@ -88,13 +90,26 @@ f64 table_height(const TableProperties& table, const TextMeasure& measure) {
   return rows_of(table) * measure.height(TextRole::Table) + 2 * padding(measure);
 }
 
+f64 gap_between(const TextMeasure& measure) {
+  return padding(measure) * 2;
+}
+
+i32 location_in(const LayerLayout& layer) {
+  return kTableInLayer + static_cast<i32>(layer.layer);
+}
+
 }  // namespace
 
-i32 characters_right_of_graph(const GraphProperties& shown) {
-  i32 most = 0;
-  for (const TableProperties& table : shown.tables)
-    if (on_show(shown, table, kTableRightOfGraph)) most = std::max(most, all_characters(table));
-  return most;
+TableExtents table_extents(const GraphProperties& shown) {
+  TableExtents extents;
+  for (std::size_t i = 0; i < kGraphTables; ++i) {
+    const TableProperties& table = shown.tables[i];
+    if (!on_show(shown, table, table.TableLocation)) continue;
+    const bool beside_legend = shown.LegendStyle == kLegendInLayers && table.TableLocation >= kTableInLayer;
+    if (beside_legend || table.TableLocation == kTableRightOfGraph)
+      extents[i] = {table.TableLocation, all_characters(table), beside_legend ? rows_of(table) : 0};
+  }
+  return extents;
 }
 
 void place_table_room(const GraphProperties& shown, const TextMeasure& measure, PixelRectangle& room,
@@ -104,31 +119,44 @@ void place_table_room(const GraphProperties& shown, const TextMeasure& measure, 
     if (on_show(shown, table, kTableRightOfGraph)) width = std::max(width, table_width(table, measure));
   width = std::min(width, std::floor(room.width * kMostOfWidth));
   table_room = {room.right() - width, room.y, width, room.height};
-  if (width > 0) room.width -= width + padding(measure) * 2;
+  if (width > 0) room.width -= width + gap_between(measure);
+}
+
+PixelRectangle table_room_in(const GraphProperties& shown, const LayerLayout& layer,
+                             const TextMeasure& measure) {
+  const f64 gap = gap_between(measure);
+  f64 width = 0;
+  f64 height = -gap;
+  for (const TableProperties& table : shown.tables) {
+    if (!on_show(shown, table, location_in(layer))) continue;
+    width = std::max(width, table_width(table, measure));
+    height += table_height(table, measure) + gap;
+  }
+  width = std::min(width, layer.area.width - 2 * gap);
+  height = std::min(height, layer.area.height - 2 * gap);
+  if (width <= 0 || height <= 0) return {};
+  return {layer.area.right() - gap - width,
+          layer.tables_below ? layer.area.bottom() - gap - height : layer.area.y + gap, width, height};
 }
 
 std::vector<PlacedTable> place_tables(const GraphProperties& shown, const GraphLayout& layout,
                                       const TextMeasure& measure) {
   std::vector<PlacedTable> placed;
-  f64 y = layout.table_room.y;
-  const f64 inset = padding(measure) * 2;
-  for (const TableProperties& table : shown.tables) {
-    if (on_show(shown, table, kTableRightOfGraph)) {
-      const f64 height = std::min(table_height(table, measure), layout.table_room.bottom() - y);
-      if (height <= 0 || layout.table_room.width <= 0) continue;
-      placed.push_back(
-          placed_table(table, {layout.table_room.x, y, layout.table_room.width, height}, measure));
-      y += height + inset;
+  const auto fill = [&](PixelRectangle room, i32 location, bool whole_width) {
+    for (const TableProperties& table : shown.tables) {
+      if (!on_show(shown, table, location) || room.width <= 0) continue;
+      const f64 width = whole_width ? room.width : std::min(table_width(table, measure), room.width);
+      const f64 height = std::min(table_height(table, measure), room.height);
+      if (height <= 0) return;
+      placed.push_back(placed_table(table, {room.right() - width, room.y, width, height}, measure));
+      room.y += height + gap_between(measure);
+      room.height -= height + gap_between(measure);
     }
-    for (const LayerLayout& layer : layout.layers) {
-      if (!layout.has_axes || !on_show(shown, table, kTableInLayer + static_cast<i32>(layer.layer))) continue;
-      const f64 width = std::min(table_width(table, measure), layer.area.width - 2 * inset);
-      const f64 height = std::min(table_height(table, measure), layer.area.height - 2 * inset);
-      if (width <= 0 || height <= 0) continue;
-      placed.push_back(placed_table(
-          table, {layer.area.right() - inset - width, layer.area.y + inset, width, height}, measure));
-    }
-  }
+  };
+  fill(layout.table_room, kTableRightOfGraph, true);
+  if (!layout.has_axes) return placed;
+  for (const LayerLayout& layer : layout.layers)
+    fill(table_room_in(shown, layer, measure), location_in(layer), false);
   return placed;
 }
 

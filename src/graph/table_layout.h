@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <vector>
 
 #include "graph/graph_layout.h"
@@ -17,16 +18,31 @@ struct PlacedTable {
   std::vector<PlacedText> cells;
 };
 
-// Characters that the columns of the tables right of the graph take together; 0 without such a table. Widths
-// grow in steps, so that the graph keeps its place while numbers change.
-i32 characters_right_of_graph(const GraphProperties& shown);
+// What the layout takes from a table: all 0 for one that nothing makes room for. Widths grow in steps, so
+// that the graph keeps its place while numbers change.
+struct TableExtent {
+  i32 location = 0;    // its TableLocation
+  i32 characters = 0;  // that its columns take together
+  i32 rows = 0;        // of a table inside of a layer
+
+  friend bool operator==(const TableExtent&, const TableExtent&) = default;
+};
+using TableExtents = std::array<TableExtent, kGraphTables>;
+
+// Those of the tables right of the graph and, while the legend stands in the layers, of those inside of them.
+TableExtents table_extents(const GraphProperties& shown);
 
 // Takes the room of the tables right of the graph away.
 void place_table_room(const GraphProperties& shown, const TextMeasure& measure, PixelRectangle& room,
                       PixelRectangle& table_room);
 
-// The tables that are on show, none while TablesEnabled is off. One inside a layer stands in its upper right
-// corner. Rows that find no room are left out.
+// The corner of a layer that the tables inside of it take, the upper or the lower right one as the layer
+// says; without a width where none stands there.
+PixelRectangle table_room_in(const GraphProperties& shown, const LayerLayout& layer,
+                             const TextMeasure& measure);
+
+// The tables that are on show, none while TablesEnabled is off; those of one place stand below each other.
+// Rows that find no room are left out.
 std::vector<PlacedTable> place_tables(const GraphProperties& shown, const GraphLayout& layout,
                                       const TextMeasure& measure);
 

@@ -50,6 +50,27 @@ TEST_F(PictureStateTest, OutlivesNewNumbersInATableButNotItsRoom) {
   }));
 }
 
+TEST_F(PictureStateTest, OutlivesATableInsideOfALayerUnlessTheLegendStandsThereToo) {
+  TableProperties& table = graph.pending.tables[0];
+  graph.pending.TablesEnabled = table.TableVisible = true;
+  table.TableLocation = 100;
+  table.TableRows = table.TableColumns = 1;
+  table.column_widths[0] = 10;
+  PEactions(graph, kRedrawFromSettings);
+  const auto write = [&](const char* text) {
+    set_cell_text(table, 0, 0, text);
+    TableRefresh(graph, 1);
+  };
+  EXPECT_TRUE(outlives([&] { write("0123456789a"); }));
+  graph.pending.LegendStyle = 2;
+  PEactions(graph, kRedrawFromSettings);
+  EXPECT_TRUE(outlives([&] { write("0123456789abcdef"); }));
+  EXPECT_FALSE(outlives([&] { write("0123456789abcdefg"); }));
+  const u64 revision = graph.revision();
+  write("0123456789");
+  EXPECT_EQ(graph.revision(), revision + 1);
+}
+
 TEST_F(PictureStateTest, OutlivesAMoveOfTheCursor) {
   EXPECT_TRUE(outlives([&] {
     graph.pending.CursorPoint = 2;

@@ -1,8 +1,12 @@
 #include "graph/table_layout.h"
 
+#include <string>
+#include <vector>
+
 #include <gtest/gtest.h>
 
 #include "graph/graph_surface.h"
+#include "graph/legend_layout.h"
 #include "support/fixed_measure.h"
 #include "support/graph_data.h"
 
@@ -70,6 +74,17 @@ TEST_F(TableLayoutTest, ATableInALayerStandsInItsCorner) {
   EXPECT_DOUBLE_EQ(tables[0].cells[0].box.x, tables[0].box.x + 4 + 70 + 4);
 }
 
+TEST_F(TableLayoutTest, TablesOfOneLayerStandBelowEachOther) {
+  add_table(0, kTableInLayer, 2, 3);
+  add_table(4, kTableInLayer, 1, 1);
+  const auto tables = placed();
+  ASSERT_EQ(tables.size(), 2U);
+  EXPECT_DOUBLE_EQ(tables[0].box.y, layout.layers[0].area.y + 8);
+  EXPECT_DOUBLE_EQ(tables[1].box.y, tables[0].box.bottom() + 8);
+  EXPECT_DOUBLE_EQ(tables[1].box.right(), tables[0].box.right());
+  EXPECT_DOUBLE_EQ(tables[1].box.width, 78);
+}
+
 TEST_F(TableLayoutTest, WhatIsOffOrHasNoPlaceIsNotThere) {
   add_table(0, kTableRightOfGraph, 3, 1).TableVisible = false;
   add_table(1, kTableInLayer + 5, 3, 1);
@@ -87,7 +102,7 @@ TEST_F(TableLayoutTest, WidthsGrowInSteps) {
   TableProperties& table = add_table(0, kTableRightOfGraph, 1, 1);
   const auto characters = [&] {
     placed();
-    return characters_right_of_graph(graph.shown());
+    return table_extents(graph.shown())[0].characters;
   };
   set_cell_text(table, 0, 0, "0123456789");
   EXPECT_EQ(characters(), 10);
@@ -110,6 +125,81 @@ TEST_F(TableLayoutTest, HugeTablesStayInsideTheGraph) {
       for (const PlacedText& cell : each.cells) EXPECT_LE(cell.box.bottom(), each.box.bottom() + 0.5);
     }
   }
+}
+
+// Five curves and a table of five columns in one layer, whose legend stands inside of it, too. The table is
+// 374 wide and 22 high, 8 off the edge; the legend's back is 14 wider than its entries, 7 off the edge.
+class TableBesideLegendTest : public TableLayoutTest {
+ protected:
+  TableBesideLegendTest() {
+    set_curves(graph.pending, 2, std::vector<f32>(10, 1), {0, 10, 0, 10, 0, 10, 0, 10, 0, 10});
+    graph.pending.LegendStyle = kLegendInLayers;
+    for (i32 i = 0; i < 5; ++i) {
+      set_element(graph.pending.SubsetLabels, i, std::string(30, 'n') + std::to_string(i));
+      set_element(graph.pending.SubsetsToLegend, i, i);
+    }
+    add_table(0, kTableInLayer, 1, 5);
+  }
+
+  // The layer's height is 45 less than that of the graph, its width 55.
+  PlacedTable placed_in(f64 width, f64 height) {
+    const auto tables = placed(width + 55, height + 45);
+    EXPECT_EQ(tables.size(), 1U);
+    area = layout.layers[0].area;
+    EXPECT_EQ(area.width, width);
+    EXPECT_EQ(area.height, height);
+    return tables[0];
+  }
+
+  PixelRectangle area;
+};
+
+TEST_F(TableBesideLegendTest, WithRoomForBothTheyStandBesideEachOther) {
+  // 28 for the sample and 217 for the name make a back of 7 to 266; the table begins 382 ahead of the right.
+  const PlacedTable table = placed_in(273 + 382, 300);
+  EXPECT_EQ(table.box.y, area.y + 8);
+  ASSERT_EQ(layout.legend_backs.size(), 1U);
+  EXPECT_EQ(layout.legend_backs[0].right(), area.x + 266);
+  EXPECT_EQ(layout.legend[4].name.text.size(), 31U);
+}
+
+TEST_F(TableBesideLegendTest, WholeNamesMoveTheTableToTheLowerCorner) {
+  const PlacedTable table = placed_in(272 + 382, 300);
+  EXPECT_EQ(table.box.bottom(), area.bottom() - 8);
+  EXPECT_EQ(table.box.right(), area.right() - 8);
+  ASSERT_EQ(layout.legend.size(), 5U);
+  EXPECT_EQ(layout.legend[4].name.text.size(), 31U);
+}
+
+TEST_F(TableBesideLegendTest, ALowLayerCutsTheNamesBesideTheTable) {
+  // Five lines of 14 and margins of 28 find room, but not above 30 for the table.
+  const PlacedTable table = placed_in(250 + 382, 110);
+  EXPECT_EQ(table.box.y, area.y + 8);
+  ASSERT_EQ(layout.legend.size(), 5U);
+  // 250 less 28 for margins and 28 for the sample are 194, 27 characters.
+  EXPECT_EQ(layout.legend[4].name.text, "nnnnnnnnnnnnn…nnnnnnnnnnnn4");
+  EXPECT_LE(layout.legend_backs[0].right(), table.box.x - 7);
+}
+
+TEST_F(TableBesideLegendTest, WhereNamesWouldBeTooShortSomeAreCountedAboveTheTable) {
+  // 112 beside the table would tell names apart, and 139 less 28 are one less. 110 less 28 and 30 are 3
+  // lines.
+  PlacedTable table = placed_in(139 + 382, 110);
+  EXPECT_EQ(table.box.bottom(), area.bottom() - 8);
+  EXPECT_EQ(layout.legend.size(), 2U);
+  ASSERT_EQ(layout.legend_notes.size(), 1U);
+  EXPECT_EQ(layout.legend_notes[0].text, "+ 3 weitere");
+  EXPECT_LE(layout.legend_backs[0].bottom(), table.box.y - 7);
+  table = placed_in(140 + 382, 110);
+  EXPECT_EQ(table.box.y, area.y + 8);
+  EXPECT_EQ(layout.legend.size(), 5U);
+}
+
+TEST_F(TableBesideLegendTest, ALayerWithRoomForOneOfThemHasTheTable) {
+  const PlacedTable table = placed_in(139 + 382, 71);
+  EXPECT_EQ(table.box.y, area.y + 8);
+  EXPECT_TRUE(layout.legend.empty());
+  EXPECT_TRUE(layout.legend_backs.empty());
 }
 
 }  // namespace
