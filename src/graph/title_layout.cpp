@@ -27,16 +27,23 @@ void place_part(const std::string& text, const PixelRectangle& box, TextAlignmen
   if (!fitting.empty()) titles.push_back({std::move(fitting), box, role, alignment});
 }
 
+// What each part of a line may take: a part alone has the whole row, left and right without a centre have
+// half of it each.
+f64 share_of_part(const TitleParts& parts, f64 width, TextRole role, const TextMeasure& measure) {
+  const int count = !parts.left.empty() + !parts.centre.empty() + !parts.right.empty();
+  if (count == 1) return width;
+  if (!parts.centre.empty()) return width / 3;
+  return std::max(0.0, (width - std::round(measure.height(role))) / 2);
+}
+
 void place_line(const TitleLine& line, const PixelRectangle& row, const TextMeasure& measure,
                 std::vector<PlacedText>& titles) {
-  const bool alone = line.parts.left.empty() && line.parts.right.empty();
-  const f64 share = alone ? row.width : row.width / 3;
-  const PixelRectangle centre{row.x + (row.width - share) / 2, row.y, share, row.height};
-  place_part(line.parts.left, {row.x, row.y, row.width / 3, row.height}, TextAlignment::Left, line.role,
+  const f64 share = share_of_part(line.parts, row.width, line.role, measure);
+  const auto box_at = [&](f64 x) { return PixelRectangle{x, row.y, share, row.height}; };
+  place_part(line.parts.left, box_at(row.x), TextAlignment::Left, line.role, measure, titles);
+  place_part(line.parts.centre, box_at(row.x + (row.width - share) / 2), TextAlignment::Centre, line.role,
              measure, titles);
-  place_part(line.parts.centre, centre, TextAlignment::Centre, line.role, measure, titles);
-  place_part(line.parts.right, {row.right() - row.width / 3, row.y, row.width / 3, row.height},
-             TextAlignment::Right, line.role, measure, titles);
+  place_part(line.parts.right, box_at(row.right() - share), TextAlignment::Right, line.role, measure, titles);
 }
 
 std::vector<TitleLine> lines_above(const GraphProperties& shown) {

@@ -22,7 +22,8 @@ inline constexpr f64 kFewTitlesShare = 0.2;
 
 // Places the titles above and below and takes their room away from `room`. Where the lines need more than
 // `share` of the height, those above and those below have half of it each, and what the others leave; a note
-// beside the last line on show tells how many are left out.
+// beside the last line on show tells how many are left out. Parts of a line are cut to the whole row where
+// one stands alone, to half of it where left and right have no centre between them, to a third otherwise.
 void place_titles(const GraphProperties& shown, const TextMeasure& measure, f64 share, PixelRectangle& room,
                   std::vector<PlacedText>& titles);
 

@@ -1,6 +1,7 @@
 #include "graph/title_layout.h"
 
 #include <string>
+#include <vector>
 
 #include <gtest/gtest.h>
 
@@ -34,6 +35,43 @@ std::string titles_of(const GraphLayout& layout) {
   std::string all;
   for (const PlacedText& title : layout.titles) all += (all.empty() ? "" : ", ") + title.text;
   return all;
+}
+
+TEST(TitleLayoutTest, PartsOfALineShareItsRow) {
+  // A row of 700 less two margins of 8: 684, which 97 characters fit.
+  const auto boxes_of = [](const std::string& line) {
+    GraphSurface graph = graph_with(1);
+    graph.pending.MultiSubTitles = {line};
+    PEactions(graph, kRedrawFromSettings);
+    return layout_of(graph).titles;
+  };
+  const std::string wide(97, 'n');
+  for (const std::string& line : {wide + "||", "|" + wide + "|", "||" + wide, wide}) {
+    const std::vector<PlacedText> alone = boxes_of(line);
+    ASSERT_EQ(alone.size(), 1U);
+    EXPECT_EQ(alone[0].text, wide);
+    EXPECT_EQ(alone[0].box.x, 8);
+    EXPECT_EQ(alone[0].box.width, 684);
+  }
+  EXPECT_EQ(boxes_of("a||")[0].alignment, TextAlignment::Left);
+  EXPECT_EQ(boxes_of("||a")[0].alignment, TextAlignment::Right);
+  // 684 less 14 between them, halved: 335, 47 characters.
+  const std::string half(47, 'n');
+  const std::vector<PlacedText> pair = boxes_of(half + "||" + half + "n");
+  ASSERT_EQ(pair.size(), 2U);
+  EXPECT_EQ(pair[0].text, half);
+  EXPECT_EQ(pair[0].box.right(), 343);
+  EXPECT_EQ(pair[1].text, half.substr(1) + "…");
+  EXPECT_EQ(pair[1].box.x, 357);
+  EXPECT_EQ(pair[1].box.right(), 692);
+  // A third of 684 are 228, 32 characters.
+  const std::string third(32, 'n');
+  for (const std::string& line : {third + "|a|", third + "|a|b", "|" + third + "|b"}) {
+    const std::vector<PlacedText> parts = boxes_of(line);
+    ASSERT_GE(parts.size(), 2U);
+    for (const PlacedText& part : parts) EXPECT_EQ(part.box.width, 228) << line;
+  }
+  EXPECT_EQ(boxes_of(third + "n|a|")[0].text, third.substr(1) + "…");
 }
 
 TEST(TitleLayoutTest, LinesAboveAndBelowShareTheRoom) {
