@@ -39,7 +39,8 @@ XWindow whole_survey(const Model& model) {
 // Along a channel as x no step tells how many samples the survey's range holds.
 bool section_lies_behind_data(const Model& model) {
   const XWindow data = whole_survey(model);
-  if (model.xSrc.ListIndex == kChannelAsX) return model.ZoomXMin >= data.high || model.ZoomXMax <= data.low;
+  if (model.ZoomXMin >= data.high || model.ZoomXMax <= data.low) return true;
+  if (model.xSrc.ListIndex == kChannelAsX) return false;
   const auto points = section_points(model, data.low, data.high);
   return !points || std::nearbyint(ParseNumber(model.controls["ZoomPointsBox"].text)) > *points;
 }

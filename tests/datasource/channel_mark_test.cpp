@@ -185,6 +185,28 @@ TEST_F(ChannelMarkTest, SectionBehindTheEnvelopesIsLeftWithThePlainSignal) {
   expect_readout("19990", kWhite);  // the last display point is left out
 }
 
+TEST_F(ChannelMarkTest, ShortSectionBeyondTheEnvelopesIsLeftWithThePlainSignal) {
+  mark_envelopes({1});
+  const i32 plain = add_plain(60000);
+  mark(plain);
+  band(400, 410);  // the envelope ends at 200
+  unmark(plain);
+  EXPECT_FALSE(model.Zoomed);
+  EXPECT_EQ(model.PESG.shown().PointCount, 4000);
+  expect_readout("19990", kWhite);
+}
+
+TEST_F(ChannelMarkTest, SectionThatReachesBeyondTheEnvelopesStaysWithoutThePlainSignal) {
+  box("PointsBox") = "10";
+  mark_envelopes({1});
+  const i32 plain = add_plain(60000);
+  mark(plain);
+  band(190, 210);
+  unmark(plain);
+  expect_zoomed_section(190, 210);
+  expect_readout("2000", kWhite);
+}
+
 TEST_F(ChannelMarkTest, YellowReadoutFollowsTheLongestPlainSignal) {
   mark(add_plain(20000));
   click_tool(model, "TB_ZOOMFIX");
