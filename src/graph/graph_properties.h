@@ -59,9 +59,8 @@ struct GraphProperties {
   std::array<TableProperties, kGraphTables> tables;
 
   // SubsetCount x PointCount values, curve after curve. Null where nothing was handed over.
-  std::shared_ptr<const FlatArray> XData;
-  std::shared_ptr<const FlatArray> YData;
-  std::shared_ptr<const SampleArray> XDataII;  // in place of XData while UsingXDataII
+#define GRAPH_SAMPLES(number, type, name) std::shared_ptr<const type> name;
+#include "graph/graph_properties.def"
 
   // Extremes of these data, made when they are taken over. Null before.
   std::shared_ptr<const CurveIndex> curve_index;

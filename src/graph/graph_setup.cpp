@@ -88,6 +88,7 @@ void write_look(GraphProperties& graph, const GraphProperties& kept) {
   graph.LegendLocation = kept.LegendLocation;
   graph.DateTimeMode = kept.DateTimeMode;
   graph.LegendStyle = kept.LegendStyle;
+  graph.Bars3D = kept.Bars3D;
   graph.AllowZooming = kept.AllowZooming;
   graph.GraphExtra1 = kept.GraphExtra1;
   graph.GraphExtra2 = kept.GraphExtra2;

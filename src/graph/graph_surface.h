@@ -23,9 +23,8 @@ inline constexpr i16 kJpegToClipboard = 21;
 inline constexpr i16 kJpegToFile = 22;
 
 // Numbers of the bulk data properties of PEvset.
-inline constexpr i32 kXData = 0x857;
-inline constexpr i32 kYData = 0x85C;
-inline constexpr i32 kXDataII = 0xBC5;
+#define GRAPH_SAMPLES(number, type, name) inline constexpr i32 k##name = number;
+#include "graph/graph_properties.def"
 
 // Result of the flat functions: they give 1 when the property exists and 0 otherwise.
 inline constexpr i32 kPropertyDone = 1;

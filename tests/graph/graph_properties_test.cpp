@@ -2,6 +2,8 @@
 
 #include <set>
 #include <string>
+#include <type_traits>
+#include <utility>
 
 #include <gtest/gtest.h>
 
@@ -46,8 +48,25 @@ TEST(GraphPropertiesTest, NumbersAndNamesAreGivenOnce) {
 #define LAYER_PROPERTY(number, type, name, initial) take(number, #name);
 #define LAYER_LIST(number, type, name) take(number, #name);
 #define TABLE_PROPERTY(number, type, name, initial) take(number, #name);
+#define TABLE_PLACE(number, type, name, member) take(number, #name);
+#define GRAPH_SAMPLES(number, type, name) take(number, #name);
 #include "graph/graph_properties.def"
   EXPECT_GT(count, 150);
+}
+
+TEST(GraphPropertiesTest, ColumnsAndCellsOfATableAreReachedAsTheirRowsTell) {
+  TableProperties table;
+  const i32 column = 1;
+  const std::pair<i32, i32> place(2, 1);
+  std::set<std::string> names;
+#define TABLE_PLACE(number, type, name, member)                   \
+  static_assert(std::is_same_v<decltype((table.member)), type&>); \
+  table.member = type{};                                          \
+  names.insert(#name);
+#include "graph/graph_properties.def"
+  EXPECT_EQ(names, (std::set<std::string>{"TableColumnWidth", "TableCellText", "TableCellColor"}));
+  EXPECT_EQ(table.column_widths.count(1), 1U);
+  EXPECT_EQ(table.cells.count({2, 1}), 1U);
 }
 
 }  // namespace

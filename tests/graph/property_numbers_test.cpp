@@ -42,6 +42,9 @@ constexpr Agreed kAgreed[] = {
     {0xE4, "DateTimeMode", "i16", kOne},
     {0x100, "AutoScaleData", "bool", kOne},
     {0x12A, "AutoPadPercent", "i16", kOne},
+    {0x857, "XData", "FlatArray", kList},
+    {0x85C, "YData", "FlatArray", kList},
+    {0xBC5, "XDataII", "SampleArray", kList},
     {0x20, "XAxisLabel", "std::string", kOne},
     {0x21, "YAxisLabel", "std::string", kOne},
     {0x44, "RYAxisLabel", "std::string", kOne},
@@ -167,6 +170,7 @@ std::map<std::string, Property> properties() {
 #define GRAPH_PROPERTY(number, type, name, initial) all[#name] = {number, #type, kOne};
 #define LAYER_PROPERTY(number, type, name, initial) all[#name] = {number, #type, kOne};
 #define GRAPH_LIST(number, type, name) all[#name] = {number, #type, kList};
+#define GRAPH_SAMPLES(number, type, name) all[#name] = {number, #type, kList};
 #include "graph/graph_properties.def"
   return all;
 }
