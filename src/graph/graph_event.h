@@ -39,7 +39,7 @@ enum class GraphEventKind : u8 {
   ZoomUndo,        // the user took the zoom back: ZoomActive is false, and the graph shows it
   LimitLineClick,  // the left button went down on line `target.index`; moves and its release follow
   PointerMove,     // the pointer moved with a gripped limit line
-  ButtonUp,        // a button was released over the graph or after a grip
+  ButtonUp,        // the left button was released behind the grip of a limit line
   GripLost,        // the drag of a limit line was given up (Escape, pointer taken away); no ButtonUp follows
   KeyDown,         // `key`; never while a cursor is on, for then the keys move it
   CursorMove,      // CursorPoint and CursorSubset are written

@@ -32,8 +32,8 @@ struct LayerProperties {
 inline constexpr std::size_t kGraphTables = 6;
 
 struct TableCell {
-  std::string text;
-  i32 color = -1;  // 0x00BBGGRR; -1: that of the table
+  std::string text;  // one line
+  i32 color = -1;    // 0x00BBGGRR; -1: that of the table
 
   friend bool operator==(const TableCell&, const TableCell&) = default;
 };

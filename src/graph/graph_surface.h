@@ -37,8 +37,8 @@ class GraphSurface {
   // `handle` tells the graphs of a model apart.
   explicit GraphSurface(i32 handle) : Handle(handle) {}
 
-  i32 Handle;
-  GraphProperties pending;
+  i32 Handle;               // the same as long as the graph lives
+  GraphProperties pending;  // settings as handlers write them
   // The curves were worked out for a section: such a zoom can be taken back although ZoomActive is false, and
   // there is nothing beyond to scroll to. Leaving the zoom lowers it, each redraw of the curves sets it anew.
   bool curves_of_section = false;

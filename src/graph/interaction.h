@@ -30,12 +30,18 @@ struct Interaction {
 
 using GraphEvents = std::vector<GraphEvent>;
 
+// What a resting pointer looks like: Cross where a rubber band can begin, Grip over a limit line.
 enum class PointerShape : u8 { Arrow, Cross, Grip };
 
+// A button goes down: the left one grips a limit line or begins a rubber band or a click, the right one
+// clicks at once. Gives the events in their order.
 GraphEvents press_pointer(Interaction& interaction, GraphSurface& graph, const GraphLayout& layout,
                           PixelPoint place, PointerButton button);
+// The pointer moves: takes a gripped limit line along, or a cursor that follows the pointer.
 GraphEvents move_pointer(Interaction& interaction, GraphSurface& graph, const GraphLayout& layout,
                          PixelPoint place);
+// A button goes up: the left one lets a limit line go, zooms into its rubber band, or clicks where it went
+// down.
 GraphEvents release_pointer(Interaction& interaction, GraphSurface& graph, const GraphLayout& layout,
                             PixelPoint place, PointerButton button);
 // The second press of a double click, in place of press_pointer.

@@ -13,9 +13,9 @@ inline constexpr i16 kLegendLeft = 2;
 inline constexpr i16 kLegendRight = 3;
 
 // Forms of the legend.
-inline constexpr i16 kLegendList = 0;     // as many lines as it takes and as there is room for
-inline constexpr i16 kLegendOneLine = 1;  // names are cut until one line holds them
-inline constexpr i16 kLegendInLayers = 2;
+inline constexpr i16 kLegendList = 0;      // as many lines as it takes and as there is room for
+inline constexpr i16 kLegendOneLine = 1;   // names are cut until one line holds them
+inline constexpr i16 kLegendInLayers = 2;  // at the top of each layer, with the layer's curves
 
 // The curves that the legend lists, in order, up to the list's end marker -1.
 std::vector<std::size_t> legend_subsets(const GraphProperties& shown);

@@ -11,11 +11,12 @@ namespace trendaro {
 // drawn over the picture does not count: the place of the cursor, annotations, limit lines, the contents of
 // tables.
 struct PictureState {
-  GraphProperties settings;
-  TableExtents tables;  // that take room from curves or legend
-  std::weak_ptr<const CurveIndex> data;
+  GraphProperties settings;              // without samples, and without what is drawn over the picture
+  TableExtents tables;                   // that take room from curves or legend
+  std::weak_ptr<const CurveIndex> data;  // expired or another one behind a new hand-over
 };
 
+// The state of a picture painted from these properties.
 PictureState picture_state(const GraphProperties& painted);
 
 // Whether a picture painted from `painted` still holds for other properties.

@@ -75,10 +75,12 @@ enum class MethodBody : u8 {
   ContourAreas,
   Bubbles
 };
+// What it draws over that.
 enum class MethodOverlay : u8 { None, FitLine, FitCurve, Spline };
+// All that a method draws: body, symbols and overlay, one over the other.
 struct MethodParts {
   MethodBody body = MethodBody::Line;
-  bool symbols = false;
+  bool symbols = false;  // at the samples
   MethodOverlay overlay = MethodOverlay::None;
 };
 

@@ -11,7 +11,7 @@ namespace trendaro {
 
 // How an axis writes its numbers: from the text prefix "|" digits "|" suffix.
 struct NumberFormat {
-  std::string prefix, suffix;
+  std::string prefix, suffix;   // ahead of and behind each number
   std::optional<int> decimals;  // empty: as many as the step needs
 };
 
@@ -30,8 +30,8 @@ std::vector<std::string> tick_labels(const std::vector<f64>& values, f64 step, c
 
 // A number of a logarithmic axis: `part`, 1 to 9, times 10^`exponent`.
 struct DecadePart {
-  int exponent = 0;
-  int part = 1;
+  int exponent = 0;  // of ten
+  int part = 1;      // 1 to 9
 };
 
 // The labels of a logarithmic axis, all in one spelling: plain numbers ("0.02") or, where one of them would

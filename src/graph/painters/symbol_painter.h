@@ -9,8 +9,8 @@ namespace trendaro {
 
 // A symbol around the origin.
 struct Symbol {
-  QPainterPath path;
-  bool filled = false;
+  QPainterPath path;    // in logical pixels
+  bool filled = false;  // with the curve's colour; else its outline alone is drawn
 };
 
 // The symbol of a stored point type: 0 plus, 1 x, 2 circle, 4 square, 6 diamond, 8 triangle up, 10 triangle
@@ -18,6 +18,7 @@ struct Symbol {
 // a dot. `size` is the width in logical pixels.
 Symbol make_symbol(i32 point_type, f64 size);
 
+// Paints it around `place`, in the painter's logical pixels.
 void paint_symbol(QPainter& painter, const Symbol& symbol, QPointF place, const QColor& color);
 
 }  // namespace trendaro
