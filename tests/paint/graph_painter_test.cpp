@@ -14,6 +14,7 @@
 #include "graph/painters/graph_colors.h"
 #include "graph/painters/graph_fonts.h"
 #include "graph/painters/grid_painter.h"
+#include "graph/plot_methods.h"
 
 namespace trendaro {
 namespace {
@@ -180,6 +181,28 @@ TEST(GraphPainterTest, GridLinesAreOnePixelOfTheDevice) {
       if (image.pixelColor(x, y) != Qt::white) ++dark;
     EXPECT_EQ(dark, static_cast<int>(std::round(scale))) << scale;
   }
+}
+
+TEST(GraphPainterTest, AStackThatLeavesItsZoomKeepsItsSlope) {
+  GraphSurface graph = graph_of({0, 10}, {0, 10});
+  graph.pending.SubsetPlotMethods = {kMethodStacked};
+  graph.pending.GridLineControl = kGridNone;
+  graph.pending.ZoomActive = true;
+  graph.pending.ZoomMinX = 4;
+  graph.pending.ZoomMaxX = 6;
+  graph.pending.layers[0].ZoomMinY = 4.5;
+  graph.pending.layers[0].ZoomMaxY = 5.5;
+  PEactions(graph, kTakeOverAndRedraw);
+  const GraphLayout layout = layout_of(graph);
+  const QImage image = drawn(graph);
+  const auto filled = [&](f64 x, f64 y) {
+    return reddish_near(image, pixel_of(layout.x_axis.scale, x), pixel_of(layout.layers[0].left.scale, y));
+  };
+  EXPECT_TRUE(filled(5, 4.9));
+  EXPECT_FALSE(filled(5, 5.1));
+  // The curve comes into the picture at 4.5 and leaves it at 5.5.
+  EXPECT_FALSE(filled(4.4, 4.6));
+  EXPECT_TRUE(filled(5.6, 5.4));
 }
 
 TEST(GraphPainterTest, WithoutGridLinesTheAreaIsPlain) {

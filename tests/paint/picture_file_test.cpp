@@ -10,6 +10,7 @@
 #include "graph/graph_painter.h"
 #include "graph/graph_surface.h"
 #include "graph/plot_methods.h"
+#include "image_of_svg.h"
 
 namespace trendaro {
 namespace {
@@ -98,62 +99,6 @@ TEST(PictureFileTest, ADenseCurveInAVectorPictureHasNoSeamsAtAnyScale) {
     EXPECT_EQ(image.pixel(x, image.height() / 2), qRgb(255, 0, 0)) << x;
 }
 
-// A picture of an SVG file, four pixels to one of it.
-QImage image_of(const QByteArray& svg) {
-  QSvgRenderer renderer(svg);
-  QImage image(kSize * 4, QImage::Format_RGB32);
-  image.fill(Qt::white);
-  QPainter painter(&image);
-  renderer.render(&painter);
-  return image;
-}
-
-bool is_reddish(QRgb color) {
-  return qRed(color) > 180 && qGreen(color) < 120 && qBlue(color) < 120;
-}
-
-// The rectangle of the pixels that are rather red.
-QRect red_part(const QImage& image) {
-  QRect part;
-  for (int y = 0; y < image.height(); ++y)
-    for (int x = 0; x < image.width(); ++x)
-      if (is_reddish(image.pixel(x, y))) part |= QRect(x, y, 1, 1);
-  return part;
-}
-
-// A zoom into the middle of a red curve that rises from (0, 0) to (10, 10).
-GraphSurface zoomed_graph(i32 method) {
-  GraphSurface graph(1);
-  graph.pending.SubsetCount = 1;
-  graph.pending.PointCount = 2;
-  graph.pending.SubsetColors = {0x0000FF};
-  graph.pending.SubsetPlotMethods = {method};
-  graph.pending.SubsetsToLegend = {-1};
-  PEvset(graph, kXData, FlatArray{0, 10});
-  PEvset(graph, kYData, FlatArray{0, 10});
-  graph.pending.ZoomActive = true;
-  graph.pending.AllowZooming = 2;
-  graph.pending.ZoomMinX = 4;
-  graph.pending.ZoomMaxX = 6;
-  graph.pending.layers[0].ZoomMinY = 4.5;
-  graph.pending.layers[0].ZoomMaxY = 5.5;
-  PEactions(graph, kTakeOverAndRedraw);
-  return graph;
-}
-
-TEST(PictureFileTest, AZoomedCurveStaysInsideItsFrameInAVectorPicture) {
-  for (const i32 method : {kMethodLine, kMethodContourLines, kMethodContourAreas}) {
-    const GraphSurface graph = zoomed_graph(method);
-    const QRect red = red_part(image_of(graph_picture(graph.shown(), PictureKind::Svg, kSize)));
-    const PixelRectangle area = GraphSheet(graph.shown(), kSize).layout.layers[0].area;
-    const QRectF frame(area.x * 4, area.y * 4, area.width * 4, area.height * 4);
-    ASSERT_FALSE(red.isEmpty()) << method;
-    // A pixel of the graph more for the half of the line that lies outside.
-    EXPECT_TRUE(frame.adjusted(-4, -4, 4, 4).contains(red)) << method;
-    EXPECT_GT(red.width(), frame.width() / 4) << method;  // pale bands are not red
-  }
-}
-
 TEST(PictureFileTest, BandsKeepTheirColorsInAVectorPicture) {
   GraphSurface graph = dense_graph();
   graph.pending.SubsetPlotMethods = {kMethodContourAreas};
@@ -162,7 +107,7 @@ TEST(PictureFileTest, BandsKeepTheirColorsInAVectorPicture) {
   graph.pending.layers[0].ManualMinY = 0;
   graph.pending.layers[0].ManualMaxY = 10;
   PEactions(graph, kTakeOverAndRedraw);
-  const QImage image = image_of(graph_picture(graph.shown(), PictureKind::Svg, kSize));
+  const QImage image = image_of_svg(graph_picture(graph.shown(), PictureKind::Svg, kSize), kSize);
   const QImage screen = graph_image(graph.shown(), kSize);
   std::set<QRgb> colors;
   for (int y = 20; y < kSize.height() - 50; ++y) {

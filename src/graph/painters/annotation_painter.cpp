@@ -3,7 +3,8 @@
 #include <algorithm>
 #include <cmath>
 
-#include "graph/curve_strokes.h"
+#include "graph/line_clip.h"
+#include "graph/painters/cut_shapes.h"
 #include "graph/painters/graph_colors.h"
 #include "graph/painters/line_style.h"
 #include "graph/painters/sharp_lines.h"
@@ -16,6 +17,7 @@ namespace {
 constexpr f64 kCornerRadius = 7;
 constexpr f64 kFillOpacity = 0.25;
 constexpr f64 kGridShare = 0.3;
+constexpr f64 kMargin = 8;  // pixels beyond the area, in which no cut shows
 
 QPen pen_of(const GraphProperties& shown, const PlacedAnnotation& annotation) {
   const QColor color = graph_color(annotation.color);
@@ -33,24 +35,36 @@ QPen dashed_pen(const QPen& pen, i32 style) {
   return result;
 }
 
+// For devices without a clip.
+void paint_line_inside(QPainter& painter, const PixelRectangle& area, PixelPoint from, PixelPoint to,
+                       QPen pen) {
+  const DeviceGrid grid(painter);
+  if (from.x == to.x || from.y == to.y) pen.setWidthF(grid.line_width(pen.widthF()));
+  const f64 half = pen.widthF() / 2;
+  if (from.y == to.y) from.y = to.y = grid.edge_y(from.y - half) + half;
+  if (from.x == to.x) from.x = to.x = grid.edge_x(from.x - half) + half;
+  QPainterPath path({from.x, from.y});
+  path.lineTo(to.x, to.y);
+  painter.setPen(pen);
+  draw_path_inside(painter, area, path);
+}
+
 void paint_line(QPainter& painter, const PlacedAnnotation& annotation, const QPen& pen) {
   const QPen styled = dashed_pen(pen, annotation.style);
-  if (annotation.from.y == annotation.to.y) {
-    const auto [left, right] = std::minmax(annotation.from.x, annotation.to.x);
-    draw_level_line(painter, left, right, annotation.from.y, pen.widthF(), styled);
-  } else if (annotation.from.x == annotation.to.x) {
-    const auto [top, bottom] = std::minmax(annotation.from.y, annotation.to.y);
-    draw_upright_line(painter, annotation.from.x, top, bottom, pen.widthF(), styled);
+  PixelPoint from = annotation.from;
+  PixelPoint to = annotation.to;
+  if (!clip_line(grown(annotation.clip, kMargin), from, to)) return;
+  if (!cuts_at_clip(painter)) {
+    paint_line_inside(painter, annotation.clip, from, to, styled);
+  } else if (from.y == to.y) {
+    const auto [left, right] = std::minmax(from.x, to.x);
+    draw_level_line(painter, left, right, from.y, pen.widthF(), styled);
+  } else if (from.x == to.x) {
+    const auto [top, bottom] = std::minmax(from.y, to.y);
+    draw_upright_line(painter, from.x, top, bottom, pen.widthF(), styled);
   } else {
-    CurveOutline line;
-    line.points = {annotation.from, annotation.to};
-    line.starts = {0};
-    const PixelRectangle& area = annotation.clip;
-    const CurveOutline inside = clipped(line, {area.x - 8, area.y - 8, area.width + 16, area.height + 16});
     painter.setPen(styled);
-    if (inside.points.size() == 2)
-      painter.drawLine(QPointF(inside.points[0].x, inside.points[0].y),
-                       QPointF(inside.points[1].x, inside.points[1].y));
+    painter.drawLine(QPointF(from.x, from.y), QPointF(to.x, to.y));
   }
 }
 
@@ -75,12 +89,14 @@ void paint_shape(QPainter& painter, const PlacedAnnotation& annotation, const QP
   painter.setBrush(filled ? QBrush(fill) : QBrush(Qt::NoBrush));
   painter.setPen(dashed_pen(pen, filled ? 0 : annotation.style));
   const QRectF frame = frame_of(annotation);
+  QPainterPath path;
   if (annotation.shape == AnnotationShape::Ellipse)
-    painter.drawEllipse(frame);
+    path.addEllipse(frame);
   else if (annotation.shape == AnnotationShape::RoundedRectangle)
-    painter.drawRoundedRect(frame, kCornerRadius, kCornerRadius);
+    path.addRoundedRect(frame, kCornerRadius, kCornerRadius);
   else
-    painter.drawRect(DeviceGrid(painter).aligned(frame));
+    path.addRect(DeviceGrid(painter).aligned(frame));
+  draw_path_inside(painter, annotation.clip, path);
 }
 
 void paint_mark(QPainter& painter, const PlacedAnnotation& annotation, const QPen& pen) {
@@ -90,8 +106,8 @@ void paint_mark(QPainter& painter, const PlacedAnnotation& annotation, const QPe
     case AnnotationShape::Symbol: {
       const i32 symbol = annotation.style - 1;
       const f64 size = annotation_symbol_size(annotation.style);
-      paint_symbol(painter, make_symbol(symbol % kSymbolsOfASize, size),
-                   {annotation.from.x, annotation.from.y}, pen.color());
+      draw_symbol_inside(painter, annotation.clip, make_symbol(symbol % kSymbolsOfASize, size),
+                         {annotation.from.x, annotation.from.y}, pen.color());
       break;
     }
     case AnnotationShape::Line:

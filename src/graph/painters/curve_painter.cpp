@@ -1,6 +1,5 @@
 #include "graph/painters/curve_painter.h"
 
-#include <QPaintEngine>
 #include <algorithm>
 #include <cmath>
 #include <limits>
@@ -10,6 +9,7 @@
 #include "graph/curve_spline.h"
 #include "graph/curve_strokes.h"
 #include "graph/painters/curve_task.h"
+#include "graph/painters/cut_shapes.h"
 #include "graph/painters/fill_painter.h"
 #include "graph/painters/graph_colors.h"
 #include "graph/painters/line_style.h"
@@ -31,7 +31,7 @@ constexpr f64 kMarkSize = 4;
 void draw_points(const PaintTask& task, const CurveOutline& outline) {
   const Symbol symbol =
       make_symbol(point_type_of(task.shown, task.place.subset), symbol_size(task.shown.DataPointSize));
-  const PixelRectangle visible = visible_area(task);
+  const PixelRectangle visible = grown(task.area, kMargin);
   // Where many samples fall on one pixel the symbol is drawn once.
   std::set<std::pair<i32, i32>> taken;
   f64 former_x = -1e9;
@@ -43,7 +43,7 @@ void draw_points(const PaintTask& task, const CurveOutline& outline) {
     if (!taken.emplace(static_cast<i32>(std::lround(point.x * 2)), static_cast<i32>(std::lround(point.y * 2)))
              .second)
       continue;
-    paint_symbol(task.painter, symbol, {point.x, point.y}, task.color);
+    draw_symbol_inside(task.painter, task.area, symbol, {point.x, point.y}, task.color);
   }
 }
 
@@ -160,7 +160,7 @@ void mark_samples(const PaintTask& task) {
   const Symbol symbol = make_symbol(5, kMarkSize);
   for (const PixelPoint& point : outline.points)
     if (point.y >= task.area.y && point.y <= task.area.bottom())
-      paint_symbol(task.painter, symbol, {point.x, point.y}, task.color);
+      draw_symbol_inside(task.painter, task.area, symbol, {point.x, point.y}, task.color);
 }
 
 void draw_curve(const PaintTask& task) {
@@ -191,14 +191,8 @@ f64 base_line(const AxisScale& scale) {
   return pixel_of(scale, std::clamp(scale.logarithmic ? scale.minimum : 0.0, scale.minimum, scale.maximum));
 }
 
-bool cuts_at_clip(const QPainter& painter) {
-  return painter.paintEngine()->type() != QPaintEngine::SVG;
-}
-
 PixelRectangle visible_area(const PaintTask& task) {
-  const PixelRectangle& area = task.area;
-  if (!cuts_at_clip(task.painter)) return area;
-  return {area.x - kMargin, area.y - kMargin, area.width + 2 * kMargin, area.height + 2 * kMargin};
+  return cuts_at_clip(task.painter) ? grown(task.area, kMargin) : task.area;
 }
 
 i32 point_type_of(const GraphProperties& shown, std::size_t subset) {

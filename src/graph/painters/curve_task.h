@@ -27,9 +27,6 @@ PaintTask curve_task(QPainter& painter, const GraphProperties& shown, const Grap
 // The level from which bars and areas grow: zero, or the edge of the axis nearest to it.
 f64 base_line(const AxisScale& scale);
 
-// Whether the device cuts off what lies beyond a clip. An SVG file has it all.
-bool cuts_at_clip(const QPainter& painter);
-
 // What of a curve is drawn: the area and a margin, so that no cut shows, or the bare area where nothing would
 // cut the margin off.
 PixelRectangle visible_area(const PaintTask& task);

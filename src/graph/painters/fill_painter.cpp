@@ -2,9 +2,11 @@
 
 #include <algorithm>
 #include <cmath>
+#include <iterator>
 
 #include "graph/curve_strokes.h"
 #include "graph/painters/curve_painter.h"
+#include "graph/painters/cut_shapes.h"
 #include "graph/painters/graph_colors.h"
 #include "graph/painters/sharp_lines.h"
 #include "graph/pressed_outline.h"
@@ -84,17 +86,16 @@ CurveOutline in_values(const PaintTask& task, CurveOutline outline) {
   return outline;
 }
 
-// The way back; a place without a pixel lies on the base.
-std::vector<QPointF> in_pixels(const PaintTask& task, const std::vector<f64>& x, const std::vector<f64>& y) {
-  const PixelRectangle visible = visible_area(task);
-  std::vector<QPointF> points;
+// The way back, in one piece; a value without a pixel lies on the base.
+CurveOutline in_pixels(const PaintTask& task, const std::vector<f64>& x, const std::vector<f64>& y) {
+  CurveOutline outline;
   for (std::size_t i = 0; i < x.size(); ++i) {
-    const f64 pixel = pixel_of(task.y_scale, y[i]);
-    points.emplace_back(
-        std::clamp(pixel_of(task.x_scale, x[i]), visible.x, visible.right()),
-        std::isfinite(pixel) ? std::clamp(pixel, visible.y, visible.bottom()) : base_line(task.y_scale));
+    const PixelPoint point{pixel_of(task.x_scale, x[i]), pixel_of(task.y_scale, y[i])};
+    if (!std::isfinite(point.x)) continue;
+    outline.points.push_back({point.x, std::isfinite(point.y) ? point.y : base_line(task.y_scale)});
   }
-  return points;
+  if (!outline.points.empty()) outline.starts.push_back(0);
+  return outline;
 }
 
 std::vector<PaintTask> stack_of(const PaintTask& task) {
@@ -107,17 +108,17 @@ std::vector<PaintTask> stack_of(const PaintTask& task) {
 }
 
 void draw_band(const PaintTask& task, const StackedBand& band) {
-  const std::vector<QPointF> top = in_pixels(task, band.x, band.high);
-  std::vector<QPointF> outline = in_pixels(task, band.x, band.low);
-  std::reverse(outline.begin(), outline.end());
-  outline.insert(outline.begin(), top.begin(), top.end());
+  const CurveOutline top = in_pixels(task, band.x, band.high);
+  std::vector<PixelPoint> outline =
+      pressed_into(visible_area(task), in_pixels(task, band.x, band.low)).points;
+  std::ranges::reverse(outline);
+  std::ranges::copy(pressed_into(visible_area(task), top).points, std::back_inserter(outline));
+  QPolygonF polygon;
+  for (const PixelPoint& point : outline) polygon.append({point.x, point.y});
   task.painter.setPen(Qt::NoPen);
   task.painter.setBrush(blended(task.color, graph_color(task.shown.GraphBackColor), kStackShare));
-  task.painter.drawPolygon(outline.data(), static_cast<int>(outline.size()));
-  CurveOutline line;
-  if (!top.empty()) line.starts.push_back(0);
-  for (const QPointF& point : top) line.points.push_back({point.x(), point.y()});
-  draw_lines(task, line);
+  task.painter.drawPolygon(polygon);
+  draw_lines(task, top);
 }
 
 }  // namespace
@@ -164,7 +165,7 @@ void draw_area(const PaintTask& task, const CurveOutline& outline) {
 }
 
 void draw_ribbon(const PaintTask& task, const CurveOutline& outline) {
-  const CurveOutline inside = clipped(outline, visible_area(task));
+  const CurveOutline inside = clipped(outline, grown(task.area, kRibbonDepth + 1));
   const QColor back = graph_color(task.shown.GraphBackColor);
   const QColor face = blended(task.color, back, 0.55);
   const QColor shade = blended(task.color, QColor(Qt::black), 0.75);
@@ -174,12 +175,13 @@ void draw_ribbon(const PaintTask& task, const CurveOutline& outline) {
     for (std::size_t i = first + 1; i < last; ++i) {
       const QPointF from(inside.points[i - 1].x, inside.points[i - 1].y);
       const QPointF to(inside.points[i].x, inside.points[i].y);
-      const QPointF strip[] = {from, to, to + depth, from + depth};
+      QPainterPath strip;
+      strip.addPolygon(QPolygonF{from, to, to + depth, from + depth});
       // The eye sees the back of a strip that rises to the right more steeply than it lies.
       const f64 rise = to.x() < from.x() ? to.y() - from.y() : from.y() - to.y();
       const bool turned = rise > std::abs(to.x() - from.x());
       task.painter.setBrush(turned ? shade : face);
-      task.painter.drawPolygon(strip, 4);
+      draw_path_inside(task.painter, task.area, strip);
     }
   });
   draw_lines(task, inside);
@@ -202,14 +204,14 @@ void draw_bubbles(const PaintTask& task, const CurveOutline& outline) {
   fill.setAlphaF(static_cast<float>(kBubbleShare));
   task.painter.setPen(QPen(task.color, 1));
   task.painter.setBrush(fill);
-  const f64 beyond = cuts_at_clip(task.painter) ? kLargestBubble : 0;
-  const PixelRectangle visible{task.area.x - beyond, task.area.y - beyond, task.area.width + 2 * beyond,
-                               task.area.height + 2 * beyond};
+  const PixelRectangle visible = grown(task.area, kLargestBubble);
   for (const PixelPoint& point : outline.points) {
     if (point.x < visible.x || point.x > visible.right() || point.y < visible.y || point.y > visible.bottom())
       continue;
     const f64 radius = bubble_radius(value_of(task.y_scale, point.y), largest);
-    task.painter.drawEllipse(QPointF(point.x, point.y), radius, radius);
+    QPainterPath bubble;
+    bubble.addEllipse(QPointF(point.x, point.y), radius, radius);
+    draw_path_inside(task.painter, task.area, bubble);
   }
 }
 

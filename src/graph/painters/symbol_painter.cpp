@@ -74,12 +74,16 @@ Symbol make_symbol(i32 point_type, f64 size) {
   return symbol;
 }
 
+QPen symbol_pen(const QColor& color) {
+  return {color, kOutlineWidth, Qt::SolidLine, Qt::FlatCap, Qt::MiterJoin};
+}
+
 void paint_symbol(QPainter& painter, const Symbol& symbol, QPointF place, const QColor& color) {
   painter.translate(place);
   if (symbol.filled)
     painter.fillPath(symbol.path, color);
   else
-    painter.strokePath(symbol.path, QPen(color, kOutlineWidth, Qt::SolidLine, Qt::FlatCap, Qt::MiterJoin));
+    painter.strokePath(symbol.path, symbol_pen(color));
   painter.translate(-place);
 }
 

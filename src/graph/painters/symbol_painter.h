@@ -2,6 +2,7 @@
 
 #include <QPainter>
 #include <QPainterPath>
+#include <QPen>
 
 #include "app/types.h"
 
@@ -17,6 +18,9 @@ struct Symbol {
 // down, each but the first two with its filled form at the next number, 72 dash, 73 dot. Unknown numbers give
 // a dot. `size` is the width in logical pixels.
 Symbol make_symbol(i32 point_type, f64 size);
+
+// Of symbols that are not filled.
+QPen symbol_pen(const QColor& color);
 
 // Paints it around `place`, in the painter's logical pixels.
 void paint_symbol(QPainter& painter, const Symbol& symbol, QPointF place, const QColor& color);
