@@ -24,10 +24,14 @@ namespace {
 struct FormerView {
   bool originals = false;  // a zoom's original samples
   bool plain = false;      // a plain signal
+  bool all_of_x = false;   // a section, if any, that nobody narrowed in x
 };
 
 FormerView view_of(const Model& model) {
-  return {.originals = model.OriginalDataMode, .plain = model.HasFullDataPlot};
+  const GraphProperties& graph = model.PESG.pending;
+  return {.originals = model.OriginalDataMode,
+          .plain = model.HasFullDataPlot,
+          .all_of_x = graph.ZoomMinX <= graph.ManualMinX && graph.ZoomMaxX >= graph.ManualMaxX};
 }
 
 // Data of the survey, zoomed or not.
@@ -36,10 +40,10 @@ XWindow whole_survey(const Model& model) {
   return {survey.ManualMinX + model.SurveyMarginX, survey.ManualMaxX - model.SurveyMarginX};
 }
 
-// Along a channel as x no step tells how many samples the survey's range holds.
 bool section_lies_behind_data(const Model& model) {
   const XWindow data = whole_survey(model);
   if (model.ZoomXMin >= data.high || model.ZoomXMax <= data.low) return true;
+  // Along a channel as x no step tells how many samples the survey's range holds.
   if (model.xSrc.ListIndex == kChannelAsX) return false;
   const auto points = section_points(model, data.low, data.high);
   return !points || std::nearbyint(ParseNumber(model.controls["ZoomPointsBox"].text)) > *points;
@@ -92,10 +96,12 @@ void take_section_of_graph(Model& model) {
   model.ZoomXMax = taken.high;
 }
 
-// A released mode has taken the zoom of the graph back, and the section stands behind it.
-void show_plain_section(Model& model) {
+// A released mode has taken the zoom of the graph back, and the section stands behind it, unless it holds
+// nothing of the curves that are left.
+void show_plain_section(Model& model, const FormerView& former) {
   GraphProperties& graph = model.PESG.pending;
   if (graph.ZoomActive || compresses_curves(model) || !graph_has_section(model)) return;
+  if (former.all_of_x || graph.ZoomMinX >= graph.ManualMaxX || graph.ZoomMaxX <= graph.ManualMinX) return;
   graph.ZoomActive = true;
   PEactions(model.PESG, kRedrawFromSettings);
 }
@@ -142,7 +148,7 @@ void redraw_after_mark(Model& model, const FormerView& former) {
     redraw_survey(model);
   if (model.NofPlots == 0) release_tools_without_plots(model);
   if (model.HasFullDataPlot) {
-    show_plain_section(model);
+    show_plain_section(model, former);
     return follow_longest_plain_signal(model);
   }
   if (former.plain) take_section_of_graph(model);

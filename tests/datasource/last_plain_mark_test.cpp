@@ -189,6 +189,28 @@ TEST_F(ReleasedSectionTest, SecondPlainSignalComesAndGoesInTheSection) {
   expect_plain_section(50, 60);
 }
 
+TEST_F(ReleasedSectionTest, SectionBesideWhatIsLeftIsNotShown) {
+  mark(plain);
+  const i32 second = add_plain(12000, ".MEA");
+  mark(second);
+  click_tool(model, "TB_ZOOMHORZ");
+  band(150, 160);
+  click_tool(model, "TB_ZOOMHORZ");
+  unmark(plain);
+  EXPECT_FALSE(model.PESG.shown().ZoomActive);
+  EXPECT_LE(model.PESG.shown().ManualMinX, 0);
+  EXPECT_LT(model.PESG.shown().ManualMaxX, 150);
+}
+
+TEST_F(ReleasedSectionTest, VerticalBandHoldsNothingOfXBackForALongerSignal) {
+  mark(plain);
+  vertical_band();
+  click_tool(model, "TB_ZOOMVERT");
+  mark(add_plain(30000, ".MEA"));
+  EXPECT_FALSE(model.PESG.shown().ZoomActive);
+  EXPECT_GE(model.PESG.shown().ManualMaxX, 299.9);
+}
+
 TEST_F(ReleasedSectionTest, ZoomTakenBackIsNotBroughtBack) {
   mark(plain);
   click_tool(model, "TB_ZOOMHORZ");

@@ -117,7 +117,9 @@ class FullZoomWalkTest : public ZoomFixture, public testing::WithParamInterface<
     if (zoomed && std::isfinite(least)) y_known = false;
     std::string change;
     while (change.empty()) change = change_marks();
-    return "release, " + change;
+    const f64 end = (marked(long_row) || marked(kEnvelopeRow) ? kLongRows : kShortRows) * kStep;
+    if (!zoomed || low < end || model.PESG.shown().ZoomActive) return "release, " + change;
+    return "release, " + change + ", " + reset();
   }
   std::string scroll() {
     if (!horizontal_scroll(model.PESG).needed) return "";

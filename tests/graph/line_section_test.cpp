@@ -131,6 +131,11 @@ TEST_F(LineSectionTest, SignalMarkedBehindASectionThatFollowsAnUndoShowsThatSect
       {70, [&] { click_tool(model, "TB_SCROLLRIGHT"); }},
       {80, [&] { drag_left_line(80); }},
       {50, [&] { click_tool(model, "TB_ZOOMINTERVAL"); }},
+      {50,
+       [&] {
+         mark(3);
+         unmark(3);
+       }},
   };
   plain_row = add_plain(20000);
   box("StepBox") = "2000";
