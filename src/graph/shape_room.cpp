@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 #include <limits>
+#include <vector>
 
 #include "graph/curve_samples.h"
 #include "graph/plot_methods.h"
@@ -21,12 +22,6 @@ struct ShapeReach {
   f64 below = 0, above = 0;
 
   [[nodiscard]] bool takes_room() const { return below > 0 || above > 0; }
-  void add(const ShapeReach& other) {
-    low = std::min(low, other.low);
-    high = std::max(high, other.high);
-    below = std::max(below, other.below);
-    above = std::max(above, other.above);
-  }
 };
 
 // Pixels between the two nearest samples.
@@ -110,6 +105,11 @@ void widen(AxisScale& scale, ShapeReach reach) {
   reach.above *= share;
   f64 from = along(scale, scale.minimum);
   f64 to = along(scale, scale.maximum);
+  // Where the values go on below a logarithmic axis none of them stands at its end.
+  if (scale.logarithmic && reach.low < scale.minimum) {
+    reach.low = scale.minimum;
+    reach.below = 0;
+  }
   const f64 low = along(scale, reach.low);
   const f64 high = along(scale, reach.high);
   // Values beyond the axis are not those that it was scaled to.
@@ -122,23 +122,30 @@ void widen(AxisScale& scale, ShapeReach reach) {
   scale.maximum = std::max(scale.maximum, to);
 }
 
+// For each curve, as one may reach out in the middle of what another spans. What an end gets takes pixels
+// from the other, so that they are looked at twice.
+void widen(AxisScale& scale, const std::vector<ShapeReach>& reaches) {
+  for (int round = 0; round < 2; ++round)
+    for (const ShapeReach& reach : reaches) widen(scale, reach);
+}
+
 }  // namespace
 
 void make_room_for_shapes_in_x(const GraphProperties& shown, const GraphLayout& layout, AxisSettings& axis) {
   if (!axis.automatic) return;
-  ShapeReach reach;
-  for (const CurvePlace& place : layout.curves) reach.add(reach_in_x(shown, place, axis.scale));
-  widen(axis.scale, reach);
+  std::vector<ShapeReach> reaches;
+  for (const CurvePlace& place : layout.curves) reaches.push_back(reach_in_x(shown, place, axis.scale));
+  widen(axis.scale, reaches);
 }
 
 void make_room_for_shapes_in_y(const GraphProperties& shown, const GraphLayout& layout, std::size_t slot,
                                AxisSettings& axis) {
   if (!axis.automatic) return;
-  ShapeReach reach;
+  std::vector<ShapeReach> reaches;
   for (const CurvePlace& place : layout.curves)
     if (place.slot == slot && place.right == (axis.side == AxisSide::Right))
-      reach.add(reach_in_y(shown, place, axis.scale));
-  widen(axis.scale, reach);
+      reaches.push_back(reach_in_y(shown, place, axis.scale));
+  widen(axis.scale, reaches);
 }
 
 }  // namespace trendaro

@@ -164,6 +164,28 @@ TEST(ShapeRoomTest, ALogarithmicAxisIsWidenedInItsDecades) {
   EXPECT_NEAR(from_right(layout, 1000), 16, kPixel);
 }
 
+TEST(ShapeRoomTest, ALogarithmicAxisOverValuesDownToZeroIsWidenedAtItsTop) {
+  GraphSurface graph = graph_of(kMethodBubbles, {0, 5, 10}, {0, 1, 1000});
+  graph.pending.layers[0].YAxisScaleControl = 2;
+  PEactions(graph, kTakeOverAndRedraw);
+  const GraphLayout layout = layout_of(graph);
+  ASSERT_TRUE(layout.layers[0].left.scale.logarithmic);
+  EXPECT_NEAR(from_top(layout, 1000), 16, kPixel);
+}
+
+TEST(ShapeRoomTest, ACurveInTheMiddleTakesNoRoomAtTheEndsOfAnother) {
+  GraphSurface graph = graph_of(kMethodPoints, {0, 50, 100}, {1, 2, 3});
+  graph.pending.SubsetCount = 2;
+  graph.pending.SubsetPlotMethods = {kMethodPoints, kMethodBubbles};
+  PEvset(graph, kXData, FlatArray{0, 50, 100, 40, 50, 60});
+  PEvset(graph, kYData, FlatArray{1, 2, 3, 2, 2, 2});
+  PEactions(graph, kTakeOverAndRedraw);
+  const GraphLayout layout = layout_of(graph);
+  // A symbol of 6 pixels and its line.
+  EXPECT_NEAR(from_left(layout, 0), 3.5, kPixel);
+  EXPECT_NEAR(from_right(layout, 100), 3.5, kPixel);
+}
+
 TEST(ShapeRoomTest, ShapesGetNoMoreThanAQuarterOfALowGraph) {
   const GraphLayout layout = layout_of(graph_of(kMethodBubbles, {0, 5, 10}, {4, 2, 4}), 300, 60);
   ASSERT_TRUE(layout.has_axes);
