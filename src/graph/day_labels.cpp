@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <iterator>
+#include <limits>
 #include <string>
 
 #include "graph/tick_spacing.h"
@@ -35,13 +36,15 @@ std::string in_form(const std::string& day, DayForm form) {
 // The last day keeps its year, for it tells those of the others.
 struct DayForms {
   DayForm others, last;
+  f64 longest = std::numeric_limits<f64>::infinity();  // days from first to last that it tells apart
 };
 
+constexpr f64 kMonth = 27, kYear = 364;
 constexpr DayForms kForms[] = {{DayForm::Whole, DayForm::Whole},
-                               {DayForm::WithoutYear, DayForm::Whole},
-                               {DayForm::WithoutYear, DayForm::ShortYear},
-                               {DayForm::DayAlone, DayForm::Whole},
-                               {DayForm::DayAlone, DayForm::ShortYear}};
+                               {DayForm::WithoutYear, DayForm::Whole, kYear},
+                               {DayForm::WithoutYear, DayForm::ShortYear, kYear},
+                               {DayForm::DayAlone, DayForm::Whole, kMonth},
+                               {DayForm::DayAlone, DayForm::ShortYear, kMonth}};
 
 std::vector<Tick> days_in(const std::vector<Tick>& named, const DayForms& forms) {
   std::vector<Tick> ticks = named;
@@ -68,9 +71,13 @@ void drop_colliding_days(const TickRequest& request, const TextMeasure& measure,
 // The same ticks with days that keep apart.
 std::vector<Tick> settled(const TickRequest& request, const TextMeasure& measure,
                           const std::vector<Tick>& named) {
-  for (const DayForms& forms : kForms)
-    if (std::vector<Tick> ticks = days_in(named, forms); days_fit(request, measure, ticks)) return ticks;
-  std::vector<Tick> ticks = days_in(named, kForms[std::size(kForms) - 1]);
+  const f64 days = named.empty() ? 0 : named.back().value - named.front().value;
+  std::vector<Tick> ticks = named;
+  for (const DayForms& forms : kForms) {
+    if (days > forms.longest) continue;
+    ticks = days_in(named, forms);
+    if (days_fit(request, measure, ticks)) return ticks;
+  }
   drop_colliding_days(request, measure, ticks);
   return ticks;
 }
