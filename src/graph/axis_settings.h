@@ -16,8 +16,9 @@ struct YAxisSettings {
   bool manual_ticks = false;  // `tick` and `line` count
   f64 tick = 0, line = 0;     // steps of ticks and grid lines
   i32 color = 0;              // 0x00BBGGRR
-  std::string title = {}, format = {};
-  bool inverted = false;
+  std::string title = {};
+  std::string format = {};  // of the labels: prefix "|" digits "|" suffix; empty: as many digits as it takes
+  bool inverted = false;    // the highest value stands at the bottom
 };
 
 // The y axes of the layers that a zoom takes off the main graph, until the layers come back.

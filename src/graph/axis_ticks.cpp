@@ -155,9 +155,15 @@ std::vector<DecadePart> decade_parts(const AxisScale& scale, int every, const st
   return values;
 }
 
+// The ratio itself may lie beyond the largest number.
+f64 decades_of(const AxisScale& scale) {
+  const f64 ratio = scale.maximum / scale.minimum;
+  return std::isfinite(ratio) ? std::log10(ratio) : std::log10(scale.maximum) - std::log10(scale.minimum);
+}
+
 // All parts of the decades where there is room, else the densest decades that have it.
 std::vector<DecadePart> decade_minors(const TickRequest& request, int every) {
-  const f64 decade_pixels = axis_length(request) / std::log10(request.scale.maximum / request.scale.minimum);
+  const f64 decade_pixels = axis_length(request) / decades_of(request.scale);
   if (every == 1 && decade_pixels >= kMinorSpacing * 8)
     return decade_parts(request.scale, 1, {1, 2, 3, 4, 5, 6, 7, 8, 9});
   for (const int apart : {1, 2, 5, 10, 20, 50, 100})
@@ -182,7 +188,7 @@ AxisTicks decade_ticks(const TickRequest& request, const DecadeLevel& level) {
 }
 
 AxisTicks logarithmic_ticks(const TickRequest& request, const TextMeasure& measure) {
-  if (std::log10(request.scale.maximum / request.scale.minimum) < 1) return linear_ticks(request, measure);
+  if (decades_of(request.scale) < 1) return linear_ticks(request, measure);
   std::size_t level = 0;
   AxisTicks ticks = decade_ticks(request, kDecadeLevels[level]);
   while (!labels_fit(request, measure, ticks.major) && level + 1 < kDecadeLevels.size())

@@ -29,6 +29,7 @@ struct LayerProperties {
   friend bool operator==(const LayerProperties&, const LayerProperties&) = default;
 };
 
+// Tables that a graph can show, index from 0.
 inline constexpr std::size_t kGraphTables = 6;
 
 struct TableCell {

@@ -15,7 +15,8 @@ namespace trendaro {
 // Looks for the extremes of a run of values: by the longest blocks that lie in it, and by single values at
 // its ends only where their block may hold something better. `Values` gives `count()` of all values,
 // `range(first, last)` of those that count among a few, `first_with(first, last, value)`, the index of the
-// first of them that counts and has the value, which one does, and `data()`, where they lie.
+// first of them that counts and has the value, which one does, and `data()`, what lies where their places are
+// looked for, to be asked for ahead.
 template <typename T, typename Values>
 class RangeSearch {
  public:

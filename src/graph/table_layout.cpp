@@ -107,7 +107,8 @@ TableExtents table_extents(const GraphProperties& shown) {
     if (!on_show(shown, table, table.TableLocation)) continue;
     const bool beside_legend = shown.LegendStyle == kLegendInLayers && table.TableLocation >= kTableInLayer;
     if (beside_legend || table.TableLocation == kTableRightOfGraph)
-      extents[i] = {table.TableLocation, all_characters(table), beside_legend ? rows_of(table) : 0};
+      extents[i] = {table.TableLocation, all_characters(table), columns_of(table),
+                    beside_legend ? rows_of(table) : 0};
   }
   return extents;
 }

@@ -23,6 +23,7 @@ struct PlacedTable {
 struct TableExtent {
   i32 location = 0;    // its TableLocation
   i32 characters = 0;  // that its columns take together
+  i32 columns = 0;     // each with a margin of its own
   i32 rows = 0;        // of a table inside of a layer
 
   friend bool operator==(const TableExtent&, const TableExtent&) = default;
