@@ -33,6 +33,14 @@ bool is_finite(const PixelPoint& point) {
   return std::isfinite(point.x) && std::isfinite(point.y);
 }
 
+// Whether anything between the ends or corners can lie in the area of the layer.
+bool touches_its_layer(const PlacedAnnotation& annotation) {
+  const PixelRectangle& area = annotation.clip;
+  const auto [left, right] = std::minmax(annotation.from.x, annotation.to.x);
+  const auto [top, bottom] = std::minmax(annotation.from.y, annotation.to.y);
+  return right >= area.x && left <= area.right() && bottom >= area.y && top <= area.bottom();
+}
+
 class Placer {
  public:
   Placer(const GraphProperties& shown, const GraphLayout& layout, const TextMeasure& measure)
@@ -154,9 +162,9 @@ class Placer {
   }
 
   // Beside the symbol or the end of the line, above a shape; at the other side where it would leave the
-  // layer.
+  // layer. What a zoom leaves out has no text either.
   void place_point_text(const std::string& text, PlacedAnnotation& annotation) const {
-    if (text.empty()) return;
+    if (text.empty() || !touches_its_layer(annotation)) return;
     const f64 height = measure_.height(TextRole::Annotation);
     const f64 width = std::ceil(measure_.width(TextRole::Annotation, text));
     const bool shape = annotation.shape != AnnotationShape::Symbol &&

@@ -52,6 +52,23 @@ TEST_F(AnnotationLayoutTest, ASymbolStandsAtItsPointInItsLayer) {
   EXPECT_DOUBLE_EQ(all[0].text.box.x, all[0].from.x + 7);
 }
 
+TEST_F(AnnotationLayoutTest, WhatLiesBeyondItsLayerHasNoText) {
+  add_point(5, 11, 5, "rechts davon");
+  add_point(5, 10, 5, "am Rand");
+  add_point(kFirstCornerKind, -8, -8, "");
+  add_point(kSecondCornerKind, -2, -2, "");
+  add_point(kRectangleKind, 0, 0, "links davon");
+  add_point(kFirstCornerKind, -8, -8, "");
+  add_point(kSecondCornerKind, 18, 18, "");
+  add_point(kRectangleKind, 0, 0, "ringsum");
+  const auto all = placed();
+  ASSERT_EQ(all.size(), 4U);
+  EXPECT_EQ(all[0].text.text, "");
+  EXPECT_EQ(all[1].text.text, "am Rand");
+  EXPECT_EQ(all[2].text.text, "");
+  EXPECT_EQ(all[3].text.text, "ringsum");
+}
+
 TEST_F(AnnotationLayoutTest, TwoEntriesMakeALineAndThreeAShape) {
   add_point(kLineStartKind + 3, 0, 0, "");
   add_point(kLineEndKind, 10, 10, "Rampe");
