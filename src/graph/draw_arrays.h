@@ -76,7 +76,8 @@ void write_y(const DrawSlot<f32>& slot, std::span<const f64> values, DisplayScal
 void write_x(const CurveSlot& slot, std::span<const f64> values, f64 offset, i16 sign = 1,
              std::size_t first = 0, std::size_t stride = 1);
 
-// The first elements of a curve's slot, for points that are written one by one; those left out are null, or as they were written before.
+// The first elements of a curve's slot, for points that are written one by one; those left out are null, or
+// as they were written before.
 class PointRoom {
  public:
   // Takes the first `points` elements, as far as the slot goes.
